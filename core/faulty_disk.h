@@ -1,0 +1,45 @@
+// A disk that fails when it is told to, around another one that does the work.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/disk.h"
+
+namespace zentaline {
+
+class FaultyDisk : public Disk {
+ public:
+  // `disk` must outlive this one.
+  explicit FaultyDisk(Disk& disk) : disk_(disk) {}
+
+  // The next `times` operations of the kind ("read", "write", "remove", "rename" or "list") fail with the system error
+  // of that name: ENOENT, EACCES, EROFS, ENOSPC, EIO, EISDIR, ENOTDIR or EMFILE; 0 times is until further notice. The
+  // error "0" ends it. False for an unknown word or a negative number, and then nothing changes.
+  bool Fail(const std::string& operation, const std::string& error, int times = 1);
+
+  // An operation that fails leaves its result empty and the disk as it is.
+  DiskResult Read(const std::string& path, Bytes& content, std::size_t largest) override;
+  DiskResult Write(const std::string& path, const Bytes& content) override;
+  DiskResult Remove(const std::string& path) override;
+  DiskResult Rename(const std::string& from, const std::string& to) override;
+  DiskResult List(const std::string& folder, const std::string& ending, std::vector<std::string>& names) override;
+
+  // Has no failure of its own.
+  bool Exists(const std::string& path) override;
+
+ private:
+  struct Fault {
+    int error = 0;  // 0 for none
+    int times = 0;  // how often still, unless it lasts
+    bool lasts = false;
+  };
+
+  // The error number that is due, 0 for none; counts it.
+  static int Due(Fault& fault);
+
+  Disk& disk_;
+  Fault read_, write_, remove_, rename_, list_;
+};
+
+}  // namespace zentaline
