@@ -1,0 +1,69 @@
+#include "data/captions.h"
+
+namespace zentaline {
+namespace {
+
+struct Row {
+  std::string_view form;
+  std::string_view control;
+  std::string_view italian;
+  std::string_view english;
+};
+
+// clang-format off
+constexpr Row kCaptions[] = {
+    // Asked before any language is known, so it speaks both.
+    {"frmLingua", "frmLingua", "Lingua - Language", "Lingua - Language"},
+    {"frmLingua", "Option1(0)", "&Italiano", "&Italiano"},
+    {"frmLingua", "Option1(1)", "&English", "&English"},
+    {"frmLingua", "CommOK", "OK", "OK"},
+    {"frmAbout", "cmdOK", "OK", "OK"},
+    {"frmAvviso1", "CommSI", "&Sì", "&Yes"},
+    {"frmAvviso1", "CommNO", "&No", "&No"},
+
+    {"frmMain", "frmMain", "Zentaline", "Zentaline"},
+    {"frmMain", "mnuImportaArri30", "arr (i30)", "arr (i30)"},
+    {"frmMain", "mnuImportaStyi30", "sty (i30)", "sty (i30)"},
+    {"frmMain", "mnuImportaPrgi30", "prg (i30)", "prg (i30)"},
+    {"frmMain", "mnuImportaArri5", "arr (vecchia serie i)", "arr (old i-series)"},
+    {"frmMain", "mnuImportaPcgi5", "pcg (vecchia serie i)", "pcg (old i-series)"},
+    {"frmMain", "mnuLoadAll", "Carica Tutto", "Load All"},
+    {"frmMain", "mnuShowSty", "Visualizza Style", "Show Style"},
+    {"frmMain", "mnuEditPerf", "Modifica Performance", "Edit Performance"},
+    {"frmMain", "mnui40DBArr", "+ i40DBArr", "+ i40DBArr"},
+    {"frmMain", "mnuArrPlay", "Arr Play", "Arr Play"},
+    {"frmMain", "mnuSongPlay", "Song Play", "Song Play"},
+    {"frmMain", "mnuProgram", "Program", "Program"},
+    {"frmMain", "mnuBSq", "Back. Seq.", "Back. Seq."},
+    {"frmMain", "mnuAddAll", "Aggiungi Tutti", "Add All"},
+    {"frmMain", "mnuArrA", "Arr A", "Arr A"},
+    {"frmMain", "mnuArrB", "Arr B", "Arr B"},
+    {"frmMain", "mnuArrU", "Arrangement User", "Arrangement User"},
+    {"frmMain", "mnuStyA", "Style A", "Style A"},
+    {"frmMain", "mnuStyB", "Style B", "Style B"},
+    {"frmMain", "mnuWProgA", "Program A", "Program A"},
+    {"frmMain", "mnuWProgB", "Program B", "Program B"},
+    {"frmMain", "mnuWProgC", "Program C", "Program C"},
+    {"frmMain", "mnuWProgD", "Program D", "Program D"},
+    {"frmMain", "mnuWProgE", "Program E", "Program E"},
+    {"frmMain", "mnuPrgU", "Program F/User", "Program F/User"},
+    {"frmMain", "mnuDrum", "Drum", "Drum"},
+    {"frmMain", "mnuPerc", "Percussion", "Percussion"},
+    {"frmMain", "mnuMultisample", "Multisample", "Multisample"},
+    {"frmMain", "mnuGlobalParam", "Parametri Globali", "Global Parameters"},
+    {"frmMain", "mnuWEditDBArr", "i40DBArr", "i40DBArr"},
+    {"frmMain", "mnuMIDIThru", "MIDI Thru", "MIDI Thru"},
+    {"frmMain", "mnuHelp", "A&iuto", "&Help"},
+};
+// clang-format on
+
+}  // namespace
+
+std::string_view Caption(std::string_view form, std::string_view control, int language_code) {
+  for (const Row& row : kCaptions) {
+    if (row.form == form && row.control == control) return language_code == 1 ? row.italian : row.english;
+  }
+  return {};
+}
+
+}  // namespace zentaline
