@@ -1,0 +1,112 @@
+#include "ui/control.h"
+
+#include <utility>
+
+#include "ui/form.h"
+#include "ui/toolkit.h"
+
+namespace zentaline::ui {
+
+Control::Control(Form& form, ControlKind kind, std::string name, int index)
+    : form_(form), kind_(kind), name_(std::move(name)), index_(index) {
+  form_.controls_.push_back(this);
+}
+
+// The form's list of controls dies with the form, which its controls never outlive.
+Control::~Control() = default;
+
+std::string Control::FullName() const {
+  return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")";
+}
+
+void Control::SetEnabled(bool enabled) {
+  if (std::exchange(enabled_, enabled) != enabled) Changed(Change::kEnabled);
+}
+
+void Control::SetVisible(bool visible) {
+  if (std::exchange(visible_, visible) != visible) Changed(Change::kVisible);
+}
+
+bool Control::Usable() const {
+  return enabled_ && visible_ && form_.Reachable();
+}
+
+void Control::SetToolTip(std::string tool_tip) {
+  tool_tip_ = std::move(tool_tip);
+  Changed(Change::kToolTip);
+}
+
+void Control::SetBackColour(std::optional<Colour> colour) {
+  if (std::exchange(back_colour_, colour) != colour) Changed(Change::kColours);
+}
+
+void Control::SetForeColour(std::optional<Colour> colour) {
+  if (std::exchange(fore_colour_, colour) != colour) Changed(Change::kColours);
+}
+
+void Control::SetFont(Font font) {
+  if (std::exchange(font_, font) != font) Changed(Change::kFont);
+}
+
+void Control::SetFocus() {
+  if (std::exchange(form_.focus_, this) == this) return;
+  Changed(Change::kFocus);
+  if (on_focus) on_focus();
+}
+
+bool Control::HasFocus() const {
+  return form_.focus_ == this;
+}
+
+bool Control::UserFocus() {
+  if (!Usable()) return false;
+  const UserEvent event(form_);
+  SetFocus();
+  return true;
+}
+
+bool Control::UserKey(const Key& key) {
+  if (!Usable()) return false;
+  const UserEvent event(form_);
+  SetFocus();
+  if (on_key) on_key(key);
+  return true;
+}
+
+bool Control::UserMouse(const MouseEvent& event) {
+  if (!Usable()) return false;
+  const UserEvent scope(form_);
+  if (event.what == MouseEvent::kDown && !event.right) SetFocus();
+  if (on_mouse) on_mouse(event);
+  return true;
+}
+
+bool Control::UserContext() {
+  if (!Usable()) return false;
+  const UserEvent event(form_);
+  if (on_context) {
+    on_context();
+  } else if (form_.on_context) {
+    form_.on_context();
+  }
+  return true;
+}
+
+void Control::Changed(Change change) {
+  if (view != nullptr) view->Show(change);
+}
+
+UserEvent::UserEvent(Form& form) : toolkit_(form.toolkit()) {
+  toolkit_.EnterEvent();
+  if (form.kind() == FormKind::kChild) toolkit_.Activate(form);
+}
+
+UserEvent::UserEvent(Toolkit& toolkit) : toolkit_(toolkit) {
+  toolkit_.EnterEvent();
+}
+
+UserEvent::~UserEvent() {
+  toolkit_.LeaveEvent();
+}
+
+}  // namespace zentaline::ui

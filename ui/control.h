@@ -1,0 +1,145 @@
+// What all controls have in common. A control is a plain object that holds what is shown and what is done; a widget,
+// where there is one, shows it and reports what the user did.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "ui/types.h"
+
+namespace zentaline::ui {
+
+class Form;
+class Toolkit;
+class Control;
+
+enum class ControlKind {
+  kButton,
+  kLabel,
+  kTextBox,
+  kListBox,
+  kComboBox,
+  kScrollBar,
+  kCheckBox,
+  kOptionButton,
+  kFrame,
+  kTabs,
+  kPictureBox,
+  kTimer,
+  kMenuEntry,
+};
+
+// What of a control has changed, for its view.
+enum class Change {
+  kText,
+  kEnabled,
+  kVisible,
+  kColours,
+  kFont,
+  kToolTip,
+  kRows,
+  kRow,
+  kValue,
+  kRange,
+  kChecked,
+  kFocus
+};
+
+// The widget of one control. It attaches itself with Control::view and must take itself off before it dies.
+class ControlView {
+ public:
+  virtual ~ControlView() = default;
+  virtual void Show(Change change) = 0;
+};
+
+using Handler = std::function<void()>;
+
+// Wraps whatever the user does: a form that is closed meanwhile is destroyed only when the outermost event has ended.
+class UserEvent;
+
+class Control {
+ public:
+  // Registers itself with its form under its name, and with its index when it is one of an array (-1: it is none).
+  Control(Form& form, ControlKind kind, std::string name, int index = -1);
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control();
+
+  Form& form() const { return form_; }
+  ControlKind kind() const { return kind_; }
+  const std::string& name() const { return name_; }
+  int index() const { return index_; }
+  // The name with its index in brackets when it has one.
+  std::string FullName() const;
+
+  bool enabled() const { return enabled_; }
+  void SetEnabled(bool enabled);
+  bool visible() const { return visible_; }
+  void SetVisible(bool visible);
+  // True when the user can reach it: enabled, visible, and so all that it stands in.
+  virtual bool Usable() const;
+
+  const std::string& tool_tip() const { return tool_tip_; }
+  void SetToolTip(std::string tool_tip);
+  // None is the desktop's own colour.
+  std::optional<Colour> back_colour() const { return back_colour_; }
+  std::optional<Colour> fore_colour() const { return fore_colour_; }
+  void SetBackColour(std::optional<Colour> colour);
+  void SetForeColour(std::optional<Colour> colour);
+  const Font& font() const { return font_; }
+  void SetFont(Font font);
+  // The least size on the screen, in widths and heights of a character; 0 leaves it to the toolkit.
+  Size least_characters;
+
+  // Makes it the control that takes the keys.
+  void SetFocus();
+  bool HasFocus() const;
+
+  Handler on_focus;
+  std::function<void(const Key&)> on_key;
+  std::function<void(const MouseEvent&)> on_mouse;
+  // A right click; most open a popup menu. Without one the form's stands in.
+  Handler on_context;
+
+  // What the user does. They give false, and do nothing, when the control can't be reached.
+  bool UserFocus();
+  bool UserKey(const Key& key);
+  bool UserMouse(const MouseEvent& event);
+  bool UserContext();
+  // What the key does by itself in a control of this kind, as pressing a button does by the space bar; for toolkits
+  // whose widgets don't do it on their own.
+  virtual void DefaultKey(const Key& key) { (void)key; }
+
+  ControlView* view = nullptr;
+
+ protected:
+  void Changed(Change change);
+
+ private:
+  Form& form_;
+  ControlKind kind_;
+  std::string name_;
+  int index_;
+  bool enabled_ = true;
+  bool visible_ = true;
+  std::string tool_tip_;
+  std::optional<Colour> back_colour_;
+  std::optional<Colour> fore_colour_;
+  Font font_;
+};
+
+// Stands around a user's action on a control: brings the control's form to the front and keeps closed forms alive.
+class UserEvent {
+ public:
+  explicit UserEvent(Form& form);
+  explicit UserEvent(Toolkit& toolkit);  // of no form, as the start of the program
+  ~UserEvent();
+  UserEvent(const UserEvent&) = delete;
+  UserEvent& operator=(const UserEvent&) = delete;
+
+ private:
+  Toolkit& toolkit_;
+};
+
+}  // namespace zentaline::ui

@@ -1,0 +1,396 @@
+#include "ui/controls.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/bytes.h"
+#include "ui/form.h"
+#include "ui/toolkit.h"
+
+namespace zentaline::ui {
+
+namespace {
+
+constexpr int kRowsOfAPage = 10;
+
+const std::string kNoText;
+
+std::size_t CountCharacters(const std::string& text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+const std::string& TextOfRow(const std::vector<std::string>& rows, int row) {
+  return row >= 0 && row < static_cast<int>(rows.size()) ? rows[static_cast<std::size_t>(row)] : kNoText;
+}
+
+// The row that a key leads to from `row` in a list of `count` rows; `row` itself for keys that don't move.
+int RowByKey(const Key& key, int row, int count) {
+  switch (key.name) {
+    case Key::kUp:
+      return std::max(row - 1, 0);
+    case Key::kDown:
+      return std::min(row + 1, count - 1);
+    case Key::kPageUp:
+      return std::max(row - kRowsOfAPage, 0);
+    case Key::kPageDown:
+      return std::min(row + kRowsOfAPage, count - 1);
+    case Key::kHome:
+      return 0;
+    case Key::kEnd:
+      return count - 1;
+    default:
+      return row;
+  }
+}
+
+void Call(const Handler& handler) {
+  if (handler) handler();
+}
+
+}  // namespace
+
+void Captioned::SetCaption(std::string caption) {
+  if (caption == caption_) return;
+  caption_ = std::move(caption);
+  Changed(Change::kText);
+}
+
+void Button::Press() {
+  Call(on_click);
+}
+
+bool Button::UserPress() {
+  if (!Usable()) return false;
+  const UserEvent event(form());
+  SetFocus();
+  Press();
+  return true;
+}
+
+void Button::DefaultKey(const Key& key) {
+  if (key.name == Key::kSpace || key.name == Key::kEnter) UserPress();
+}
+
+void TextBox::SetText(std::string text) {
+  if (text == text_) return;
+  text_ = std::move(text);
+  Changed(Change::kText);
+  Call(on_change);
+}
+
+bool TextBox::Takes(const std::string& text) const {
+  if (max_length > 0 && CountCharacters(text) > max_length) return false;
+  Bytes bytes;
+  return !bytes_only || BytesFromUtf8(text, bytes);
+}
+
+bool TextBox::UserType(const std::string& text) {
+  if (!Usable() || read_only || !Takes(text)) return false;
+  const UserEvent event(form());
+  SetFocus();
+  SetText(text);
+  return true;
+}
+
+const std::string& ListBox::RowText(int row) const {
+  return TextOfRow(rows_, row);
+}
+
+void ListBox::SetRows(std::vector<std::string> rows) {
+  rows_ = std::move(rows);
+  selected_.assign(rows_.size(), false);
+  focus_row_ = -1;
+  Changed(Change::kRows);
+}
+
+void ListBox::AddRow(std::string text) {
+  rows_.push_back(std::move(text));
+  selected_.push_back(false);
+  Changed(Change::kRows);
+}
+
+void ListBox::SetRowText(int row, std::string text) {
+  if (row < 0 || row >= rows()) return;
+  rows_[static_cast<std::size_t>(row)] = std::move(text);
+  Changed(Change::kRows);
+}
+
+void ListBox::RemoveRow(int row) {
+  if (row < 0 || row >= rows()) return;
+  rows_.erase(rows_.begin() + row);
+  selected_.erase(selected_.begin() + row);
+  if (focus_row_ >= rows()) focus_row_ = rows() - 1;
+  Changed(Change::kRows);
+}
+
+int ListBox::Row() const {
+  if (Selected(focus_row_)) return focus_row_;
+  const auto first = std::find(selected_.begin(), selected_.end(), true);
+  return first == selected_.end() ? -1 : static_cast<int>(first - selected_.begin());
+}
+
+void ListBox::SetRow(int row) {
+  if (row >= rows()) return;
+  std::fill(selected_.begin(), selected_.end(), false);
+  if (row >= 0) {
+    selected_[static_cast<std::size_t>(row)] = true;
+    focus_row_ = row;
+  }
+  Changed(Change::kRow);
+  if (row >= 0) Click();
+}
+
+bool ListBox::Selected(int row) const {
+  return row >= 0 && row < rows() && selected_[static_cast<std::size_t>(row)];
+}
+
+std::vector<int> ListBox::SelectedRows() const {
+  std::vector<int> selected;
+  for (int row = 0; row < rows(); ++row) {
+    if (Selected(row)) selected.push_back(row);
+  }
+  return selected;
+}
+
+void ListBox::Click() {
+  Call(on_click);
+}
+
+bool ListBox::UserSelect(const std::vector<int>& chosen) {
+  if (!Usable() || (chosen.size() > 1 && !multi_select)) return false;
+  if (std::any_of(chosen.begin(), chosen.end(), [this](int row) { return row < 0 || row >= rows(); })) return false;
+  const UserEvent event(form());
+  SetFocus();
+  std::fill(selected_.begin(), selected_.end(), false);
+  for (const int row : chosen) selected_[static_cast<std::size_t>(row)] = true;
+  if (!chosen.empty()) focus_row_ = chosen.back();
+  Changed(Change::kRow);
+  Click();
+  return true;
+}
+
+bool ListBox::UserDouble(int row) {
+  if (!Usable() || row < 0 || row >= rows()) return false;
+  const UserEvent event(form());
+  if (!UserSelect({row})) return false;
+  if (form().open()) Call(on_double_click);
+  return true;
+}
+
+void ListBox::DefaultKey(const Key& key) {
+  if (rows() == 0) return;
+  const int row = RowByKey(key, focus_row_, rows());
+  if (row != focus_row_) UserSelect({row});
+}
+
+const std::string& ComboBox::RowText(int row) const {
+  return TextOfRow(rows_, row);
+}
+
+void ComboBox::SetRows(std::vector<std::string> rows) {
+  rows_ = std::move(rows);
+  row_ = -1;
+  text_.clear();
+  Changed(Change::kRows);
+}
+
+void ComboBox::AddRow(std::string text) {
+  rows_.push_back(std::move(text));
+  Changed(Change::kRows);
+}
+
+void ComboBox::SetRow(int row) {
+  if (row < -1 || row >= rows() || row == row_) return;
+  row_ = row;
+  text_ = TextOfRow(rows_, row);
+  Changed(Change::kRow);
+  Call(on_click);
+}
+
+void ComboBox::ShowText(std::string text) {
+  const auto found = std::find(rows_.begin(), rows_.end(), text);
+  row_ = found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+  text_ = std::move(text);
+  Changed(Change::kRow);
+}
+
+bool ComboBox::UserSelect(int row) {
+  if (!Usable() || row < 0 || row >= rows()) return false;
+  const UserEvent event(form());
+  SetFocus();
+  SetRow(row);
+  return true;
+}
+
+bool ComboBox::UserType(const std::string& text) {
+  if (!Usable() || !editable) return false;
+  const UserEvent event(form());
+  SetFocus();
+  if (text == text_) return true;
+  ShowText(text);
+  Call(on_change);
+  return true;
+}
+
+void ComboBox::DefaultKey(const Key& key) {
+  if (rows() == 0) return;
+  const int row = RowByKey(key, row_, rows());
+  if (row != row_) UserSelect(row);
+}
+
+void ScrollBar::SetRange(int at_start, int at_end, int step, int page) {
+  min_ = at_start;
+  max_ = at_end;
+  step_ = step;
+  page_ = page;
+  Changed(Change::kRange);
+  SetValue(value_);
+}
+
+void ScrollBar::SetValue(int value) {
+  value = std::clamp(value, std::min(min_, max_), std::max(min_, max_));
+  if (std::exchange(value_, value) == value) return;
+  Changed(Change::kValue);
+  Call(on_change);
+}
+
+bool ScrollBar::UserSet(int value) {
+  if (!Usable() || value < std::min(min_, max_) || value > std::max(min_, max_)) return false;
+  const UserEvent event(form());
+  SetFocus();
+  SetValue(value);
+  return true;
+}
+
+void ScrollBar::DefaultKey(const Key& key) {
+  const int forward = max_ >= min_ ? 1 : -1;
+  int value = value_;
+  switch (key.name) {
+    case Key::kUp:
+      value -= forward * step_;
+      break;
+    case Key::kDown:
+      value += forward * step_;
+      break;
+    case Key::kPageUp:
+      value -= forward * page_;
+      break;
+    case Key::kPageDown:
+      value += forward * page_;
+      break;
+    case Key::kHome:
+      value = min_;
+      break;
+    case Key::kEnd:
+      value = max_;
+      break;
+    default:
+      return;
+  }
+  UserSet(std::clamp(value, std::min(min_, max_), std::max(min_, max_)));
+}
+
+void CheckBox::SetValue(bool value) {
+  if (std::exchange(value_, value) == value) return;
+  Changed(Change::kValue);
+  Call(on_click);
+}
+
+bool CheckBox::UserSet(bool value) {
+  if (!Usable()) return false;
+  const UserEvent event(form());
+  SetFocus();
+  SetValue(value);
+  return true;
+}
+
+void CheckBox::DefaultKey(const Key& key) {
+  if (key.name == Key::kSpace) UserSet(!value_);
+}
+
+void OptionButton::SetValue(bool value) {
+  if (std::exchange(value_, value) == value) return;
+  Changed(Change::kValue);
+  if (!value) return;
+  for (Control* control : form().controls()) {
+    if (control != this && control->kind() == ControlKind::kOptionButton && control->name() == name()) {
+      static_cast<OptionButton*>(control)->SetValue(false);
+    }
+  }
+  Call(on_click);
+}
+
+bool OptionButton::UserPress() {
+  if (!Usable()) return false;
+  const UserEvent event(form());
+  SetFocus();
+  SetValue(true);
+  return true;
+}
+
+void OptionButton::DefaultKey(const Key& key) {
+  if (key.name == Key::kSpace) UserPress();
+}
+
+void Tabs::SetPage(int page) {
+  if (page < 0 || page >= static_cast<int>(captions.size())) return;
+  if (std::exchange(page_, page) == page) return;
+  Changed(Change::kValue);
+  Call(on_change);
+}
+
+bool Tabs::UserSet(int page) {
+  if (!Usable() || page < 0 || page >= static_cast<int>(captions.size())) return false;
+  const UserEvent event(form());
+  SetPage(page);
+  return true;
+}
+
+Timer::~Timer() {
+  Stop();
+}
+
+void Timer::SetInterval(int milliseconds) {
+  if (std::exchange(interval_, milliseconds) == milliseconds || !running_) return;
+  Stop();
+  Start();
+}
+
+void Timer::Start() {
+  if (!form().open() || std::exchange(running_, true)) return;
+  Toolkit& toolkit = form().toolkit();
+  if (interval_ > 0) toolkit.timers().Start(*this, toolkit.Now());
+  toolkit.TimersChanged();
+}
+
+void Timer::Stop() {
+  if (!std::exchange(running_, false)) return;
+  form().toolkit().timers().Stop(*this);
+}
+
+MenuEntry::MenuEntry(Form& form, MenuEntry* parent, std::string name, int index)
+    : Captioned(form, ControlKind::kMenuEntry, std::move(name), index), parent_(parent) {
+  (parent == nullptr ? form.menu_bar_ : parent->entries_).push_back(this);
+}
+
+void MenuEntry::SetChecked(bool checked) {
+  if (std::exchange(checked_, checked) != checked) Changed(Change::kChecked);
+}
+
+void MenuEntry::Press() {
+  Call(on_click);
+}
+
+bool MenuEntry::Usable() const {
+  return Control::Usable() && (parent_ == nullptr || parent_->Usable());
+}
+
+bool MenuEntry::UserPress() {
+  if (!Usable()) return false;
+  const UserEvent event(form());
+  Press();
+  return true;
+}
+
+}  // namespace zentaline::ui

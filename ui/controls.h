@@ -1,0 +1,252 @@
+// The kinds of control. A value that a handler changes by one of the Set functions raises the same event as the user's
+// hand: a list box put on a row always raises one click; combo boxes, scroll bars, check boxes, tabs and texts raise
+// their event only when the value really changes. The User functions are what widgets and scripts call; they refuse
+// (false) what a user could not do. Rows and pages count from 0. Texts are UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ui/control.h"
+
+namespace zentaline::ui {
+
+// Something with a caption: "&" stands before the letter that is its mnemonic, "&&" for the sign itself.
+class Captioned : public Control {
+ public:
+  using Control::Control;
+  const std::string& caption() const { return caption_; }
+  void SetCaption(std::string caption);
+
+ private:
+  std::string caption_;
+};
+
+class Button : public Captioned {
+ public:
+  Button(Form& form, std::string name, int index = -1)
+      : Captioned(form, ControlKind::kButton, std::move(name), index) {}
+  Handler on_click;
+  void Press();  // by another handler: asks nothing
+  bool UserPress();
+  void DefaultKey(const Key& key) override;
+};
+
+class Label : public Captioned {
+ public:
+  Label(Form& form, std::string name, int index = -1) : Captioned(form, ControlKind::kLabel, std::move(name), index) {}
+  bool right_aligned = false;
+  bool sunken = false;  // shown as a field of its own, as in a status strip
+  bool wraps = false;
+};
+
+class Frame : public Captioned {
+ public:
+  Frame(Form& form, std::string name, int index = -1) : Captioned(form, ControlKind::kFrame, std::move(name), index) {}
+};
+
+// A plain area that holds other controls.
+class PictureBox : public Captioned {
+ public:
+  PictureBox(Form& form, std::string name, int index = -1)
+      : Captioned(form, ControlKind::kPictureBox, std::move(name), index) {}
+};
+
+class TextBox : public Control {
+ public:
+  TextBox(Form& form, std::string name, int index = -1)
+      : Control(form, ControlKind::kTextBox, std::move(name), index) {}
+  const std::string& text() const { return text_; }
+  void SetText(std::string text);
+  bool multi_line = false;
+  bool read_only = false;
+  std::size_t max_length = 0;  // in characters; 0 is without limit
+  bool bytes_only = false;     // takes only characters that Windows-1252 holds
+  Handler on_change;
+  // Replaces the whole text. Refused when read-only, too long, or with a character that can't be taken.
+  bool UserType(const std::string& text);
+  bool Takes(const std::string& text) const;
+
+ private:
+  std::string text_;
+};
+
+class ListBox : public Control {
+ public:
+  ListBox(Form& form, std::string name, int index = -1)
+      : Control(form, ControlKind::kListBox, std::move(name), index) {}
+  bool multi_select = false;
+  int group_rows = 0;  // shown in groups of so many rows, 0 for none
+  Handler on_click;
+  Handler on_double_click;
+
+  int rows() const { return static_cast<int>(rows_.size()); }
+  // The text of a row; an empty one outside the list.
+  const std::string& RowText(int row) const;
+  void SetRows(std::vector<std::string> rows);  // no row is selected afterwards, and no click is raised
+  void AddRow(std::string text);
+  void SetRowText(int row, std::string text);
+  void RemoveRow(int row);
+  void Clear() { SetRows({}); }
+
+  // The row that has the focus, -1 for none; it need not be selected.
+  int focus_row() const { return focus_row_; }
+  // The selected row: the one with the focus if it is selected, else the first; -1 for none.
+  int Row() const;
+  // Selects this row alone and raises a click, also when it was selected already. -1 takes the selection away,
+  // silently.
+  void SetRow(int row);
+  bool Selected(int row) const;
+  // All selected rows, ascending.
+  std::vector<int> SelectedRows() const;
+  void Click();  // by another handler
+
+  // The last of the rows gets the focus. More than one only in a multiple selection; none takes the selection away.
+  bool UserSelect(const std::vector<int>& rows);
+  // A click on the row, then the double click.
+  bool UserDouble(int row);
+  void DefaultKey(const Key& key) override;
+
+ private:
+  std::vector<std::string> rows_;
+  std::vector<bool> selected_;
+  int focus_row_ = -1;
+};
+
+class ComboBox : public Control {
+ public:
+  ComboBox(Form& form, std::string name, int index = -1)
+      : Control(form, ControlKind::kComboBox, std::move(name), index) {}
+  bool editable = false;  // the user may type a text that is no row
+  Handler on_click;       // another row
+  Handler on_change;      // another text, typed
+
+  int rows() const { return static_cast<int>(rows_.size()); }
+  const std::string& RowText(int row) const;
+  void SetRows(std::vector<std::string> rows);
+  void AddRow(std::string text);
+  void Clear() { SetRows({}); }
+  int row() const { return row_; }
+  void SetRow(int row);  // -1 leaves no text
+  const std::string& text() const { return text_; }
+  // Shows a text, which need not be one of the rows; raises nothing.
+  void ShowText(std::string text);
+  bool UserSelect(int row);
+  bool UserType(const std::string& text);
+  void DefaultKey(const Key& key) override;
+
+ private:
+  std::vector<std::string> rows_;
+  int row_ = -1;
+  std::string text_;
+};
+
+class ScrollBar : public Control {
+ public:
+  ScrollBar(Form& form, std::string name, int index = -1)
+      : Control(form, ControlKind::kScrollBar, std::move(name), index) {}
+  bool vertical = false;
+  // `at_start` is the value at the top or left, `at_end` at the other end; either may be the greater one.
+  void SetRange(int at_start, int at_end, int step = 1, int page = 10);
+  int min() const { return min_; }
+  int max() const { return max_; }
+  int step() const { return step_; }
+  int page() const { return page_; }
+  int value() const { return value_; }
+  void SetValue(int value);  // limited to the range
+  Handler on_change;
+  bool UserSet(int value);  // refused outside the range
+  void DefaultKey(const Key& key) override;
+
+ private:
+  int min_ = 0;
+  int max_ = 100;
+  int step_ = 1;
+  int page_ = 10;
+  int value_ = 0;
+};
+
+class CheckBox : public Captioned {
+ public:
+  CheckBox(Form& form, std::string name, int index = -1)
+      : Captioned(form, ControlKind::kCheckBox, std::move(name), index) {}
+  bool value() const { return value_; }
+  void SetValue(bool value);
+  Handler on_click;
+  bool UserSet(bool value);
+  void DefaultKey(const Key& key) override;
+
+ private:
+  bool value_ = false;
+};
+
+// Of the option buttons of one name in a form one at most is on.
+class OptionButton : public Captioned {
+ public:
+  OptionButton(Form& form, std::string name, int index = -1)
+      : Captioned(form, ControlKind::kOptionButton, std::move(name), index) {}
+  bool value() const { return value_; }
+  void SetValue(bool value);
+  Handler on_click;
+  bool UserPress();
+  void DefaultKey(const Key& key) override;
+
+ private:
+  bool value_ = false;
+};
+
+class Tabs : public Control {
+ public:
+  Tabs(Form& form, std::string name, int index = -1) : Control(form, ControlKind::kTabs, std::move(name), index) {}
+  std::vector<std::string> captions;
+  int page() const { return page_; }
+  void SetPage(int page);
+  Handler on_change;
+  bool UserSet(int page);
+
+ private:
+  int page_ = 0;
+};
+
+// One-shot: when it fires it is off, and then its handler runs. Enabling one that runs changes nothing, a new interval
+// starts it anew, the interval 0 never fires.
+class Timer : public Control {
+ public:
+  Timer(Form& form, std::string name, int index = -1) : Control(form, ControlKind::kTimer, std::move(name), index) {}
+  ~Timer() override;
+  int interval() const { return interval_; }  // milliseconds
+  void SetInterval(int milliseconds);
+  bool running() const { return running_; }
+  void Start();
+  void Stop();
+  Handler on_timer;
+
+ private:
+  friend class TimerQueue;
+  int interval_ = 10;
+  bool running_ = false;
+};
+
+class MenuEntry : public Captioned {
+ public:
+  // Without a parent it stands in the form's menu bar.
+  MenuEntry(Form& form, MenuEntry* parent, std::string name, int index = -1);
+  MenuEntry* parent() const { return parent_; }
+  const std::vector<MenuEntry*>& entries() const { return entries_; }
+  bool checked() const { return checked_; }
+  void SetChecked(bool checked);
+  bool separator_before = false;
+  std::string shortcut;  // as in Ctrl+Shift+S
+  Handler on_click;
+  void Press();
+  bool UserPress();
+  bool Usable() const override;
+
+ private:
+  MenuEntry* parent_;
+  std::vector<MenuEntry*> entries_;
+  bool checked_ = false;
+};
+
+}  // namespace zentaline::ui

@@ -1,0 +1,85 @@
+#include "ui/form.h"
+
+#include <utility>
+
+#include "ui/toolkit.h"
+
+namespace zentaline::ui {
+
+Form::Form(Toolkit& toolkit, FormKind kind, std::string name, std::string number)
+    : toolkit_(toolkit), kind_(kind), name_(std::move(name)), number_(std::move(number)) {}
+
+Form::~Form() = default;
+
+std::string Form::FullName() const {
+  return number_.empty() ? name_ : name_ + "(" + number_ + ")";
+}
+
+void Form::SetCaption(std::string caption) {
+  if (caption == caption_) return;
+  caption_ = std::move(caption);
+  if (view != nullptr) view->ShowCaption();
+}
+
+void Form::SetPlacement(const Placement& placement) {
+  placement_ = placement;
+  if (view != nullptr) view->ShowPlacement();
+}
+
+Control* Form::Find(const std::string& name, int index) const {
+  for (Control* control : controls_) {
+    if (control->index() == index && control->name() == name) return control;
+  }
+  return nullptr;
+}
+
+bool Form::Reachable() const {
+  return open_ && (toolkit_.modal() == nullptr || toolkit_.modal() == this);
+}
+
+bool Form::Close() {
+  if (!open_) return true;
+  toolkit_.EnterEvent();
+  const bool closes = QueryClose();
+  if (closes) CloseWithoutAsking();
+  toolkit_.LeaveEvent();
+  return closes;
+}
+
+void Form::CloseWithoutAsking() {
+  if (!open_) return;
+  toolkit_.EnterEvent();
+  toolkit_.TakeOut(*this);
+  Unload();
+  toolkit_.Closed(*this);
+  toolkit_.LeaveEvent();
+}
+
+bool Form::UserClose() {
+  if (!Reachable()) return false;
+  const UserEvent event(*this);
+  return Close();
+}
+
+void Form::UserActivate() {
+  if (!Reachable()) return;
+  const UserEvent event(*this);
+}
+
+void Form::UserPlace(const Placement& placement, Size inner) {
+  if (!open_ || (placement == placement_ && inner == inner_size_)) return;
+  toolkit_.EnterEvent();
+  placement_ = placement;
+  inner_size_ = inner;
+  Resized();
+  toolkit_.LeaveEvent();
+}
+
+bool Form::UserContext() {
+  if (!Reachable()) return false;
+  const UserEvent event(*this);
+  if (on_context) on_context();
+  return true;
+}
+
+}  // namespace zentaline::ui

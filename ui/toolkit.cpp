@@ -1,0 +1,104 @@
+#include "ui/toolkit.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zentaline::ui {
+
+Toolkit::~Toolkit() {
+  DropForms();
+}
+
+Form& Toolkit::Open(std::unique_ptr<Form> form) {
+  EnterEvent();
+  Form& opened = *form;
+  forms_.push_back(std::move(form));
+  opened.open_ = true;
+  opened.Load();
+  ShowForm(opened);
+  if (opened.kind() == FormKind::kChild) Activate(opened);
+  LeaveEvent();
+  return opened;
+}
+
+Form& Toolkit::OpenModal(std::unique_ptr<Form> form) {
+  Form& opened = Open(std::move(form));
+  RunModal(opened);
+  return opened;
+}
+
+void Toolkit::Activate(Form& form) {
+  if (form.kind() != FormKind::kChild || !form.open() || active_child() == &form) return;
+  std::erase(activation_order_, &form);
+  activation_order_.push_back(&form);
+  RaiseForm(form);
+  form.Activated();
+}
+
+std::vector<Form*> Toolkit::forms() const {
+  std::vector<Form*> open;
+  open.reserve(forms_.size());
+  for (const auto& form : forms_) open.push_back(form.get());
+  return open;
+}
+
+Form* Toolkit::active_child() const {
+  return activation_order_.empty() ? nullptr : activation_order_.back();
+}
+
+Form* Toolkit::modal() const {
+  const auto last =
+      std::find_if(forms_.rbegin(), forms_.rend(), [](const auto& form) { return form->kind() == FormKind::kModal; });
+  return last == forms_.rend() ? nullptr : last->get();
+}
+
+Form* Toolkit::FindForm(const std::string& full_name) const {
+  const auto found =
+      std::find_if(forms_.begin(), forms_.end(), [&](const auto& form) { return form->FullName() == full_name; });
+  return found == forms_.end() ? nullptr : found->get();
+}
+
+bool Toolkit::FireDueTimer() {
+  Timer* timer = timers_.TakeDue(Now());
+  if (timer == nullptr) return false;
+  EnterEvent();
+  if (timer->on_timer) timer->on_timer();
+  LeaveEvent();
+  return true;
+}
+
+void Toolkit::DropForms() {
+  timers_.StopAll();
+  activation_order_.clear();
+  closed_.clear();
+  while (!forms_.empty()) forms_.pop_back();
+}
+
+void Toolkit::LeaveEvent() {
+  if (--event_depth_ > 0) return;
+  const auto dying = std::exchange(closed_, {});
+}
+
+void Toolkit::TakeOut(Form& form) {
+  form.open_ = false;
+  std::erase(activation_order_, &form);
+  for (Control* control : form.controls()) {
+    if (control->kind() == ControlKind::kTimer) static_cast<Timer*>(control)->Stop();
+  }
+}
+
+void Toolkit::Closed(Form& form) {
+  HideForm(form);
+  const auto place =
+      std::find_if(forms_.begin(), forms_.end(), [&form](const auto& open) { return open.get() == &form; });
+  closed_.push_back(std::move(*place));
+  forms_.erase(place);
+  if (form.kind() == FormKind::kMain) {
+    MainClosed();
+  } else if (Form* front = active_child(); form.kind() == FormKind::kChild && front != nullptr) {
+    RaiseForm(*front);
+    front->Activated();
+  }
+}
+
+}  // namespace zentaline::ui

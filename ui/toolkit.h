@@ -1,0 +1,97 @@
+// What the program asks of a desktop. Behind it stand the desktop's widgets, the console, and tests.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/form.h"
+#include "ui/timers.h"
+#include "ui/types.h"
+
+namespace zentaline::ui {
+
+class Toolkit {
+ public:
+  Toolkit() = default;
+  Toolkit(const Toolkit&) = delete;
+  Toolkit& operator=(const Toolkit&) = delete;
+  virtual ~Toolkit();
+
+  // Loads the form, shows it and brings it to the front. The toolkit owns it until it is closed.
+  Form& Open(std::unique_ptr<Form> form);
+  // The same, and returns when the form has been closed; it is still alive while the event lasts.
+  Form& OpenModal(std::unique_ptr<Form> form);
+  void Activate(Form& form);
+
+  // The open forms in the order of opening, and the child window in front (null when there is none).
+  std::vector<Form*> forms() const;
+  Form* active_child() const;
+  // The modal form on top, null when there is none.
+  Form* modal() const;
+  // Null when no open form has this full name, as in frmArrU(3).
+  Form* FindForm(const std::string& full_name) const;
+
+  // Answers of message boxes: OK, or the button of the style.
+  virtual BoxAnswer MessageBox(BoxStyle style, const std::string& title, const std::string& text) = 0;
+  virtual FileDialogAnswer FileDialog(const FileDialogRequest& request) = 0;
+  // Shows the entry's menu at the pointer, and holds nothing up.
+  virtual void PopupMenu(MenuEntry& menu) = 0;
+  // The wait text has changed: with a text the pointer is an hourglass, with none the default.
+  virtual void ShowWait(const std::string& text) = 0;
+
+  virtual Size ScreenSize() = 0;
+  // In pixels.
+  virtual int TextWidth(const Font& font, const std::string& text) = 0;
+  // The date in the system's short form.
+  virtual std::string ShortDate() = 0;
+
+  // Prints on the default printer at a place in twips; false when it fails. EndPrint ends the document.
+  virtual bool PrintText(int left, int top, const Font& font, const std::string& text) = 0;
+  virtual bool EndPrint() = 0;
+
+  // The clock of the timers: milliseconds since the program began.
+  virtual std::int64_t Now() = 0;
+  TimerQueue& timers() { return timers_; }
+  // The queue's next due time may have changed.
+  virtual void TimersChanged() {}
+  // Fires the next timer that is due; false when none is. No timer fires while a box or dialog holds the program up:
+  // the toolkit then doesn't call this.
+  bool FireDueTimer();
+
+  // The main window has closed: the program ends.
+  virtual void MainClosed() = 0;
+
+ protected:
+  friend class Form;
+  friend class Control;
+  friend class UserEvent;
+  friend class Timer;
+
+  // Shows the form's window, which is loaded; its view is made here.
+  virtual void ShowForm(Form& form) = 0;
+  // Takes the window of a form away. The form's view is gone afterwards.
+  virtual void HideForm(Form& form) = 0;
+  // Puts the window in front and gives it the focus.
+  virtual void RaiseForm(Form& form) = 0;
+  // Runs until the modal form is closed.
+  virtual void RunModal(Form& form) = 0;
+  // Closes all forms without asking; for a toolkit that ends.
+  void DropForms();
+
+ private:
+  void EnterEvent() { ++event_depth_; }
+  void LeaveEvent();
+  // Out of the order of activation, with its timers stopped, while it does its last work.
+  void TakeOut(Form& form);
+  void Closed(Form& form);
+
+  std::vector<std::unique_ptr<Form>> forms_;
+  std::vector<std::unique_ptr<Form>> closed_;
+  std::vector<Form*> activation_order_;  // child windows, the one in front last
+  TimerQueue timers_;
+  int event_depth_ = 0;
+};
+
+}  // namespace zentaline::ui
