@@ -204,14 +204,19 @@ TEST(DiskWrite, AFileThatOutgrowsItsLimitLeavesTheOldOneWholeAndNothingElse) {
   EXPECT_EQ(folder.Count(), 1);
 }
 
+bool PutLine(const char* path, const std::string& line) {
+  std::ofstream file(path);
+  file << line << std::flush;
+  return file.good();
+}
+
 // Takes a name space of its own, where an ordinary user may mount too once somebody is root in it.
 bool MayMount() {
-  const uid_t user = geteuid();
-  if (user == 0) return unshare(CLONE_NEWNS) == 0;
-  if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
-  std::ofstream map("/proc/self/uid_map");
-  map << "0 " << user << " 1" << std::flush;
-  return map.good() && setuid(0) == 0;
+  const std::string user = "0 " + std::to_string(geteuid()) + " 1";
+  const std::string group = "0 " + std::to_string(getegid()) + " 1";
+  if (geteuid() == 0) return unshare(CLONE_NEWNS) == 0;
+  return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && PutLine("/proc/self/setgroups", "deny") &&
+         PutLine("/proc/self/uid_map", user) && PutLine("/proc/self/gid_map", group);
 }
 
 // Mounts a disk of 64 KiB on `folder` that only this process sees. False where the system forbids it.
