@@ -50,6 +50,7 @@ Bytes SysExHeader(int channel);
 
 // The byte of a mode, 0 to 4; -1 for any other.
 int ModeByte(int mode);
+// Empty for a mode outside 0 to 4.
 Bytes BuildModeChange(int channel, int mode);
 
 // `bank` is read when `id` is 46 hexadecimal alone: it adds the bank's place in the run of all programs. `sign` 1: the

@@ -1,0 +1,37 @@
+// The module-wide state of the arrangement windows, the editor and the database.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "core/bytes.h"
+
+namespace zentaline {
+
+struct ArrangementState {
+  Bytes ArrFileImage;           // the last file read, until its window is built
+  Bytes ArrEditRecord;          // 567 bytes: the record under edit
+  bool ArrNameChanged = false;  // the editor has changed the record's name
+
+  std::string ArrInInstrument;  // base name of the .arr last sent, at most 24 bytes
+  bool EditorOpen = false;
+  bool EditorChanged = false;
+  bool FindActive = false;
+  int FindRow = 0;
+  int FindFileId = 0;
+  bool FindNeedsPrg = false;
+  bool FindUserStyle = false;
+  bool ListBusy = false;
+  // A part of the arrangement under edit waits for a program; the first 1 among the slots tells which.
+  bool ArrPartArmed = false;
+  std::array<int, 19> ArrPartSlots{};
+
+  // The database.
+  Bytes DBImage;
+  bool DBWindowOpen = false;
+  bool SilentStart = false;
+  int ArrFileId = 0;                   // the result of the last look-up or addition
+  std::array<int, 10> WindowFileId{};  // of the windows 1 to 9
+};
+
+}  // namespace zentaline

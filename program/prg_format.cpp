@@ -1,0 +1,159 @@
+#include "program/prg_format.h"
+
+#include "core/panel_numbers.h"
+#include "core/window_image.h"
+
+namespace zentaline {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view kPrgMagic = "KORG\x4D\x00\x00"sv;
+constexpr std::string_view kPggMagic = "KPGG\x4D\x00\x00"sv;
+constexpr std::string_view kI30Magic = "KORG\x49\x05\x00"sv;
+constexpr std::size_t kI30SecondHalfPosition = 11057;
+constexpr int kLinkMark = 1;
+
+// Position of the field a record number names; 0, which is outside every image, when there is no such record.
+std::size_t RecordPosition(int n) {
+  return n >= 0 && n < kPrgRecordCount ? ProgramPosition(n) : 0;
+}
+
+PrgReadResult CheckLengthAnd(std::string_view file, bool signature_fits, PrgReadResult good) {
+  if (file.empty()) return kPrgAbsent;
+  return file.size() == kPrgFileLength && signature_fits ? good : kPrgWrong;
+}
+
+}  // namespace
+
+int PolarityIndex(int byte, int field) {
+  const bool low = (byte >> field & 1) != 0;
+  const bool high = (byte >> (field + 4) & 1) != 0;
+  if (!low) return 1;
+  return high ? 0 : 2;
+}
+
+int PolarityByte(int byte, int field, int list_index) {
+  const int low = 1 << field;
+  const int high = 1 << (field + 4);
+  byte &= ~(low | high);
+  if (list_index == 0) byte |= low | high;
+  if (list_index == 2) byte |= low;
+  return byte & 0xFF;
+}
+
+PrgReadResult CheckProgramFile(std::string_view file) {
+  return CheckLengthAnd(file, file.starts_with(kPrgMagic) || file.starts_with(kPggMagic), kPrgGood);
+}
+
+PrgReadResult CheckProgramByExtension(std::string_view file, bool pgg) {
+  return CheckLengthAnd(file, file.starts_with(pgg ? kPggMagic : kPrgMagic), pgg ? kPggGood : kPrgGood);
+}
+
+PrgReadResult CheckI30ProgramFile(std::string_view file) {
+  return CheckLengthAnd(file, file.starts_with(kI30Magic), kPrgGood);
+}
+
+void NewProgramHeader(Bytes& file) {
+  Bytes header(kPrgHeaderLength, '\0');
+  PutBytes(header, 1, kPrgMagic);
+  PutByte(header, 8, 0x01);
+  constexpr std::string_view kFromPosition17 = "\x1E\0\0\0\0\x03\0\x50\0\x38\x01\x08\x3C\x05\x02\x08\x50\x1B"sv;
+  PutBytes(header, 17, kFromPosition17);
+  PutBytes(file, 1, header);
+}
+
+void ClearNewProgramBank(Bytes& file) {
+  PutBytes(file, kPrgHeaderLength, Bytes(kPrgRecordsLength, '\0'));
+}
+
+Bytes I30ProgramBank(std::string_view file, int half) {
+  Bytes bank = Slice(file, 1, kPrgFileLength);
+  NewProgramHeader(bank);
+  if (half == 1) PutBytes(bank, kPrgFileRecordsPosition, Slice(file, kI30SecondHalfPosition, kPrgRecordsLength));
+  return bank;
+}
+
+Bytes BuildPrgWindowImage(std::string_view file) {
+  Bytes image = WindowPrefix();
+  image.reserve(kPrgImageLength);
+  image.append(file.substr(0, kPrgFileLength));
+  image.resize(kPrgImageLength, '\0');
+  PutByte(image, kPrgAttachedPosition, kPrgImageMark);
+  SetProgramFormat(image);
+  return image;
+}
+
+Bytes PrgFileBytes(std::string_view image) {
+  return Slice(image, kPrgImageFilePosition, kPrgFileLength);
+}
+
+bool IsProgramLink(std::string_view image, int n) {
+  return ByteAt(image, RecordPosition(n)) == kLinkMark;
+}
+
+bool HasProgramLinks(std::string_view image) {
+  for (int n = 0; n < kPrgRecordCount; ++n) {
+    if (IsProgramLink(image, n)) return true;
+  }
+  return false;
+}
+
+void SetProgramFormat(Bytes& image) {
+  PutByte(image, kPggPosition, HasProgramLinks(image) ? 1 : 0);
+}
+
+void DecideProgramFormat(Bytes& image) {
+  SetProgramFormat(image);
+  PutBytes(image, kPrgImageFilePosition, ByteAt(image, kPggPosition) != 0 ? "KPGG" : "KORG");
+}
+
+std::string_view ProgramExtension(std::string_view image) {
+  return ByteAt(image, kPggPosition) != 0 ? "pgg" : "prg";
+}
+
+Bytes ProgramPlaceName(std::string_view image, int n) {
+  const std::size_t name = IsProgramLink(image, n) ? program_link::kName : program_record::kName;
+  const std::size_t record = RecordPosition(n);
+  return record == 0 ? Bytes(program_record::kNameLength, '\0')
+                     : Slice(image, record + name - 1, program_record::kNameLength);
+}
+
+Bytes MakeEditRecord(std::string_view image, int n) {
+  Bytes record = Slice(image, RecordPosition(n), kPrgRecordLength);
+  record.resize(edit_record::kLength, '\0');
+  PutByte(record, edit_record::kKind, ByteAt(image, kKindPosition));
+  PutByte(record, edit_record::kIndex, n);
+  PutByte(record, edit_record::kWindowNumber, ByteAt(image, kWindowNumberPosition));
+  PutByte(record, edit_record::kFormat, ByteAt(image, kPggPosition));
+  PutBytes(record, edit_record::kFileName, Padded(WindowBaseName(image), edit_record::kFileNameLength));
+  return record;
+}
+
+void PutEditRecord(Bytes& image, std::string_view record) {
+  PutBytes(image, RecordPosition(ByteAt(record, edit_record::kIndex)), Slice(record, 1, kPrgRecordLength));
+}
+
+std::string ProgramNumberText(std::string_view bank_letter, int n) {
+  return std::string(bank_letter) + ' ' + PanelNumberText(n);
+}
+
+ProgramPlace ProgramPlaceOf(int bank_code, int number) {
+  const bool second = number >= 64;
+  switch (bank_code) {
+    case 0:
+      return {second ? "B" : "A", second ? number - 64 : number};
+    case 1:
+      return {second ? "D" : "C", second ? number - 64 : number};
+    case 2:
+      return {"E", number};
+    case 3:
+      return {"U", number};
+    case 4:
+      return {"Dr", number};
+    default:
+      return {};
+  }
+}
+
+}  // namespace zentaline

@@ -1,0 +1,17 @@
+// The module-wide state of the program files.
+#pragma once
+
+#include <string>
+
+#include "core/bytes.h"
+
+namespace zentaline {
+
+struct ProgramState {
+  Bytes ProgramFileBuffer;       // the last file read
+  std::string ProgramExtension;  // of the file that ReadProgramByName found: "prg" or "pgg"
+  std::string PrgInInstrument;   // base name of the program file last sent, at most 24 bytes
+  std::string PrgInInstrumentExtension;
+};
+
+}  // namespace zentaline

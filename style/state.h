@@ -1,0 +1,18 @@
+// The module-wide state of the style files.
+#pragma once
+
+#include <string>
+
+#include "core/bytes.h"
+
+namespace zentaline {
+
+struct StyleState {
+  Bytes StyleImage;       // the last file read
+  Bytes EmptyStyleImage;  // four empty styles; empty when there is no template
+  std::string CurrentStyDir;
+  std::string CurrentStyName;
+  std::string StyInInstrument;  // base name of the .sty last sent, at most 24 bytes
+};
+
+}  // namespace zentaline
