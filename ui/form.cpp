@@ -75,6 +75,13 @@ void Form::UserPlace(const Placement& placement, Size inner) {
   toolkit_.LeaveEvent();
 }
 
+bool Form::UserMouse(const MouseEvent& event) {
+  if (!Reachable()) return false;
+  const UserEvent scope(*this);
+  if (on_mouse) on_mouse(event);
+  return true;
+}
+
 bool Form::UserContext() {
   if (!Reachable()) return false;
   const UserEvent event(*this);

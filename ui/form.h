@@ -66,6 +66,8 @@ class Form {
   virtual void Unload() {}
   virtual void FilesDropped(const std::vector<std::string>& paths) { (void)paths; }
   Handler on_context;
+  // On the room that no control covers.
+  std::function<void(const MouseEvent&)> on_mouse;
 
   // Asks, and closes it unless it refuses; true when it is closed. The form lives on until the outermost event has
   // ended.
@@ -78,6 +80,7 @@ class Form {
   bool UserClose();
   void UserActivate();
   void UserPlace(const Placement& placement, Size inner);
+  bool UserMouse(const MouseEvent& event);
   bool UserContext();
 
   FormView* view = nullptr;

@@ -30,4 +30,14 @@ Timer* TimerQueue::TakeDue(std::int64_t now) {
   return timer;
 }
 
+Timer* TimerQueue::TakeFirst(const std::function<bool(const Timer&)>& wanted) {
+  const auto first =
+      std::find_if(waiting_.begin(), waiting_.end(), [&](const Waiting& waiting) { return wanted(*waiting.timer); });
+  if (first == waiting_.end()) return nullptr;
+  Timer* timer = first->timer;
+  waiting_.erase(first);
+  timer->running_ = false;
+  return timer;
+}
+
 }  // namespace zentaline::ui

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -20,6 +21,8 @@ class TimerQueue {
   std::optional<std::int64_t> NextDue() const;
   // Takes the next one that is due at `now` off the queue and returns it, no longer running; null when none is due.
   Timer* TakeDue(std::int64_t now);
+  // The same for the first one that is `wanted`, due or not.
+  Timer* TakeFirst(const std::function<bool(const Timer&)>& wanted);
 
  private:
   struct Waiting {
