@@ -1,0 +1,103 @@
+#!/bin/bash
+# Builds everything and runs the tests. The last line is the test runner's own summary; any failure makes the exit
+# status 1.
+#
+#   ./test.sh         the release build with all tests and the checks of the tree, the unit and transcript tests again
+#                     under the address, undefined and leak sanitizers, and a build without Qt and ALSA with its tests
+#   ./test.sh quick   the release build with its unit and transcript tests and the checks
+#   ./test.sh full    all of the first, the ALSA tests in a kernel with a sequencer, and short fuzz runs
+#
+# Packages that are lacking are installed first.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+scope=${1:-default}
+case $# in 0 | 1) ;; *) scope=wrong ;; esac
+case $scope in
+  default | quick | full) ;;
+  *)
+    echo "use: ./test.sh [quick|full]" >&2
+    exit 2
+    ;;
+esac
+
+# shellcheck source=cmake/packages.sh
+. "$root/cmake/packages.sh"
+cd "$root"
+
+packages="test"
+if [ "$scope" = full ]; then packages="full"; fi
+if ! install_packages "$packages"; then
+  say "Without these the tests can't be built. ./test.sh needs them all, so that nothing is left untested unseen."
+  exit 1
+fi
+
+# Tests of windows draw into memory, so that they need no display and leave the one that is there alone.
+export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
+
+build() { # build PRESET [OPTION...]
+  local preset=$1
+  shift
+  say "Building $preset"
+  cmake -S . --preset "$preset" "$@" >"build/$preset.log" 2>&1 ||
+    cmake -S . --preset "$preset" --fresh "$@" >"build/$preset.log" 2>&1 || {
+    cat "build/$preset.log" >&2
+    say "The build $preset could not be prepared."
+    return 1
+  }
+  cmake --build "build/$preset"
+}
+
+mkdir -p build
+# run.sh prepares the release build without the tests; here they are wanted, and every part of the program with them.
+build release -DZENTALINE_TESTS=ON -DZENTALINE_BENCH=ON -DZENTALINE_QT=ON -DZENTALINE_ALSA=ON
+
+labels=()
+folders=(release)
+extra=()
+if [ "$scope" = quick ]; then
+  labels=(-L '^(unit|transcript|check)$')
+else
+  build sanitize
+  build bare
+  folders+=(sanitize bare)
+fi
+
+# add_test_line NAME SECONDS COMMAND...: one more test for the runner; exit status 77 or 125 is "left out".
+add_test_line() {
+  local name=$1 seconds=$2 command=''
+  shift 2
+  for word in "$@"; do command+=" [==[$word]==]"; done
+  extra+=("add_test([==[$name]==]$command)")
+  extra+=("set_tests_properties([==[$name]==] PROPERTIES TIMEOUT $seconds SKIP_RETURN_CODE 125 RUN_SERIAL ON)")
+}
+
+if [ "$scope" = full ]; then
+  add_test_line kernel.alsa_tests 1200 "$root/tests/alsa/run-in-kernel" "$root/build/release/tests/alsa_tests"
+  build fuzz
+  for program in build/fuzz/bin/fuzz_*; do
+    [ -x "$program" ] || continue
+    name=${program##*/}
+    mkdir -p "build/fuzz/corpus/$name"
+    add_test_line "fuzz.${name#fuzz_}" 300 "$root/$program" -max_total_time=30 -timeout=10 -rss_limit_mb=2048 \
+      "$root/build/fuzz/corpus/$name"
+  done
+fi
+
+# One run over all builds, so that one summary tells of everything.
+all=$root/build/tests-$scope
+mkdir -p "$all"
+{
+  for folder in "${folders[@]}"; do echo "subdirs([==[$root/build/$folder]==])"; done
+  if [ ${#extra[@]} -gt 0 ]; then printf '%s\n' "${extra[@]}"; fi
+} >"$all/CTestTestfile.cmake"
+
+say "Running the tests"
+status=0
+ctest --test-dir "$all" --output-on-failure -j "$(nproc)" "${labels[@]}" --no-tests=error 2>&1 |
+  tee "$all/output.log" || status=1
+if grep -q '(Skipped)' "$all/output.log"; then
+  say "Left out on this machine (their own output tells why: $all/Testing/Temporary/LastTest.log):"
+  grep -o '[^ ]* (Skipped)$' "$all/output.log" | sort -u
+fi
+grep 'tests passed' "$all/output.log" || status=1
+exit "$status"
