@@ -36,16 +36,25 @@ status=0
 lines=build/bench.txt
 : >"$lines"
 for program in build/release/bin/bench_*; do
-  [ -x "$program" ] && [ -f "$program" ] || continue
+  if [ ! -x "$program" ]; then continue; fi
   wanted=$#
   for word in "$@"; do case ${program##*/} in *"$word"*) wanted=0 ;; esac done
   [ "$wanted" = 0 ] || continue
   say "Running ${program##*/}"
-  "$program" >build/bench.log 2>&1 || {
+  # What goes over the wire is measured on a kernel that surely has a sequencer and ports with nobody else at them.
+  under=()
+  if [ "${program##*/}" = bench_wire ]; then under=(tests/alsa/run-in-kernel); fi
+  result=0
+  "${under[@]}" "$program" >build/bench.log 2>&1 || result=$?
+  if [ "$result" = 125 ] && [ ${#under[@]} -gt 0 ]; then
+    echo "bench ${program##*/} skip no kernel with a sequencer could be started: $(tail -n 1 build/bench.log)" >>"$lines"
+    continue
+  fi
+  if [ "$result" != 0 ]; then
     cat build/bench.log >&2
     say "${program##*/} failed."
     status=1
-  }
+  fi
   if ! grep '^bench ' build/bench.log >>"$lines"; then
     say "${program##*/} gave no result."
     status=1
