@@ -1,0 +1,35 @@
+// The lists that a field of an arrangement or a program is chosen from, in the order in which the editors show them.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace zentaline {
+
+// Index is the stored value in all lists but kEffects.
+inline constexpr std::array<std::string_view, 11> kKeyboardAssigns = {"FULL 1",  "FULL 2",  "SPLIT 1", "M. DRUMS",
+                                                                      "FULL 3",  "FULL 4",  "SPLIT 2", "SPLIT 3",
+                                                                      "SPLIT 4", "SPLIT 5", "SPLIT 6"};
+
+inline constexpr std::array<std::string_view, 13> kFills = {" OFF", " ->1", " ->2", " ->3", " ->4", " 1&2", " 1&3",
+                                                            " 1&4", " 2&3", " 2&4", " 3&4", " UP",  " DOWN"};
+
+inline constexpr std::array<std::string_view, 10> kEnsembles = {
+    "Duet", "Close", "Open1", "Open2", "Octave", "Power Ens.", "Fourths", "Block", "Brass Ens.", "Reed Ens."};
+
+inline constexpr std::array<std::string_view, 5> kWaveforms = {"TRIANGLE", "SAW UP", "SAW DOWN", "SQUARE", "RANDOM"};
+
+inline constexpr std::array<std::string_view, 4> kPlacements = {"SERIAL", "PARALLEL 1", "PARALLEL 2", "PARALLEL 3"};
+
+// From top to bottom; the stored number counts from the bottom, so that 0 is "No Effect" and 47 stands first.
+inline constexpr std::array<std::string_view, 48> kEffects = {
+    "Delay/Rotary",  "Delay/Phaser",   "Delay/Overdrv", "Delay/Dist",    "Delay/Flanger", "Delay/Chorus",
+    "Delay/Room",    "Delay/Hall",     "Flanger-Delay", "Chorus-Delay",  "Equalizer",     "Tremolo",
+    "Auto Pan",      "Rotary Speaker", "Phaser 2",      "Phaser 1",      "Overdrive",     "Distortion",
+    "Enhancer",      "Exciter",        "XOver Flanger", "Flanger 2",     "Flanger 1",     "Symphonic Ens",
+    "Harmonic Cho.", "XOver Chorus",   "Quad Chorus",   "Chorus 2",      "Chorus 1",      "Multitap Dly3",
+    "Multitap Dly2", "Multitap Dly1",  "Dual Delay",    "Cross Delay",   "Stereo Delay",  "Early Ref 3",
+    "Early Ref 2",   "Early Ref 1",    "Spring Reverb", "Dry Plate",     "Wet Plate",     "Live Stage",
+    "Large Room",    "Room",           "Concert Hall",  "Ensemble Hall", "Hall",          "No Effect"};
+
+}  // namespace zentaline

@@ -1,0 +1,75 @@
+// zentaline-factory OUTDIR [SOURCES]: makes the data files that go with the program from the tables in SOURCES (default
+// data/factory). Equal tables give equal bytes. Writes nothing when a table holds a mistake, and tells each with file
+// and line.
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "tools/factory/arrangements.h"
+#include "tools/factory/guide.h"
+#include "tools/factory/multisamples.h"
+
+namespace zentaline::factory {
+namespace {
+
+// The user's guide is shown out of a buffer of this size.
+constexpr std::size_t kGuideLimit = 35400;
+
+void AddFiles(const std::map<std::string, Bytes>& banks, Files& files) {
+  files.insert(banks.begin(), banks.end());
+}
+
+Files MakeFiles(const std::string& sources, Problems& problems) {
+  Files files;
+  ProgramTables programs(problems);
+  programs.Read(sources + "/programs.txt");
+  programs.Read(sources + "/examples/programs.txt");
+  StyleTables styles(problems);
+  styles.Read(sources + "/styles.txt");
+  styles.Read(sources + "/examples/styles.txt");
+  ArrangementTables arrangements(programs, styles, problems);
+  for (std::string_view table : {"templates", "arrangements-a", "arrangements-b", "examples/arrangements"}) {
+    arrangements.Read(sources + "/" + std::string(table) + ".txt");
+  }
+  AddFiles(programs.Banks(), files);
+  AddFiles(styles.Banks(), files);
+  AddFiles(arrangements.Banks(), files);
+  files["i40Multisample"] = MultisampleFile(sources + "/multisamples.txt", problems);
+  files["Zentaline-GuidaUtente.txt"] = GuideFile(sources + "/guide-it.txt", kGuideLimit, problems);
+  files["Zentaline-UserGuide.txt"] = GuideFile(sources + "/guide-en.txt", kGuideLimit, problems);
+  return files;
+}
+
+bool WriteFile(const std::filesystem::path& path, const Bytes& bytes) {
+  std::error_code error;
+  std::filesystem::create_directories(path.parent_path(), error);
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  out.close();
+  return !out.fail();
+}
+
+int Run(const std::string& directory, const std::string& sources) {
+  Problems problems;
+  const Files files = MakeFiles(sources, problems);
+  for (const std::string& problem : problems.List()) std::fprintf(stderr, "%s\n", problem.c_str());
+  if (problems.Any()) return 1;
+  for (const auto& [name, bytes] : files) {
+    if (WriteFile(std::filesystem::path(directory) / name, bytes)) continue;
+    std::fprintf(stderr, "%s/%s: cannot be written\n", directory.c_str(), name.c_str());
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace zentaline::factory
+
+int main(int count, char** arguments) {
+  if (count != 2 && count != 3) {
+    std::fprintf(stderr, "usage: zentaline-factory OUTDIR [SOURCES]\n");
+    return 2;
+  }
+  return zentaline::factory::Run(arguments[1], count == 3 ? arguments[2] : "data/factory");
+}

@@ -1,0 +1,128 @@
+#include "tools/factory/programs.h"
+
+#include "tools/factory/program_fields.h"
+
+namespace zentaline::factory {
+namespace {
+
+std::size_t RecordPosition(int place) {
+  return kPrgFileRecordsPosition + kPrgRecordLength * static_cast<std::size_t>(place);
+}
+
+}  // namespace
+
+void ProgramTables::Read(const std::string& path) {
+  for (const SourceLine& line : ReadSource(path, problems_)) {
+    std::string_view rest;
+    const std::string_view word = FirstWord(line.text, rest);
+    if (line.indented && !template_.empty()) {
+      ApplySettings(line, line.text, templates_[template_]);
+    } else if (line.indented) {
+      ReadRow(line);
+    } else if (word == "bank") {
+      ReadBankHead(line, rest);
+    } else if (word == "template") {
+      ReadTemplateHead(line, rest);
+    } else {
+      problems_.Add(line, "neither a bank nor a template begins here");
+    }
+  }
+  template_.clear();
+}
+
+void ProgramTables::ReadBankHead(const SourceLine& line, std::string_view rest) {
+  template_.clear();
+  const std::size_t word = rest.find(" rest ");
+  bank_ = std::string(rest.substr(0, word));
+  if (banks_.contains(bank_)) problems_.Add(line, "this bank is there already");
+  Bytes file(kPrgFileLength, '\0');
+  if (word != std::string_view::npos) {
+    const auto base = banks_.find(std::string(Trim(rest.substr(word + 6))));
+    if (base == banks_.end()) {
+      problems_.Add(line, "the bank to take the rest from isn't known");
+    } else {
+      file = base->second;
+    }
+  }
+  NewProgramHeader(file);
+  if (bank_.ends_with(".pgg")) PutBytes(file, 1, "KPGG");
+  banks_[bank_] = file;
+}
+
+void ProgramTables::ReadTemplateHead(const SourceLine& line, std::string_view rest) {
+  const std::size_t from = rest.find(" from ");
+  template_ = Bytes(Trim(rest.substr(0, from)));
+  Bytes record(kPrgRecordLength, '\0');
+  if (from != std::string_view::npos) {
+    const auto base = templates_.find(Trim(rest.substr(from + 6)));
+    if (base == templates_.end()) {
+      problems_.Add(line, "the template to begin from isn't known");
+    } else {
+      record = base->second;
+    }
+  }
+  if (!templates_.emplace(template_, record).second) problems_.Add(line, "this template is there already");
+}
+
+void ProgramTables::ReadRow(const SourceLine& line) {
+  const std::vector<std::string_view> cells = SplitAt(line.text, '|');
+  const std::optional<int> place = cells.empty() ? std::nullopt : PlaceOf(cells[0]);
+  if (bank_.empty() || !place) return problems_.Add(line, "a row begins with its place, 11 to 88");
+  Bytes& file = banks_[bank_];
+  if (cells.size() == 2 && cells[1].starts_with("link ")) {
+    Bytes record = Slice(file, RecordPosition(*place), kPrgRecordLength);
+    if (!bank_.ends_with(".pgg")) problems_.Add(line, "only a .pgg holds links");
+    if (MakeLink(line, Trim(cells[1].substr(5)), record)) PutBytes(file, RecordPosition(*place), record);
+    return;
+  }
+  if (cells.size() != 4) return problems_.Add(line, "a row has 4 cells");
+  const auto base = templates_.find(cells[2]);
+  if (base == templates_.end()) return problems_.Add(line, "no such template");
+  Bytes record = base->second;
+  if (cells[1].empty() || cells[1].size() > program_record::kNameLength) {
+    problems_.Add(line, "a name has 1 to 16 characters");
+  }
+  PutBytes(record, program_record::kName, Padded(cells[1], program_record::kNameLength));
+  ApplySettings(line, cells[3], record);
+  PutBytes(file, RecordPosition(*place), record);
+}
+
+bool ProgramTables::MakeLink(const SourceLine& line, std::string_view sound_name, Bytes& record) {
+  Sound sound;
+  std::string problem;
+  if (!FindSound(sound_name, OwnPrograms(), sound, problem)) {
+    problems_.Add(line, problem);
+    return false;
+  }
+  PutByte(record, program_link::kMark, 1);
+  PutByte(record, program_link::kBankCode, sound.bank_code);
+  PutByte(record, program_link::kNumber, sound.number);
+  PutBytes(record, program_link::kName, SoundName(sound));
+  return true;
+}
+
+void ProgramTables::ApplySettings(const SourceLine& line, std::string_view settings, Bytes& record) {
+  for (std::string_view setting : SplitAt(settings, ';')) {
+    if (!ApplyProgramSetting(setting, record)) {
+      problems_.Add(line, "a setting that isn't known or out of its range: " + std::string(setting));
+    }
+  }
+}
+
+OwnPrograms ProgramTables::NamesBeside(std::string_view file) const {
+  OwnPrograms names;
+  const std::string base(file.substr(0, file.rfind('.')));
+  for (std::string_view extension : {".prg", ".pgg"}) {
+    const auto bank = banks_.find(base + std::string(extension));
+    if (bank == banks_.end()) continue;
+    for (int n = 0; n < kPrgRecordCount; ++n) {
+      const bool link = ByteAt(bank->second, RecordPosition(n)) == 1;
+      names[static_cast<std::size_t>(n)] =
+          Slice(bank->second, RecordPosition(n) - 1 + (link ? program_link::kName : program_record::kName),
+                program_record::kNameLength);
+    }
+  }
+  return names;
+}
+
+}  // namespace zentaline::factory
