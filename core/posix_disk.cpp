@@ -121,8 +121,8 @@ int FollowLinks(std::string& path) {
     char link[PATH_MAX];
     const ssize_t length = readlink(path.c_str(), link, sizeof link);
     if (length < 0) return errno == EINVAL || errno == ENOENT ? 0 : errno;
-    const std::string leads_to(link, static_cast<std::size_t>(length));
-    path = leads_to.starts_with('/') ? leads_to : FolderOf(path) + "/" + leads_to;
+    path = link[0] == '/' ? "" : FolderOf(path) + '/';
+    path.append(link, static_cast<std::size_t>(length));
   }
   return ELOOP;
 }
