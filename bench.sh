@@ -16,12 +16,12 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh
+mkdir -p build
 if ! install_packages "test"; then
   say "Without these the benchmarks can't be built."
   exit 1
 fi
 
-mkdir -p build
 say "Building release"
 cmake -S . --preset release -DZENTALINE_BENCH=ON >build/release.log 2>&1 || {
   cat build/release.log >&2

@@ -14,6 +14,12 @@ build=$root/build/release
 # shellcheck source=cmake/packages.sh
 . "$root/cmake/packages.sh"
 
+cd "$root"
+mkdir -p build
+# Two of these at once would build into each other.
+exec 9>build/run.lock
+flock 9
+
 packages_changed=0
 if ! install_packages run; then
   say "Without these the program can't be built."
@@ -22,12 +28,8 @@ fi
 
 configure() { cmake -S "$root" --preset release "$@" >"$build.log" 2>&1; }
 
-cd "$root"
-mkdir -p "$root/build"
-# Two of these at once would build into each other.
-exec 9>"$root/build/run.lock"
-flock 9
-if [ ! -e "$build/build.ninja" ] || [ ! -x "$build/bin/zentaline" ] || [ "$packages_changed" = 1 ]; then
+if [ ! -e "$build/build.ninja" ] || [ ! -x "$build/bin/zentaline" ] || [ "$packages_changed" = 1 ] ||
+  ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$build/CMakeCache.txt"; then
   say "Preparing the build"
   # A tree that was prepared for the tests keeps them. One that was moved or left half done is prepared anew.
   options=()
@@ -41,7 +43,7 @@ fi
 
 targets=(zentaline-console factory_files)
 if grep -q '^Qt6_DIR:PATH=/' "$build/CMakeCache.txt"; then targets+=(zentaline); fi
-say "Building (the first time this takes some minutes)"
+if [ -x "$build/bin/zentaline-console" ]; then say "Building what has changed"; else say "Building; the first time this takes some minutes"; fi
 cmake --build "$build" --target "${targets[@]}"
 exec 9>&-
 

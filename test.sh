@@ -23,6 +23,7 @@ esac
 # shellcheck source=cmake/packages.sh
 . "$root/cmake/packages.sh"
 cd "$root"
+mkdir -p build
 
 packages="test"
 if [ "$scope" = full ]; then packages="full"; fi
@@ -47,7 +48,6 @@ build() { # build PRESET [OPTION...]
   cmake --build "build/$preset"
 }
 
-mkdir -p build
 # run.sh prepares the release build without the tests; here they are wanted, and every part of the program with them.
 build release -DZENTALINE_TESTS=ON -DZENTALINE_BENCH=ON -DZENTALINE_QT=ON -DZENTALINE_ALSA=ON
 

@@ -3,7 +3,8 @@
 #
 #   install_packages run|test|full    installs what that command lacks; 1 when a needed package can't be had
 #
-# need: the command can't do without it.  want: it says what is left out and goes on.
+# need: the command can't do without it.  want: it says what is left out and goes on, and does not try that one again
+# while the file build/packages-left-out names it.
 
 packages_list() {
   cat <<'LIST'
@@ -65,14 +66,19 @@ packages_reason() {
 }
 
 install_packages() {
-  local command=$1 package run test full purpose weight missing=() failed=0
+  local command=$1 package run test full purpose weight missing=() failed=0 left_out=build/packages-left-out
   local -A weight_of=() purpose_of=()
   while read -r package run test full purpose; do
     [ "$package" != '#' ] || continue
     case $command in run) weight=$run ;; test) weight=$test ;; *) weight=$full ;; esac
     [ "$weight" != - ] || continue
     weight_of[$package]=$weight purpose_of[$package]=$purpose
-    package_is_installed "$package" || missing+=("$package")
+    if package_is_installed "$package"; then continue; fi
+    if [ "$weight" = want ] && grep -qx "$package" "$left_out" 2>/dev/null; then
+      say "Going without $package ($purpose), which could not be installed before; $left_out remembers it"
+    else
+      missing+=("$package")
+    fi
   done < <(packages_list)
   [ ${#missing[@]} -gt 0 ] || return 0
 
@@ -91,7 +97,7 @@ install_packages() {
       for package in "${missing[@]}"; do
         run_apt install --no-install-recommends "$package" && continue
         say "The package $package could not be installed (${purpose_of[$package]}): $(packages_reason)"
-        [ "${weight_of[$package]}" = want ] || failed=1
+        if [ "${weight_of[$package]}" = need ]; then failed=1; else echo "$package" >>"$left_out"; fi
       done
     fi
   fi
