@@ -12,7 +12,7 @@ TEST(PanelNumbers, TheRowsOfABankRunFrom11To88WithoutNineAndZero) {
   int counter = 0x11;
   std::set<std::string> seen;
   for (int n = 0; n < 64; ++n) {
-    char hexadecimal[8];
+    char hexadecimal[9];
     std::snprintf(hexadecimal, sizeof hexadecimal, "%X", static_cast<unsigned>(counter));
     EXPECT_EQ(PanelNumberText(n), hexadecimal);
     EXPECT_EQ(PanelPlace(PanelNumber(n)), n);
