@@ -1,0 +1,242 @@
+#include "ui/qt/builder.h"
+
+#include <QBoxLayout>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <algorithm>
+
+#include "ui/layout.h"
+#include "ui/qt/convert.h"
+#include "ui/qt/simple_views.h"
+#include "ui/qt/text_views.h"
+
+namespace zentaline::ui::qt {
+
+namespace {
+
+using Kind = Layout::Kind;
+
+// A list, a text of many lines, or pages: they use more room than they need.
+bool Grows(const Layout& layout) {
+  if (layout.stretch > 0 || layout.scrolls || layout.kind == Kind::kPages) return true;
+  if (layout.control != nullptr && layout.kind == Kind::kControl) {
+    return layout.control->kind() == ControlKind::kListBox ||
+           (layout.control->kind() == ControlKind::kTextBox && static_cast<TextBox*>(layout.control)->multi_line);
+  }
+  return std::any_of(layout.children.begin(), layout.children.end(),
+                     [](const Layout& child) { return child.kind != Kind::kSpace && Grows(child); });
+}
+
+class Builder {
+ public:
+  Builder(Form& form, Gate& gate) : form_(form), gate_(gate) {}
+
+  Built Build(QWidget* parent) {
+    built_.body = new QWidget(parent);
+    auto* box = new QVBoxLayout(built_.body);
+    if (form_.kind() == FormKind::kMain) box->setContentsMargins(2, 2, 2, 2);
+    Layout whole = form_.layout.kind == Kind::kNothing ? ColumnOfAll() : form_.layout;
+    if (whole.stretch == 0) whole.stretch = 1;
+    parent_ = built_.body;
+    Add(*box, whole, 1);
+    for (View* view : built_.views) view->ShowAll();
+    return std::move(built_);
+  }
+
+ private:
+  Layout ColumnOfAll() const {
+    std::vector<Layout> all;
+    for (Control* control : form_.controls()) {
+      if (control->kind() != ControlKind::kTimer && control->kind() != ControlKind::kMenuEntry) {
+        all.push_back(Item(*control));
+      }
+    }
+    return Column(std::move(all));
+  }
+
+  View* MakeView(Control& control) {
+    switch (control.kind()) {
+      case ControlKind::kButton:
+        return MakeButton(static_cast<Button&>(control), gate_, parent_);
+      case ControlKind::kLabel:
+        return MakeLabel(static_cast<Label&>(control), gate_, parent_);
+      case ControlKind::kTextBox:
+        return MakeTextBox(static_cast<TextBox&>(control), gate_, parent_);
+      case ControlKind::kListBox:
+        return MakeListBox(static_cast<ListBox&>(control), gate_, parent_);
+      case ControlKind::kComboBox:
+        return MakeComboBox(static_cast<ComboBox&>(control), gate_, parent_);
+      case ControlKind::kScrollBar:
+        return MakeScrollBar(static_cast<ScrollBar&>(control), gate_, parent_);
+      case ControlKind::kCheckBox:
+        return MakeCheckBox(static_cast<CheckBox&>(control), gate_, parent_);
+      case ControlKind::kOptionButton:
+        return MakeOptionButton(static_cast<OptionButton&>(control), gate_, parent_);
+      case ControlKind::kFrame:
+        return MakeFrame(static_cast<Frame&>(control), gate_, parent_);
+      case ControlKind::kTabs:
+        return MakeTabs(static_cast<Tabs&>(control), gate_, parent_);
+      case ControlKind::kPictureBox:
+        return MakePictureBox(static_cast<PictureBox&>(control), gate_, parent_);
+      case ControlKind::kTimer:
+      case ControlKind::kMenuEntry:
+        break;
+    }
+    return nullptr;
+  }
+
+  QWidget* MakeWidget(Control& control) {
+    View* view = control.view == nullptr ? MakeView(control) : nullptr;
+    if (view == nullptr) return nullptr;
+    built_.views.push_back(view);
+    QWidget* widget = view->widget();
+    if (waiting_label_ != nullptr && widget->focusPolicy() != Qt::NoFocus) {
+      waiting_label_->setBuddy(widget);
+      waiting_label_ = nullptr;
+    }
+    if (control.kind() == ControlKind::kLabel && !static_cast<Label&>(control).sunken) {
+      auto* label = static_cast<QLabel*>(widget);
+      const QString text = ToQt(static_cast<Label&>(control).caption());
+      if (text != WithoutMnemonic(static_cast<Label&>(control).caption())) waiting_label_ = label;
+    }
+    return widget;
+  }
+
+  // Children of a container are the children of its widget.
+  void Fill(QWidget& container, const std::vector<Layout>& children, int margin) {
+    QWidget* outer = parent_;
+    parent_ = &container;
+    auto* box = new QVBoxLayout(&container);
+    if (margin >= 0) box->setContentsMargins(margin, margin, margin, margin);
+    for (const Layout& child : children) Add(*box, child, Grows(child) ? 1 : 0);
+    if (std::none_of(children.begin(), children.end(), Grows)) box->addStretch(1);
+    parent_ = outer;
+  }
+
+  QWidget* MakeContainer(const Layout& layout) {
+    QWidget* widget = layout.control == nullptr ? nullptr : MakeWidget(*layout.control);
+    if (widget == nullptr) return nullptr;
+    if (layout.kind == Kind::kFrame) {
+      Fill(*widget, layout.children, layout.control->kind() == ControlKind::kPictureBox ? 0 : -1);
+      return widget;
+    }
+    auto* tabs = static_cast<QTabWidget*>(widget);
+    const Gate::Showing showing(gate_);
+    for (const Layout& child : layout.children) {
+      auto* page = new QWidget(tabs);
+      const auto number = static_cast<std::size_t>(tabs->count());
+      const auto& captions = static_cast<Tabs*>(layout.control)->captions;
+      tabs->addTab(page, number < captions.size() ? ToQt(captions[number]) : QString());
+      Fill(*page, {child}, -1);
+    }
+    return widget;
+  }
+
+  void Add(QBoxLayout& box, const Layout& layout, int stretch) {
+    if (layout.scrolls) {
+      AddScrolled(box, layout, stretch);
+      return;
+    }
+    switch (layout.kind) {
+      case Kind::kNothing:
+        break;
+      case Kind::kSpace:
+        box.addStretch(std::max(layout.stretch, 1));
+        break;
+      case Kind::kControl:
+        if (layout.control == nullptr) break;
+        if (QWidget* widget = MakeWidget(*layout.control)) box.addWidget(widget, stretch);
+        break;
+      case Kind::kFrame:
+      case Kind::kPages:
+        if (QWidget* widget = MakeContainer(layout)) box.addWidget(widget, stretch);
+        break;
+      case Kind::kRow:
+        AddLine(box, *new QHBoxLayout, layout, stretch);
+        break;
+      case Kind::kColumn:
+        AddLine(box, *new QVBoxLayout, layout, stretch);
+        break;
+      case Kind::kGrid:
+        AddGrid(box, layout, stretch);
+        break;
+    }
+  }
+
+  void AddScrolled(QBoxLayout& box, const Layout& layout, int stretch) {
+    auto* area = new QScrollArea(parent_);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    auto* content = new QWidget(area);
+    Layout inside = layout;
+    inside.scrolls = false;
+    Fill(*content, {inside}, 0);
+    area->setWidget(content);
+    area->setFocusPolicy(Qt::NoFocus);
+    box.addWidget(area, std::max(stretch, 1));
+  }
+
+  // Who has a stretch takes the room left over; where nobody has one it is whoever grows by nature, and where there is
+  // none of these either the room stays empty at the end.
+  void AddLine(QBoxLayout& outer, QBoxLayout& line, const Layout& layout, int stretch) {
+    outer.addLayout(&line, stretch);
+    const bool told = std::any_of(layout.children.begin(), layout.children.end(),
+                                  [](const Layout& child) { return child.stretch > 0; });
+    bool grows = told;
+    for (const Layout& child : layout.children) {
+      const bool by_nature = !told && Grows(child);
+      grows = grows || by_nature;
+      Add(line, child, by_nature ? 1 : child.stretch);
+    }
+    if (!grows) line.addStretch(1);
+  }
+
+  void AddGrid(QBoxLayout& outer, const Layout& layout, int stretch) {
+    auto* grid = new QGridLayout;
+    outer.addLayout(grid, stretch);
+    const int columns = std::max(layout.columns, 1);
+    bool wide = false;
+    bool high = false;
+    int place = 0;
+    for (const Layout& child : layout.children) {
+      const int row = place / columns;
+      const int column = place % columns;
+      ++place;
+      if (child.kind == Kind::kNothing) continue;
+      auto* cell = new QVBoxLayout;
+      grid->addLayout(cell, row, column);
+      Add(*cell, child, Grows(child) ? 1 : 0);
+      grid->setColumnStretch(column, std::max(grid->columnStretch(column), child.stretch));
+      wide = wide || child.stretch > 0;
+      if (!Grows(child) || child.kind == Kind::kSpace || IsFlat(child)) continue;
+      grid->setRowStretch(row, 1);
+      high = true;
+    }
+    if (!wide) grid->setColumnStretch(columns, 1);
+    if (!high) grid->setRowStretch((place + columns - 1) / columns, 1);
+  }
+
+  // A stretch in a grid is across; only these take height as well.
+  static bool IsFlat(const Layout& child) {
+    Layout unstretched = child;
+    unstretched.stretch = 0;
+    return !Grows(unstretched);
+  }
+
+  Form& form_;
+  Gate& gate_;
+  Built built_;
+  QWidget* parent_ = nullptr;
+  QLabel* waiting_label_ = nullptr;
+};
+
+}  // namespace
+
+Built BuildBody(Form& form, Gate& gate, QWidget* parent) {
+  return Builder(form, gate).Build(parent);
+}
+
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,112 @@
+#include "ui/qt/dialogs.h"
+
+#include <QCheckBox>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QPushButton>
+
+#include "ui/qt/convert.h"
+
+namespace zentaline::ui::qt {
+
+namespace {
+
+// "Programs (*.prg)" and "*.prg;*.pgg" make "Programs (*.prg *.pgg)".
+QString NameFilter(const FileFilter& filter) {
+  QString text = ToQt(filter.text).trimmed();
+  if (text.endsWith(u')')) text = text.left(text.lastIndexOf(u'(')).trimmed();
+  QString patterns = ToQt(filter.patterns);
+  patterns.replace(u';', u' ');
+  return text + QStringLiteral(" (") + patterns + u')';
+}
+
+// Asks before a file is replaced, in the program's language.
+class FileDialog : public QFileDialog {
+ public:
+  FileDialog(QWidget* parent, const Words& words) : QFileDialog(parent), words_(words) {}
+
+  void accept() override {
+    const QStringList files = selectedFiles();
+    if (acceptMode() == AcceptSave && !files.isEmpty() && QFileInfo(files.front()).isFile()) {
+      const QString text = ToQt(words_.overwrite).arg(QFileInfo(files.front()).fileName());
+      if (RunBox(this, words_, BoxStyle::kYesNo, words_.overwrite_title, FromQt(text)) != BoxAnswer::kYes) return;
+    }
+    QFileDialog::accept();
+  }
+
+ private:
+  const Words& words_;
+};
+
+}  // namespace
+
+BoxAnswer RunBox(QWidget* parent, const Words& words, BoxStyle style, const std::string& title,
+                 const std::string& text) {
+  QMessageBox box(parent);
+  box.setIcon(QMessageBox::Warning);
+  box.setWindowTitle(ToQt(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(text));
+  QPushButton* yes = nullptr;
+  QPushButton* no = nullptr;
+  QPushButton* last = nullptr;
+  if (style == BoxStyle::kOk) {
+    last = box.addButton(ToQt(words.ok), QMessageBox::AcceptRole);
+    box.setDefaultButton(last);
+  } else {
+    yes = box.addButton(ToQt(words.yes), QMessageBox::YesRole);
+    last = no = box.addButton(ToQt(words.no), QMessageBox::NoRole);
+    if (style == BoxStyle::kYesNoCancel) last = box.addButton(ToQt(words.cancel), QMessageBox::RejectRole);
+    box.setDefaultButton(yes);
+  }
+  box.setEscapeButton(last);
+  box.exec();
+  const QAbstractButton* pressed = box.clickedButton();
+  if (style == BoxStyle::kOk) return BoxAnswer::kOk;
+  if (pressed == yes) return BoxAnswer::kYes;
+  if (pressed == no) return BoxAnswer::kNo;
+  return style == BoxStyle::kYesNo ? BoxAnswer::kNo : BoxAnswer::kCancel;
+}
+
+FileDialogAnswer RunFileDialog(QWidget* parent, const Words& words, const FileDialogRequest& request) {
+  FileDialog dialog(parent, words);
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setOption(QFileDialog::HideNameFilterDetails, false);
+  dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setWindowTitle(ToQt(request.title));
+  QStringList filters;
+  for (const FileFilter& filter : request.filters) filters.append(NameFilter(filter));
+  if (!filters.isEmpty()) dialog.setNameFilters(filters);
+  if (request.filter >= 1 && request.filter <= filters.size()) dialog.selectNameFilter(filters[request.filter - 1]);
+  if (!request.directory.empty()) dialog.setDirectory(QFile::decodeName(request.directory.c_str()));
+  if (!request.default_extension.empty()) dialog.setDefaultSuffix(ToQt(request.default_extension));
+  if (!request.name.empty()) dialog.selectFile(QFile::decodeName(request.name.c_str()));
+  dialog.setLabelText(QFileDialog::LookIn, ToQt(words.look_in));
+  dialog.setLabelText(QFileDialog::FileName, ToQt(words.file_name));
+  dialog.setLabelText(QFileDialog::FileType, ToQt(words.files_of_type));
+  dialog.setLabelText(QFileDialog::Accept, ToQt(request.save ? words.save : words.open));
+  dialog.setLabelText(QFileDialog::Reject, ToQt(words.cancel));
+
+  QCheckBox* read_only = nullptr;
+  if (!request.save && request.shows_read_only) {
+    read_only = new QCheckBox(ToQt(words.read_only), &dialog);
+    read_only->setObjectName(QStringLiteral("read_only"));
+    read_only->setChecked(request.read_only);
+    if (auto* grid = dynamic_cast<QGridLayout*>(dialog.layout())) {
+      grid->addWidget(read_only, grid->rowCount(), 1);
+    }
+  }
+
+  FileDialogAnswer answer;
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return answer;
+  answer.cancelled = false;
+  answer.path = QFile::encodeName(dialog.selectedFiles().front()).toStdString();
+  const int chosen = static_cast<int>(filters.indexOf(dialog.selectedNameFilter()));
+  answer.filter = chosen < 0 ? request.filter : chosen + 1;
+  answer.read_only = read_only != nullptr && read_only->isChecked();
+  return answer;
+}
+
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,50 @@
+#include "ui/qt/convert.h"
+#include "ui/qt/rows_view.h"
+#include "ui/qt/text_views.h"
+
+namespace zentaline::ui::qt {
+
+namespace {
+
+class ListView : public View {
+ public:
+  ListView(ListBox& box, Gate& gate, QWidget* parent)
+      : View(box, gate, new RowsView(box, parent)), box_(box), widget_(static_cast<RowsView*>(View::widget())) {
+    Font fixed = box.font();
+    fixed.fixed_pitch = true;
+    widget_->setFont(ToQt(fixed));
+    Watch(widget_->viewport());
+    widget_->on_select = [this](const std::vector<int>& rows) { User([this, rows] { box_.UserSelect(rows); }); };
+    widget_->on_double_click = [this](int) {
+      User([this] {
+        if (!box_.Usable()) return;
+        const UserEvent event(box_.form());
+        if (box_.on_double_click) box_.on_double_click();
+      });
+    };
+  }
+
+ protected:
+  void Refresh(Change change) override {
+    if (change == Change::kRows) widget_->ShowRows();
+    if (change == Change::kRow) widget_->ShowSelection();
+    if (change == Change::kFont) {
+      Font fixed = box_.font();
+      fixed.fixed_pitch = true;
+      widget_->setFont(ToQt(fixed));
+    }
+  }
+  bool KeyDoes(const Key&, const QKeyEvent& event) override { return widget_->Key(event); }
+
+ private:
+  ListBox& box_;
+  RowsView* widget_;
+};
+
+}  // namespace
+
+View* MakeListBox(ListBox& box, Gate& gate, QWidget* parent) {
+  return new ListView(box, gate, parent);
+}
+
+}  // namespace zentaline::ui::qt

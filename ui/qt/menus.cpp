@@ -1,0 +1,118 @@
+#include "ui/qt/menus.h"
+
+#include <QAction>
+
+#include "ui/qt/convert.h"
+
+namespace zentaline::ui::qt {
+
+namespace {
+
+class EntryView : public QObject, public ControlView {
+ public:
+  // `menu` is that of the entry itself when it has entries below it.
+  EntryView(MenuEntry& entry, Gate& gate, QAction* action, QMenu* menu)
+      : QObject(action), entry_(&entry), gate_(gate), action_(action), menu_(menu) {
+    entry.view = this;
+    action->setObjectName(ToQt(entry.FullName()));
+    if (!entry.shortcut.empty()) action->setShortcut(QKeySequence(ToQt(entry.shortcut)));
+    connect(action, &QAction::triggered, this, [this] {
+      gate_.User(this, [this] {
+        const QPointer<EntryView> alive(this);
+        if (entry_ != nullptr) entry_->UserPress();
+        // Qt has flipped the mark by itself.
+        if (alive) Show(Change::kChecked);
+      });
+    });
+    for (const Change change :
+         {Change::kText, Change::kToolTip, Change::kChecked, Change::kEnabled, Change::kVisible}) {
+      Show(change);
+    }
+  }
+  ~EntryView() override { Detach(); }
+
+  void Detach() {
+    if (entry_ != nullptr && entry_->view == this) entry_->view = nullptr;
+    entry_ = nullptr;
+  }
+  QMenu* menu() const { return menu_; }
+
+  void Show(Change change) override {
+    if (entry_ == nullptr) return;
+    const Gate::Showing showing(gate_);
+    switch (change) {
+      case Change::kText:
+        action_->setText(ToQt(entry_->caption()));
+        break;
+      case Change::kToolTip:
+        action_->setToolTip(ToToolTip(entry_->tool_tip()));
+        break;
+      case Change::kEnabled:
+        action_->setEnabled(entry_->enabled());
+        break;
+      case Change::kVisible:
+        action_->setVisible(entry_->visible());
+        if (separator != nullptr) separator->setVisible(entry_->visible());
+        break;
+      case Change::kChecked:
+        // Only an entry that has been checked once has room for a mark.
+        if (entry_->checked()) action_->setCheckable(true);
+        action_->setChecked(entry_->checked());
+        break;
+      default:
+        break;
+    }
+  }
+
+  QAction* separator = nullptr;
+
+ private:
+  MenuEntry* entry_;
+  Gate& gate_;
+  QAction* action_;
+  QMenu* menu_;
+};
+
+// Places of the bar and of menus take entries alike.
+void AddEntry(MenuEntry& entry, Gate& gate, QWidget& place) {
+  QAction* separator = nullptr;
+  if (entry.separator_before) {
+    separator = new QAction(&place);
+    separator->setSeparator(true);
+    place.addAction(separator);
+  }
+  QMenu* menu = nullptr;
+  QAction* action = nullptr;
+  if (entry.entries().empty() && (entry.parent() != nullptr || entry.on_click)) {
+    action = new QAction(&place);
+  } else {
+    menu = new QMenu(&place);
+    menu->setToolTipsVisible(true);
+    action = menu->menuAction();
+  }
+  place.addAction(action);
+  auto* view = new EntryView(entry, gate, action, menu);
+  view->separator = separator;
+  view->Show(Change::kVisible);
+  for (MenuEntry* below : entry.entries()) AddEntry(*below, gate, *menu);
+}
+
+}  // namespace
+
+void BuildMenus(Form& form, Gate& gate, QMenuBar& bar) {
+  for (MenuEntry* entry : form.menu_bar()) AddEntry(*entry, gate, bar);
+}
+
+void DetachMenus(Form& form) {
+  for (Control* control : form.controls()) {
+    if (control->kind() == ControlKind::kMenuEntry && control->view != nullptr) {
+      static_cast<EntryView*>(control->view)->Detach();
+    }
+  }
+}
+
+QMenu* MenuOf(const MenuEntry& entry) {
+  return entry.view == nullptr ? nullptr : static_cast<EntryView*>(entry.view)->menu();
+}
+
+}  // namespace zentaline::ui::qt

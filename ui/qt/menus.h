@@ -1,0 +1,19 @@
+// The menu bar of a form.
+#pragma once
+
+#include <QMenu>
+#include <QMenuBar>
+
+#include "ui/controls.h"
+#include "ui/form.h"
+#include "ui/qt/gate.h"
+
+namespace zentaline::ui::qt {
+
+// Fills the bar with the form's menus. Their views detach themselves when the bar dies, or by DetachMenus.
+void BuildMenus(Form& form, Gate& gate, QMenuBar& bar);
+void DetachMenus(Form& form);
+// The menu of an entry that has entries below it; null when it isn't shown anywhere.
+QMenu* MenuOf(const MenuEntry& entry);
+
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,53 @@
+// A list of rows whose selection is the model's: keys and mouse ask for another one, and what the model makes of it is
+// shown.
+#pragma once
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <functional>
+#include <vector>
+
+#include "ui/controls.h"
+
+namespace zentaline::ui::qt {
+
+class RowsView : public QListView {
+ public:
+  RowsView(ListBox& box, QWidget* parent);
+
+  // The user asks for these rows, the last one getting the focus.
+  std::function<void(const std::vector<int>&)> on_select;
+  std::function<void(int)> on_double_click;
+
+  void ShowRows();
+  void ShowSelection();
+  // Keys that change the selection; true when the key was one.
+  bool Key(const QKeyEvent& event);
+  void Forget() { box_ = nullptr; }
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  class Rows;
+  class RowPainter;
+  int RowAt(const QPoint& place) const;
+  int HeightOfRows(int rows) const;
+  int TargetOf(const QKeyEvent& event) const;
+  void SelectRange(int from, int to);
+
+  ListBox* box_;
+  Rows* rows_;
+  int anchor_ = 0;       // where a range begins
+  int dragged_to_ = -1;  // the row that the pressed mouse is on
+};
+
+}  // namespace zentaline::ui::qt

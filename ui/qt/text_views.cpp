@@ -1,0 +1,92 @@
+#include "ui/qt/text_views.h"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <algorithm>
+
+#include "ui/qt/convert.h"
+
+namespace zentaline::ui::qt {
+
+namespace {
+
+class LineView : public View {
+ public:
+  LineView(TextBox& box, Gate& gate, QWidget* parent)
+      : View(box, gate, new QLineEdit(parent)), box_(box), widget_(static_cast<QLineEdit*>(View::widget())) {
+    widget_->setDragEnabled(true);
+    connect(widget_, &QLineEdit::textEdited, this, [this](const QString& text) {
+      const int before = cursor_;
+      User([this, text, before] {
+        if (!box_.UserType(FromQt(text))) refused_at_ = before;
+      });
+    });
+    // Comes after textEdited, so that a refused text can be put back with the cursor where it was.
+    connect(widget_, &QLineEdit::cursorPositionChanged, this, [this](int, int now) { cursor_ = now; });
+  }
+
+ protected:
+  void Refresh(Change change) override {
+    widget_->setReadOnly(box_.read_only);
+    if (change != Change::kText) return;
+    const QString text = ToQt(box_.text());
+    widget_->setMaxLength(
+        box_.max_length == 0 ? 32767 : std::max(static_cast<int>(box_.max_length), static_cast<int>(text.size())));
+    if (widget_->text() != text) {
+      widget_->setText(text);
+      widget_->setCursorPosition(refused_at_ < 0 ? 0 : refused_at_);
+    }
+    refused_at_ = -1;
+  }
+
+ private:
+  TextBox& box_;
+  QLineEdit* widget_;
+  int cursor_ = 0;
+  int refused_at_ = -1;
+};
+
+class PagesView : public View {
+ public:
+  PagesView(TextBox& box, Gate& gate, QWidget* parent)
+      : View(box, gate, new QPlainTextEdit(parent)), box_(box), widget_(static_cast<QPlainTextEdit*>(View::widget())) {
+    widget_->setTabChangesFocus(true);
+    Watch(widget_->viewport());
+    connect(widget_, &QPlainTextEdit::textChanged, this,
+            [this] { User([this] { box_.UserType(FromQt(widget_->toPlainText())); }); });
+  }
+
+ protected:
+  void Refresh(Change change) override {
+    widget_->setReadOnly(box_.read_only);
+    if (change != Change::kText) return;
+    QString text = ToQt(box_.text());
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (widget_->toPlainText() == text) return;
+    const int at = widget_->textCursor().position();
+    widget_->setPlainText(text);
+    QTextCursor cursor = widget_->textCursor();
+    cursor.setPosition(std::min(at, static_cast<int>(text.size())));
+    widget_->setTextCursor(cursor);
+  }
+  bool KeyDoes(const Key& key, const QKeyEvent& event) override {
+    // Enter is a line of its own here, not the default button.
+    if (key.name != Key::kEnter || box_.read_only) return false;
+    (void)event;
+    widget_->insertPlainText(QStringLiteral("\n"));
+    return true;
+  }
+
+ private:
+  TextBox& box_;
+  QPlainTextEdit* widget_;
+};
+
+}  // namespace
+
+View* MakeTextBox(TextBox& box, Gate& gate, QWidget* parent) {
+  if (box.multi_line) return new PagesView(box, gate, parent);
+  return new LineView(box, gate, parent);
+}
+
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,75 @@
+// The desktop: forms as windows, boxes, dialogs, and the real clock.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+#include <memory>
+
+#include "ui/qt/gate.h"
+#include "ui/qt/printing.h"
+#include "ui/qt/window.h"
+#include "ui/qt/words.h"
+#include "ui/toolkit.h"
+
+namespace zentaline::ui::qt {
+
+// Needs a QApplication that lives longer.
+class QtToolkit : public Toolkit {
+ public:
+  QtToolkit();
+  ~QtToolkit() override;
+
+  // The words of its own boxes, dialogs and bars; they are borrowed. English at first.
+  void SetWords(const Words& words) { words_ = &words; }
+  // Called whenever words are needed, so that they follow the program's language.
+  void SetWordSource(std::function<const Words&()> source) { word_source_ = std::move(source); }
+
+  // Runs until the main window has closed.
+  int Run();
+  bool ended() const { return ended_; }
+
+  Gate& gate() { return gate_; }
+  // Null while there is none.
+  MainFormWindow* main_window() const { return main_; }
+  FormWindow* WindowOf(const Form& form) const;
+
+  BoxAnswer MessageBox(BoxStyle style, const std::string& title, const std::string& text) override;
+  FileDialogAnswer FileDialog(const FileDialogRequest& request) override;
+  void PopupMenu(MenuEntry& menu) override;
+  void ShowWait(const std::string& text) override;
+  Size ScreenSize() override;
+  int TextWidth(const Font& font, const std::string& text) override;
+  std::string ShortDate() override;
+  bool PrintText(int left, int top, const Font& font, const std::string& text) override;
+  bool EndPrint() override;
+  std::int64_t Now() override;
+  void TimersChanged() override;
+  void MainClosed() override;
+
+ protected:
+  void ShowForm(Form& form) override;
+  void HideForm(Form& form) override;
+  void RaiseForm(Form& form) override;
+  void RunModal(Form& form) override;
+
+ private:
+  const Words& words() const { return word_source_ ? word_source_() : *words_; }
+  QWidget* FrontWindow() const;
+  void OnTimer();
+  void OnChildActivated(QMdiSubWindow* window);
+  void PaintNow();
+
+  Gate gate_;
+  const Words* words_;
+  std::function<const Words&()> word_source_;
+  QElapsedTimer clock_;
+  QTimer due_;
+  Printing printing_;
+  MainFormWindow* main_ = nullptr;
+  std::vector<std::pair<Form*, QEventLoop*>> modal_loops_;
+  bool waiting_ = false;
+  bool ended_ = false;
+};
+
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,169 @@
+// Scroll bars and combo boxes.
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QStyleOptionComboBox>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cstdlib>
+
+#include "ui/qt/convert.h"
+#include "ui/qt/simple_views.h"
+#include "ui/qt/text_views.h"
+
+namespace zentaline::ui::qt {
+
+namespace {
+
+constexpr int kLeastBarLength = 120;  // pixels: long enough to aim at a value
+
+// Turning the wheel over a page scrolls the page; it changes a value only where the focus is.
+template <class Base>
+class CalmWheel : public Base {
+ public:
+  using Base::Base;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override {
+    if (this->hasFocus()) {
+      Base::wheelEvent(event);
+    } else {
+      event->ignore();
+    }
+  }
+};
+
+class Bar : public CalmWheel<QScrollBar> {
+ public:
+  using CalmWheel::CalmWheel;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    CalmWheel::paintEvent(event);
+    if (!hasFocus()) return;
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+};
+
+class ScrollBarView : public View {
+ public:
+  ScrollBarView(ScrollBar& bar, Gate& gate, QWidget* parent)
+      : View(bar, gate, new Bar(parent)), bar_(bar), widget_(static_cast<QScrollBar*>(View::widget())) {
+    widget_->setOrientation(bar.vertical ? Qt::Vertical : Qt::Horizontal);
+    widget_->setFocusPolicy(Qt::StrongFocus);
+    widget_->setContextMenuPolicy(Qt::PreventContextMenu);
+    if (bar.vertical) {
+      widget_->setMinimumHeight(kLeastBarLength);
+    } else {
+      widget_->setMinimumWidth(kLeastBarLength);
+    }
+    connect(widget_, &QScrollBar::valueChanged, this,
+            [this](int way) { User([this, way] { bar_.UserSet(bar_.min() + Sign() * way); }); });
+  }
+
+ protected:
+  // The widget counts the way from its start, since the greater value may stand at either end.
+  int Sign() const { return bar_.max() >= bar_.min() ? 1 : -1; }
+  void Refresh(Change change) override {
+    if (change == Change::kRange) {
+      widget_->setRange(0, std::abs(bar_.max() - bar_.min()));
+      widget_->setSingleStep(bar_.step());
+      widget_->setPageStep(bar_.page());
+    }
+    if (change == Change::kRange || change == Change::kValue) widget_->setValue(Sign() * (bar_.value() - bar_.min()));
+  }
+  bool KeyDoes(const Key& key, const QKeyEvent&) override {
+    if (key.name < Key::kUp) return false;
+    bar_.DefaultKey(key);
+    return true;
+  }
+
+ private:
+  ScrollBar& bar_;
+  QScrollBar* widget_;
+};
+
+// Shows the model's text, also when it is none of the rows.
+class Combo : public CalmWheel<QComboBox> {
+ public:
+  using CalmWheel::CalmWheel;
+  QString shown;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    if (isEditable()) {
+      CalmWheel::paintEvent(event);
+      return;
+    }
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = shown;
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+  }
+};
+
+class ComboBoxView : public View {
+ public:
+  ComboBoxView(ComboBox& box, Gate& gate, QWidget* parent)
+      : View(box, gate, new Combo(parent)), box_(box), widget_(static_cast<Combo*>(View::widget())) {
+    widget_->setEditable(box.editable);
+    widget_->setInsertPolicy(QComboBox::NoInsert);
+    widget_->setMaxVisibleItems(24);
+    widget_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    widget_->view()->setTextElideMode(Qt::ElideNone);
+    widget_->setMinimumContentsLength(6);
+    connect(widget_, &QComboBox::activated, this, [this](int row) { User([this, row] { box_.UserSelect(row); }); });
+    if (QLineEdit* line = widget_->lineEdit()) {
+      line->setCompleter(nullptr);
+      Watch(line);
+      connect(line, &QLineEdit::textEdited, this,
+              [this](const QString& text) { User([this, text] { box_.UserType(FromQt(text)); }); });
+    }
+  }
+
+ protected:
+  void Refresh(Change change) override {
+    if (change == Change::kRows) {
+      widget_->clear();
+      for (int row = 0; row < box_.rows(); ++row) widget_->addItem(ToQt(box_.RowText(row)));
+    }
+    if (change != Change::kRows && change != Change::kRow) return;
+    widget_->shown = ToQt(box_.text());
+    widget_->setCurrentIndex(box_.row());
+    if (widget_->isEditable() && widget_->lineEdit()->text() != widget_->shown) {
+      widget_->lineEdit()->setText(widget_->shown);
+    }
+    widget_->setAccessibleDescription(widget_->shown);
+    widget_->update();
+  }
+  bool KeyDoes(const Key& key, const QKeyEvent&) override {
+    const bool in_text = box_.editable && (key.name == Key::kHome || key.name == Key::kEnd);
+    if (key.name < Key::kUp || in_text) return false;
+    box_.DefaultKey(key);
+    return true;
+  }
+
+ private:
+  ComboBox& box_;
+  Combo* widget_;
+};
+
+}  // namespace
+
+View* MakeScrollBar(ScrollBar& bar, Gate& gate, QWidget* parent) {
+  return new ScrollBarView(bar, gate, parent);
+}
+
+View* MakeComboBox(ComboBox& box, Gate& gate, QWidget* parent) {
+  return new ComboBoxView(box, gate, parent);
+}
+
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,197 @@
+#include "ui/qt/view.h"
+
+#include <QContextMenuEvent>
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include "ui/controls.h"
+#include "ui/qt/convert.h"
+
+namespace zentaline::ui::qt {
+
+bool PressByKey(Form& form, const Key& key) {
+  Button* button = key.name == Key::kEnter    ? form.default_button
+                   : key.name == Key::kEscape ? form.cancel_button
+                                              : nullptr;
+  return button != nullptr && button->UserPress();
+}
+
+View::View(Control& control, Gate& gate, QWidget* widget)
+    : QObject(widget), control_(&control), gate_(gate), widget_(widget) {
+  control.view = this;
+  widget->setObjectName(ToQt(control.FullName()));
+  widget->setProperty(kShowsControl, true);
+  Watch(widget);
+}
+
+View::~View() {
+  Detach();
+}
+
+void View::Detach() {
+  if (control_ != nullptr && control_->view == this) control_->view = nullptr;
+  control_ = nullptr;
+}
+
+void View::Show(Change change) {
+  if (control_ == nullptr) return;
+  const Gate::Showing showing(gate_);
+  ShowCommon(change);
+  Refresh(change);
+}
+
+void View::ShowAll() {
+  for (const Change change : {Change::kFont, Change::kColours, Change::kToolTip, Change::kText, Change::kRows,
+                              Change::kRow, Change::kRange, Change::kValue, Change::kChecked, Change::kEnabled}) {
+    Show(change);
+  }
+  const Gate::Showing showing(gate_);
+  ShowLeastSize();
+  if (!control_->visible()) widget_->setVisible(false);
+}
+
+void View::ShowCommon(Change change) {
+  switch (change) {
+    case Change::kEnabled:
+      widget_->setEnabled(control_->enabled());
+      break;
+    case Change::kVisible:
+      widget_->setVisible(control_->visible());
+      break;
+    case Change::kColours:
+      ShowColours();
+      break;
+    case Change::kFont:
+      if (control_->font() != Font{}) field()->setFont(ToQt(control_->font()));
+      break;
+    case Change::kToolTip:
+      widget_->setToolTip(ToToolTip(control_->tool_tip()));
+      break;
+    case Change::kFocus:
+      if (control_->HasFocus()) field()->setFocus(Qt::OtherFocusReason);
+      break;
+    default:
+      break;
+  }
+}
+
+void View::ShowColours() {
+  // The window's own colour, asked for by its number, is the desktop's, whatever that looks like.
+  std::optional<Colour> back = control_->back_colour();
+  if (back == kWindowColour) back.reset();
+  const std::optional<Colour> fore = control_->fore_colour();
+  QPalette palette;
+  if (back) {
+    const QColor colour = ToQt(*back);
+    palette.setColor(QPalette::Base, colour);
+    palette.setColor(QPalette::Window, colour);
+    palette.setColor(QPalette::Button, colour);
+  }
+  if (fore || back) {
+    const QColor colour = fore ? ToQt(*fore) : QColor(qGray(ToQt(*back).rgb()) > 127 ? Qt::black : Qt::white);
+    palette.setColor(QPalette::Text, colour);
+    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::ButtonText, colour);
+  }
+  field()->setPalette(palette);
+}
+
+void View::ShowLeastSize() {
+  const Size least = control_->least_characters;
+  const QFontMetrics metrics(field()->font());
+  const int border = 2 * metrics.averageCharWidth();
+  if (least.width > 0) widget_->setMinimumWidth(least.width * metrics.horizontalAdvance(u'0') + border);
+  if (least.height > 1) widget_->setMinimumHeight(least.height * metrics.lineSpacing() + border);
+}
+
+bool View::KeyDoes(const Key& key, const QKeyEvent& event) {
+  (void)key;
+  (void)event;
+  return false;
+}
+
+void View::Watch(QWidget* part) {
+  part->installEventFilter(this);
+}
+
+void View::User(const std::function<void()>& act) {
+  if (control_ == nullptr) return;
+  gate_.User(this, [this, act] {
+    const QPointer<View> alive(this);
+    if (control_ != nullptr) act();
+    if (!alive || control_ == nullptr) return;
+    const Gate::Showing showing(gate_);
+    Refresh(Change::kText);
+    Refresh(Change::kRow);
+    Refresh(Change::kValue);
+  });
+}
+
+bool View::eventFilter(QObject* watched, QEvent* event) {
+  if (control_ == nullptr) return false;
+  QWidget* part = static_cast<QWidget*>(watched);
+  switch (event->type()) {
+    case QEvent::FocusIn: {
+      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+      if (reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+          reason == Qt::ShortcutFocusReason) {
+        gate_.User(this, [this] {
+          if (control_ != nullptr) control_->UserFocus();
+        });
+      }
+      return false;
+    }
+    case QEvent::KeyPress:
+      return part->hasFocus() && OnKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+      return OnMouse(*part, *static_cast<QMouseEvent*>(event));
+    case QEvent::ContextMenu:
+      if (!HasContext()) return false;
+      // The mouse's opens on release.
+      if (static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Mouse) {
+        gate_.UserNow([this] { control_->UserContext(); });
+      }
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool View::OnKey(const QKeyEvent& event) {
+  const std::optional<Key> key = ToKey(event);
+  if (!key) return false;
+  bool taken = false;
+  const QPointer<View> alive(this);
+  gate_.UserNow([&] {
+    control_->UserKey(*key);
+    // The handler may have closed the window or disabled the control: then the key has done its work.
+    taken = !alive || control_ == nullptr || !control_->Usable() || !field()->isEnabled();
+    if (!taken) taken = KeyDoes(*key, event);
+    if (!taken && alive && control_ != nullptr) taken = PressByKey(control_->form(), *key);
+  });
+  return taken;
+}
+
+bool View::OnMouse(const QWidget& part, const QMouseEvent& event) {
+  const bool right = event.button() == Qt::RightButton || (event.buttons() & Qt::RightButton) != 0;
+  const QPoint place = part.mapTo(widget_, event.position().toPoint());
+  const QPointer<View> alive(this);
+  if (control_->on_mouse) {
+    const MouseEvent::What what = event.type() == QEvent::MouseMove            ? MouseEvent::kMove
+                                  : event.type() == QEvent::MouseButtonRelease ? MouseEvent::kUp
+                                                                               : MouseEvent::kDown;
+    gate_.UserNow([&] { control_->UserMouse({what, place.x(), place.y(), right}); });
+    if (!alive || control_ == nullptr) return true;
+  }
+  if (event.button() != Qt::RightButton || !HasContext()) return false;
+  if (event.type() == QEvent::MouseButtonRelease && widget_->rect().contains(place)) {
+    gate_.UserNow([&] { control_->UserContext(); });
+  }
+  return true;
+}
+
+}  // namespace zentaline::ui::qt

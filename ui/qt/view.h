@@ -1,0 +1,61 @@
+// The widget of one control: shows the model and reports what the user does to it.
+#pragma once
+
+#include <QKeyEvent>
+#include <QWidget>
+#include <functional>
+
+#include "ui/control.h"
+#include "ui/form.h"
+#include "ui/qt/gate.h"
+
+namespace zentaline::ui::qt {
+
+// Presses the form's default button on Enter, its cancel button on Escape; false when there is none.
+bool PressByKey(Form& form, const Key& key);
+
+// The property of a widget that shows a control.
+inline constexpr char kShowsControl[] = "shows_control";
+
+// Lives as long as its widget, whose child it is. After Detach it has no control any more and does nothing.
+class View : public QObject, public ControlView {
+ public:
+  View(Control& control, Gate& gate, QWidget* widget);
+  ~View() override;
+
+  void Show(Change change) final;
+  void ShowAll();
+  void Detach();
+  QWidget* widget() const { return widget_; }
+  Control* control() const { return control_; }
+
+ protected:
+  // Shows what only controls of this kind have.
+  virtual void Refresh(Change change) = 0;
+  // What the key does in a control of this kind where the widget has no such way, or another one; true when it is done.
+  virtual bool KeyDoes(const Key& key, const QKeyEvent& event);
+  // The widget that takes the focus and the colours.
+  virtual QWidget* field() const { return widget_; }
+  virtual void ShowColours();
+  // The room that `least_characters` asks for.
+  virtual void ShowLeastSize();
+
+  // Has a part of the widget watched for focus, keys and mouse too.
+  void Watch(QWidget* part);
+  // Reports a doing of the user, and shows the model again afterwards: it may have been refused.
+  void User(const std::function<void()>& act);
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  Gate& gate() const { return gate_; }
+
+ private:
+  bool OnKey(const QKeyEvent& event);
+  bool OnMouse(const QWidget& part, const QMouseEvent& event);
+  bool HasContext() const { return control_->on_context || control_->form().on_context; }
+  void ShowCommon(Change change);
+
+  Control* control_;
+  Gate& gate_;
+  QWidget* widget_;
+};
+
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,360 @@
+#include "ui/qt/window.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QUrl>
+#include <algorithm>
+#include <utility>
+
+#include "ui/qt/builder.h"
+#include "ui/qt/convert.h"
+#include "ui/qt/menus.h"
+
+namespace zentaline::ui::qt {
+
+namespace {
+
+constexpr QSize kFirstSize(1120, 760);  // of the main window, where the screen has room for it
+constexpr QSize kLeastSize(480, 320);
+
+// What every frame reports to its window.
+template <class Base>
+class Frame : public Base {
+ public:
+  using Base::Base;
+  FormWindow* owner = nullptr;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    event->ignore();
+    if (owner != nullptr) owner->CloseAsked();
+  }
+  void moveEvent(QMoveEvent* event) override {
+    Base::moveEvent(event);
+    if (owner != nullptr) owner->GeometryChanged();
+  }
+  void resizeEvent(QResizeEvent* event) override {
+    Base::resizeEvent(event);
+    if (owner != nullptr) owner->GeometryChanged();
+  }
+  void changeEvent(QEvent* event) override {
+    Base::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && owner != nullptr) owner->GeometryChanged();
+  }
+};
+
+class DialogFrame : public Frame<QDialog> {
+ public:
+  using Frame::Frame;
+  // Escape with the focus nowhere: only a cancel button answers it.
+  void reject() override {
+    if (owner != nullptr && owner->form() != nullptr) PressByKey(*owner->form(), {Key::kEscape, {}});
+  }
+};
+
+WindowState StateOf(const QWidget& window) {
+  if (window.isMinimized()) return WindowState::kMinimised;
+  return window.isMaximized() ? WindowState::kMaximised : WindowState::kNormal;
+}
+
+Placement PlacementOf(const QRect& place, WindowState state) {
+  return {place.left(), place.top(), place.width(), place.height(), state};
+}
+
+Size SizeOf(const QSize& size) {
+  return {size.width(), size.height()};
+}
+
+void NameSystemMenu(QMenu& menu, const Words& words) {
+  const std::pair<const char*, const std::string&> names[] = {
+      {"Restore", words.restore},   {"Move", words.move},         {"Size", words.size},
+      {"Minimize", words.minimise}, {"Maximize", words.maximise}, {"Stay on Top", words.stay_on_top},
+      {"Close", words.close}};
+  for (QAction* action : menu.actions()) {
+    // Its shortcuts would compete with the menu bar's.
+    action->setShortcuts(QList<QKeySequence>{});
+    for (const auto& [name, text] : names) {
+      if (action->text().remove(u'&') == QLatin1String(name)) action->setText(ToQt(text));
+    }
+  }
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, Gate& gate, QWidget* frame)
+    : QObject(frame), form_(&form), gate_(gate), frame_(frame) {
+  form.view = this;
+  frame->setObjectName(ToQt(form.FullName()));
+}
+
+FormWindow::~FormWindow() {
+  Detach();
+}
+
+void FormWindow::BuildIn(QWidget* parent) {
+  Built built = BuildBody(*form_, gate_, parent);
+  body_ = built.body;
+  for (View* view : built.views) views_.emplace_back(view);
+  body_->installEventFilter(this);
+}
+
+void FormWindow::Detach() {
+  for (const QPointer<View>& view : views_) {
+    if (view) view->Detach();
+  }
+  views_.clear();
+  if (form_ == nullptr) return;
+  DetachMenus(*form_);
+  if (form_->view == this) form_->view = nullptr;
+  form_ = nullptr;
+}
+
+void FormWindow::ShowCaption() {
+  const Gate::Showing showing(gate_);
+  frame_->setWindowTitle(ToQt(form_->caption()));
+}
+
+Placement FormWindow::PlacementNow() const {
+  return PlacementOf(frame_->geometry(), StateOf(*frame_));
+}
+
+Size FormWindow::InnerNow() const {
+  return SizeOf(body_->size());
+}
+
+void FormWindow::Report() {
+  if (form_ != nullptr && frame_->isVisible()) form_->UserPlace(PlacementNow(), InnerNow());
+}
+
+void FormWindow::GeometryChanged() {
+  if (form_ == nullptr || body_ == nullptr || std::exchange(report_due_, true)) return;
+  // A change of state comes as several events: they are told as one.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        report_due_ = false;
+        gate_.User(this, [this] { Report(); });
+      },
+      Qt::QueuedConnection);
+}
+
+void FormWindow::CloseAsked() {
+  gate_.User(this, [this] {
+    Report();
+    if (form_ != nullptr) form_->UserClose();
+  });
+}
+
+void FormWindow::ShowFocus() {
+  if (form_ == nullptr || form_->focus() == nullptr || form_->focus()->view == nullptr) return;
+  form_->focus()->view->Show(Change::kFocus);
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (form_ == nullptr || watched != body_) return false;
+  const bool press = event->type() == QEvent::MouseButtonPress;
+  const bool release = event->type() == QEvent::MouseButtonRelease;
+  const bool context_key = event->type() == QEvent::ContextMenu;
+  if (context_key && form_->on_context) return true;
+  if (!press && !release && event->type() != QEvent::MouseMove) return false;
+  const auto& mouse = *static_cast<QMouseEvent*>(event);
+  const QPoint place = mouse.position().toPoint();
+  for (const QWidget* child = body_->childAt(place); child != nullptr && child != body_;
+       child = child->parentWidget()) {
+    if (child->property(kShowsControl).toBool() && child->isEnabled()) return false;
+  }
+  const bool right = mouse.button() == Qt::RightButton || (mouse.buttons() & Qt::RightButton) != 0;
+  gate_.UserNow([&] {
+    if (form_->on_mouse) {
+      form_->UserMouse({press     ? MouseEvent::kDown
+                        : release ? MouseEvent::kUp
+                                  : MouseEvent::kMove,
+                        place.x(), place.y(), right});
+    }
+    if (release && mouse.button() == Qt::RightButton && form_ != nullptr) form_->UserContext();
+  });
+  return false;
+}
+
+MainFormWindow::MainFormWindow(Form& form, Gate& gate, const Words& words)
+    : FormWindow(form, gate, new Frame<QMainWindow>),
+      window_(static_cast<QMainWindow*>(frame())),
+      area_(new QMdiArea),
+      progress_(new QProgressBar),
+      words_(words) {
+  static_cast<Frame<QMainWindow>*>(window_)->owner = this;
+  window_->setMinimumSize(kLeastSize);
+  auto* inside = new QWidget(window_);
+  auto* column = new QVBoxLayout(inside);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  area_->setAcceptDrops(true);
+  column->addWidget(area_, 1);
+  auto* strip = new QHBoxLayout;
+  strip->setSpacing(0);
+  column->addLayout(strip);
+  BuildIn(inside);
+  strip->addWidget(body(), 1);
+  progress_->setMinimumWidth(260);
+  progress_->setToolTip(ToToolTip(words.progress_tool_tip));
+  progress_->setVisible(false);
+  strip->addWidget(progress_);
+  window_->setCentralWidget(inside);
+  if (!form.menu_bar().empty()) BuildMenus(form, gate, *window_->menuBar());
+  window_->setAcceptDrops(true);
+  window_->installEventFilter(this);
+  ShowCaption();
+  ShowPlacement();
+}
+
+void MainFormWindow::ShowPlacement() {
+  const Gate::Showing showing(gate());
+  const Placement& place = form()->placement();
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  if (place.width > 0) {
+    // A place on a screen that is gone is no place.
+    const QRect wanted(place.left, place.top, place.width, place.height);
+    const bool reachable = QGuiApplication::screenAt(wanted.center()) != nullptr;
+    window_->resize(wanted.size().expandedTo(kLeastSize));
+    window_->move(reachable ? wanted.topLeft() : room.topLeft());
+  } else if (!window_->isVisible()) {
+    window_->resize(kFirstSize.boundedTo(room.size() * 9 / 10));
+    window_->move(room.center() - window_->rect().center());
+  }
+  const Qt::WindowStates states = window_->windowState() & ~(Qt::WindowMaximized | Qt::WindowMinimized);
+  window_->setWindowState(states | (place.state == WindowState::kMaximised   ? Qt::WindowMaximized
+                                    : place.state == WindowState::kMinimised ? Qt::WindowMinimized
+                                                                             : Qt::WindowNoState));
+}
+
+Placement MainFormWindow::PlacementNow() const {
+  const WindowState state = StateOf(*window_);
+  if (state != WindowState::kNormal && window_->normalGeometry().isValid()) {
+    return PlacementOf(window_->normalGeometry(), state);
+  }
+  return PlacementOf({window_->pos(), window_->size()}, state);
+}
+
+Size MainFormWindow::InnerNow() const {
+  return SizeOf(area_->viewport()->size());
+}
+
+bool MainFormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == window_ && (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove)) {
+    auto* drag = static_cast<QDragMoveEvent*>(event);
+    const QList<QUrl> urls = drag->mimeData()->urls();
+    const bool files = std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+    if (files) drag->acceptProposedAction();
+    return true;
+  }
+  if (watched == window_ && event->type() == QEvent::Drop) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : static_cast<QDropEvent*>(event)->mimeData()->urls()) {
+      if (url.isLocalFile()) paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+    }
+    static_cast<QDropEvent*>(event)->acceptProposedAction();
+    gate().User(this, [this, paths] {
+      if (form() == nullptr || !form()->Reachable()) return;
+      const UserEvent scope(*form());
+      form()->FilesDropped(paths);
+    });
+    return true;
+  }
+  return FormWindow::eventFilter(watched, event);
+}
+
+void MainFormWindow::ShowProgress(std::uint32_t gone, std::uint32_t total, int seconds_left) {
+  const Gate::Showing showing(gate());
+  const QLocale locale;
+  progress_->setRange(0, static_cast<int>(total));
+  progress_->setValue(static_cast<int>(gone));
+  progress_->setFormat(ToQt(words_.progress).arg(locale.toString(gone), locale.toString(total)).arg(seconds_left));
+  progress_->setVisible(true);
+}
+
+void MainFormWindow::HideProgress() {
+  const Gate::Showing showing(gate());
+  progress_->setVisible(false);
+}
+
+ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMdiArea* area)
+    : FormWindow(form, gate, new Frame<QMdiSubWindow>), window_(static_cast<QMdiSubWindow*>(frame())) {
+  static_cast<Frame<QMdiSubWindow>*>(window_)->owner = this;
+  BuildIn(window_);
+  window_->setWidget(body());
+  window_->setWindowIcon(QGuiApplication::windowIcon());
+  if (QMenu* menu = window_->systemMenu()) NameSystemMenu(*menu, words);
+  ShowCaption();
+  area->addSubWindow(window_);
+  const Placement& place = form.placement();
+  if (place.width == 0) {
+    const QSize hint = window_->sizeHint();
+    const QSize room = area->viewport()->size();
+    window_->resize(hint.boundedTo(room).expandedTo(window_->minimumSizeHint()));
+  }
+  Place(place);
+}
+
+void ChildFormWindow::ShowPlacement() {
+  const Gate::Showing showing(gate());
+  Place(form()->placement());
+}
+
+void ChildFormWindow::Place(const Placement& place) {
+  if (place.width > 0) {
+    const QRect wanted(place.left, place.top, place.width, place.height);
+    if (StateOf(*window_) != WindowState::kNormal) window_->showNormal();
+    window_->setGeometry({wanted.topLeft(), wanted.size().expandedTo(window_->minimumSizeHint())});
+    normal_ = window_->geometry();
+  }
+  switch (place.state) {
+    case WindowState::kNormal:
+      window_->showNormal();
+      break;
+    case WindowState::kMinimised:
+      window_->showMinimized();
+      break;
+    case WindowState::kMaximised:
+      window_->showMaximized();
+      break;
+  }
+}
+
+Placement ChildFormWindow::PlacementNow() const {
+  const WindowState state = StateOf(*window_);
+  if (state == WindowState::kNormal) normal_ = window_->geometry();
+  return PlacementOf(normal_.isValid() ? normal_ : window_->geometry(), state);
+}
+
+ModalFormWindow::ModalFormWindow(Form& form, Gate& gate, QWidget* parent)
+    : FormWindow(form, gate, new DialogFrame(parent)), window_(static_cast<QDialog*>(frame())) {
+  static_cast<DialogFrame*>(window_)->owner = this;
+  auto* column = new QVBoxLayout(window_);
+  column->setContentsMargins(0, 0, 0, 0);
+  BuildIn(window_);
+  column->addWidget(body());
+  ShowCaption();
+  ShowPlacement();
+}
+
+void ModalFormWindow::ShowPlacement() {
+  const Gate::Showing showing(gate());
+  const Placement& place = form()->placement();
+  if (place.width == 0) return;
+  window_->setGeometry(place.left, place.top, place.width, place.height);
+}
+
+}  // namespace zentaline::ui::qt
