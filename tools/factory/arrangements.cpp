@@ -176,7 +176,7 @@ bool ArrangementTables::ReadFullRow(const SourceLine& line, int place, const std
     if (TrimRight(StyleName(bank_styles_ + place)) != cells[1]) problems_.Add(line, "the style has another name");
   }
   std::string problem;
-  if (!ApplySetting("tempo " + std::string(cells[3]), record, problem)) problems_.Add(line, problem);
+  ApplySettings(line, "tempo " + std::string(cells[3]), record);
   for (int part = 0; part < kArrPartCount; ++part) {
     if (!SetSound(part, cells[4 + static_cast<std::size_t>(part)], record, problem)) problems_.Add(line, problem);
   }
