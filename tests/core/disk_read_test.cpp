@@ -113,8 +113,8 @@ TEST(DiskRead, SaysWhenTheFileMayNotBeRead) {
 TEST(DiskRead, SaysWhenNoMoreFilesCanBeOpened) {
   const ScratchFolder folder;
   folder.Put("file", "x");
+  PosixDisk disk;
   const int result = test::InChild([&] {
-    PosixDisk disk;
     Bytes content;
     // Also lets the sanitizers, which need a descriptor for it, look at the object before there are none left.
     if (disk.Read(folder.Path("file"), content, kLargest) != DiskResult::kOk) return 98;
