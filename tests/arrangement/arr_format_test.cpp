@@ -124,7 +124,7 @@ TEST(ArrImage, RecordsStandAt303InStepsOf164) {
 
 TEST(ArrImage, ANewFilesWindowCarriesTheEmptyStylesAndTheRowLabels) {
   const std::string styles = "KORG" + std::string(100, 's');
-  const Bytes image = BuildNewArrImage(NewArrFile(), styles, "/work/Untitled3", 3);
+  const Bytes image = BuildNewArrImage(NewArrFile(), styles, "/songs/Untitled3", 3);
   ASSERT_EQ(image.size(), 42622U + 104);
   std::string control = Zeros(20);
   Set(control, 1, 20);
@@ -134,7 +134,7 @@ TEST(ArrImage, ANewFilesWindowCarriesTheEmptyStylesAndTheRowLabels) {
   Set(control, 15, 3);
   Set(control, 18, 1);
   EXPECT_EQ(image.substr(0, 20), control);
-  EXPECT_EQ(image.substr(20, 250), Field("/work/Untitled3", 250));
+  EXPECT_EQ(image.substr(20, 250), Field("/songs/Untitled3", 250));
   EXPECT_EQ(image.substr(42622), styles);
   EXPECT_EQ(image.substr(10798, 21), "11" + Zeros(1) + Blanks(18));
   EXPECT_EQ(image.substr(10798 + 21 * 8, 3), "21" + Zeros(1));
@@ -143,7 +143,7 @@ TEST(ArrImage, ANewFilesWindowCarriesTheEmptyStylesAndTheRowLabels) {
 }
 
 TEST(ArrImage, ANewFilesWindowWithoutEmptyStylesSaysSo) {
-  const Bytes image = BuildNewArrImage(NewArrFile(), "", "/work/Untitled1", 1);
+  const Bytes image = BuildNewArrImage(NewArrFile(), "", "/songs/Untitled1", 1);
   EXPECT_EQ(At(image, 9), 0);
   EXPECT_EQ(At(image, 10), 0);
   EXPECT_EQ(At(image, 18), 0);
