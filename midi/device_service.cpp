@@ -7,7 +7,6 @@ namespace zentaline {
 namespace {
 constexpr std::uint32_t kDone = 1;
 constexpr std::uint32_t kPrepared = 2;
-constexpr std::size_t kProductNameLength = 32;
 }  // namespace
 
 std::string ShortMessageBytes(std::uint32_t word) {
@@ -16,15 +15,18 @@ std::string ShortMessageBytes(std::uint32_t word) {
   return bytes;
 }
 
-std::string ProductName(std::string_view name) {
-  name = name.substr(0, name.find('\0'));
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   std::size_t characters = 0;
   std::size_t end = 0;
-  for (; end < name.size(); ++end) {
-    const bool starts_character = (static_cast<unsigned char>(name[end]) & 0xC0U) != 0x80U;
-    if (starts_character && ++characters > kProductNameLength) break;
+  for (; end < text.size(); ++end) {
+    const bool starts_character = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
+    if (starts_character && ++characters > count) break;
   }
-  return std::string(name.substr(0, end));
+  return text.substr(0, end);
+}
+
+std::string ProductName(std::string_view name) {
+  return std::string(FirstCharacters(name.substr(0, name.find('\0')), kProductNameLength));
 }
 
 int DeviceService::Fault(MidiOperation) {

@@ -21,8 +21,13 @@ enum class MidiDirection { kOut, kIn };
 // The bytes of a short message as they go on the wire, 2 or 3.
 std::string ShortMessageBytes(std::uint32_t word);
 
-// A product name: up to its first zero byte, at most 32 characters of UTF-8.
+inline constexpr std::size_t kProductNameLength = 32;
+
+// A product name: up to its first zero byte, at most kProductNameLength characters of UTF-8.
 std::string ProductName(std::string_view name);
+
+// The first characters of a UTF-8 text, as many as `count`.
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
 class DeviceService : public MidiService {
  public:
