@@ -8,6 +8,9 @@
 
 namespace zentaline {
 
+// What is kept of the name of a file that was sent.
+inline constexpr std::size_t kInstrumentNameLength = 24;
+
 struct ArrangementState {
   Bytes ArrFileImage;           // the last file read, until its window is built
   Bytes ArrEditRecord;          // 567 bytes: the record under edit
@@ -17,7 +20,7 @@ struct ArrangementState {
   bool EditorOpen = false;
   bool EditorChanged = false;
   bool FindActive = false;
-  int FindRow = 0;
+  int FindRow = -1;  // 0 to 63, the row the search wants
   int FindFileId = 0;
   bool FindNeedsPrg = false;
   bool FindUserStyle = false;

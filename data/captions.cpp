@@ -54,6 +54,12 @@ constexpr Row kCaptions[] = {
     {"frmMain", "mnuWEditDBArr", "i40DBArr", "i40DBArr"},
     {"frmMain", "mnuMIDIThru", "MIDI Thru", "MIDI Thru"},
     {"frmMain", "mnuHelp", "A&iuto", "&Help"},
+
+    {"frmArrU", "LabelId", "Id", "Id"},
+    {"frmArrU", "Frame1(0)", "Allo strumento", "To the instrument"},
+    {"frmArrU", "Frame1(1)", "Mostra", "Show"},
+    {"frmArrU", "Frame1(2)", "Modifica e numera", "Edit and number"},
+    {"frmArrU", "Frame1(3)", "Modo", "Mode"},
 };
 // clang-format on
 

@@ -1,0 +1,42 @@
+// Arrangements, as the rest of the program uses them. Paths are the file system's bytes, without extension unless told.
+#pragma once
+
+#include <string>
+
+#include "core/bytes.h"
+
+namespace zentaline {
+
+struct Application;
+class ChildWindow;
+
+// Reads the .arr into ArrFileImage: 0 read, 1 the file system's error was shown, 2 a bad file (shown), 3 absent or
+// empty. `path` has its extension.
+int ReadArrFile(Application& app, const std::string& path);
+
+// Shows the file in ArrFileImage in window 1 to 9, whose slot is marked open by it.
+ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path, bool read_only);
+// mnuArrU: window 9 with the file of its entry.
+void OpenArrUser(Application& app);
+// The file stands in the instrument now: slot 9 takes its path, and window 9, when it is open, shows it.
+void SlotTakeFile(Application& app, const std::string& path);
+
+// Writes the .arr, and its styles as the image says. False when something failed: the image still counts as changed.
+bool SaveArrFile(Application& app, Bytes& image);
+
+// Puts ArrEditRecord back into the image it came from: 0 done, 1 the window is read-only (shown), 2 no such window.
+int StoreEditRecord(Application& app);
+
+// --- The database ---
+
+// The id of the file at `path`, or 0.
+int DBLookupId(Application& app, const std::string& path);
+// Enters the file that CurrentFileDir and CurrentFileName name; its id, or 0, is in ArrFileId. `kind` is 19 from a file
+// window.
+void DBAddFile(Application& app, int kind);
+// Takes out the entries whose files are gone or not to be kept.
+void DBPurge(Application& app);
+// 1 when there is no database, else 0; shows what it finds unless SilentStart.
+int DBCheck(Application& app);
+
+}  // namespace zentaline

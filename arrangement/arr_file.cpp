@@ -1,0 +1,69 @@
+// Reading and saving .arr files, and the way of a record back into its window.
+#include "arrangement/api.h"
+#include "arrangement/arr_format.h"
+#include "arrangement/windows.h"
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/child_window.h"
+#include "core/file_reading.h"
+#include "core/window_image.h"
+#include "style/api.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kMessageErrorReading = 4;
+constexpr int kMessageReadOnlyFile = 17;
+
+// The styles of a saved file: the empty template stands for no .sty at all. One that is there nevertheless was found
+// damaged, or has come since: it is set aside under another name, never lost.
+bool SaveStylePart(Application& app, Bytes& image) {
+  const int state = ByteAt(image, kStyStatePosition);
+  if (state == 1) {
+    const std::string path = std::string(WindowPath(image)) + ".sty";
+    if (app.disk.Exists(path)) app.disk.Rename(path, path + ".bak");
+    if (!StyFileDelete(app, image)) return false;
+  } else if (state == 2 && ByteAt(image, kStyChangedPosition) == 1) {
+    if (!StyFileWrite(app, image)) return false;
+  }
+  PutByte(image, kStyChangedPosition, 0);
+  return true;
+}
+
+}  // namespace
+
+int ReadArrFile(Application& app, const std::string& path) {
+  Bytes file;
+  const FileReadResult result = ReadDataFile(app, path, kArrFileLength, file);
+  if (result == kFileFailed || result == kFileAbsent) return result;
+  const bool good = result == kFileRead && CheckArrFile(file) == kArrGood;
+  if (file.size() == kArrFileLength) app.arrangement.ArrFileImage = std::move(file);
+  if (good) return kArrGood;
+  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
+  return kArrWrong;
+}
+
+bool SaveArrFile(Application& app, Bytes& image) {
+  if (!WriteDataFile(app, std::string(WindowPath(image)) + ".arr", ArrFileBytes(image))) return false;
+  PutByte(image, kChangedPosition, 0);
+  return SaveStylePart(app, image);
+}
+
+int StoreEditRecord(Application& app) {
+  const Bytes& record = app.arrangement.ArrEditRecord;
+  const int number = ByteAt(record, arr_edit::kWindowNumber);
+  if (ByteAt(record, arr_edit::kKind) != kKindArr || number < 1 || number > kInstrumentWindow) return kArrNoWindow;
+  ChildWindow* window = app.arr_windows[static_cast<std::size_t>(number)];
+  if (window == nullptr) return kArrNoWindow;
+  const ArrStoreResult result = StoreEditRecordBytes(window->window_image(), record);
+  if (result == kArrReadOnly) {
+    ShowMessage(app, kMessageReadOnlyFile, ShownPath(window->BaseName()), {});
+  } else if (result == kArrStored) {
+    if (app.arrangement.ArrNameChanged) ShowRecordName(*window, ByteAt(record, arr_edit::kIndex));
+    window->Activated();
+  }
+  return result;
+}
+
+}  // namespace zentaline

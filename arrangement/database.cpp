@@ -1,0 +1,133 @@
+// i40DBArr on the disk: each operation reads the file afresh, unless the database window shows it, and writes it whole.
+#include "arrangement/api.h"
+#include "arrangement/arr_format.h"
+#include "arrangement/db_format.h"
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/frmMain.h"
+#include "core/window_image.h"
+#include "files/paths.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kTextReading = 105;
+constexpr int kMessageErrorReading = 4;
+constexpr int kMessageNoDatabase = 6;
+constexpr int kMessageBadDatabase = 7;
+constexpr int kMessageFileNotFound = 27;
+constexpr int kAskDirectory = 3;
+constexpr char kName[] = "i40DBArr";
+constexpr char kWindowTitle[] = "Edit i40DBArr";
+// As much of an arrangement file as the purge looks at.
+constexpr std::size_t kPurgeLength = 9056;
+
+enum class Found { kGood, kBad, kAbsent, kFailed };
+
+// The file into DBImage. An empty file counts as absent and is removed. A failure is shown only where `shows` is set.
+Found ReadDatabase(Application& app, bool shows) {
+  Bytes file;
+  const DiskResult result = app.disk.Read(app.core.DatabaseDir, file, 16 * kDbLength);
+  if (result == DiskResult::kAbsent) return Found::kAbsent;
+  if (result != DiskResult::kOk && result != DiskResult::kTooLarge) {
+    if (shows) FileErrorMessage(app, result);
+    return Found::kFailed;
+  }
+  if (result == DiskResult::kOk && file.empty()) {
+    app.disk.Remove(app.core.DatabaseDir);
+    return Found::kAbsent;
+  }
+  app.arrangement.DBImage = DBImageOf(file);
+  return DBIsDatabase(app.arrangement.DBImage) ? Found::kGood : Found::kBad;
+}
+
+void SetTitle(Application& app) {
+  app.core.OperationTitle = GetText(app, kTextReading) + kName;
+}
+
+bool WriteDatabase(Application& app) {
+  const DiskResult result = app.disk.Write(app.core.DatabaseDir, app.arrangement.DBImage);
+  if (result != DiskResult::kOk) FileErrorMessage(app, result);
+  return result == DiskResult::kOk;
+}
+
+// The first file added settles the directory.
+void MakeDatabase(Application& app, int kind) {
+  if (AskYesNo(app, kAskDirectory) != ui::BoxAnswer::kYes) return;
+  Bytes image = NewDatabase();
+  int id = 0;
+  if (kind == kKindArr) id = DBAddEntry(image, app.files.CurrentFileName).id;
+  PutDBDirectory(image, app.files.CurrentFileDir);
+  app.arrangement.DBImage = std::move(image);
+  if (!WriteDatabase(app)) return;
+  app.arrangement.ArrFileId = id;
+  if (app.main != nullptr) app.main->EnableDatabaseEntries(true);
+}
+
+}  // namespace
+
+int DBLookupId(Application& app, const std::string& path) {
+  if (!app.arrangement.DBWindowOpen && ReadDatabase(app, false) != Found::kGood) return 0;
+  return DBLookup(app.arrangement.DBImage, FileDirectory(path), FileBaseName(path));
+}
+
+void DBAddFile(Application& app, int kind) {
+  ArrangementState& state = app.arrangement;
+  state.ArrFileId = 0;
+  SetTitle(app);
+  switch (ReadDatabase(app, true)) {
+    case Found::kFailed:
+      return;
+    case Found::kBad:
+      return ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, kName);
+    case Found::kAbsent:
+      return MakeDatabase(app, kind);
+    case Found::kGood:
+      break;
+  }
+  if (!DBIsOfDirectory(state.DBImage, app.files.CurrentFileDir)) return;
+  const DBAddition addition = DBAddEntry(state.DBImage, app.files.CurrentFileName);
+  if (addition.result == kDbAdded && !WriteDatabase(app)) return;
+  state.ArrFileId = addition.id;
+}
+
+void DBPurge(Application& app) {
+  SetTitle(app);
+  switch (ReadDatabase(app, true)) {
+    case Found::kFailed:
+      return;
+    case Found::kAbsent:
+      return ShowMessage(app, kMessageFileNotFound, app.core.OperationTitle, {});
+    case Found::kBad:
+      return ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, kName);
+    case Found::kGood:
+      break;
+  }
+  Bytes& image = app.arrangement.DBImage;
+  const std::string directory(DBDirectoryOf(image));
+  DBPurgeEntries(image, [&](std::string_view name) {
+    const std::string path = JoinPath(directory, name) + ".arr";
+    Bytes file;
+    const DiskResult result = app.disk.Read(path, file, kArrFileLength);
+    // What can't be read for a reason of its own isn't gone.
+    if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kPathAbsent) return true;
+    if (result == DiskResult::kOk && file.empty()) app.disk.Remove(path);
+    return DBPurgeKeeps(std::string_view(file).substr(0, kPurgeLength));
+  });
+  WriteDatabase(app);
+}
+
+int DBCheck(Application& app) {
+  SetTitle(app);
+  const bool silent = app.arrangement.SilentStart;
+  const Found found = ReadDatabase(app, !silent);
+  if (found == Found::kAbsent || found == Found::kFailed) {
+    if (!silent && found == Found::kAbsent) ShowMessage(app, kMessageNoDatabase, kWindowTitle, {});
+    return 1;
+  }
+  if (found == Found::kBad && !silent) ShowMessage(app, kMessageBadDatabase, kWindowTitle, {});
+  return 0;
+}
+
+}  // namespace zentaline

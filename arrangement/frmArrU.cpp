@@ -1,0 +1,611 @@
+#include "arrangement/frmArrU.h"
+
+#include <utility>
+
+#include "arrangement/api.h"
+#include "arrangement/arr_format.h"
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/frmMain.h"
+#include "core/panel_numbers.h"
+#include "core/window_image.h"
+#include "data/names.h"
+#include "files/api.h"
+#include "midi/api.h"
+#include "program/api.h"
+#include "program/prg_format.h"
+#include "style/api.h"
+#include "style/sty_format.h"
+
+namespace zentaline {
+
+namespace {
+
+// The states that TimerList1 carries in its interval: what a click of the list goes on from.
+constexpr int kClickFresh = 10;
+constexpr int kClickArrSent = 11;
+constexpr int kClickStySent = 12;
+
+constexpr int kMessageErrorReading = 4;
+constexpr int kMessageReadOnlyFile = 17;
+constexpr int kAskArrKeep = 2;
+constexpr int kAskFileSave = 1;
+constexpr std::size_t kLabelLength = 2;
+constexpr int kFirstBankPlaces = 64;
+
+// The states that the other timers carry in their intervals, which are milliseconds too.
+constexpr int kTimerIdle = 10;
+constexpr int kTimerDue = 9;
+constexpr int kFirstGroupDelay = 20;
+constexpr int kPauseBetweenGroups = 1000;  // the instrument stores a group meanwhile
+constexpr int kPrgWindowWait = 9;
+constexpr int kPrgWindowSend = 8;
+constexpr int kPrgFileWait = 7;
+constexpr int kPrgFileSend = 6;
+constexpr int kFindStart = 10;
+constexpr int kFindSty = 20;
+constexpr int kFindPrg = 30;
+constexpr int kFindAfterArr = 800;
+constexpr int kFindAfterSty = 820;
+constexpr int kFindAfterPrg = 40;
+
+constexpr int kWaitLoadingSty = 2;
+constexpr int kWaitLoadingArr = 3;
+constexpr int kWaitLoadingPrg = 4;
+constexpr int kWaitUpdate = 8;
+
+// The search looks for user programs in nine pairs that begin five bytes ahead of the part blocks; it is kept just so.
+constexpr std::size_t kSearchPairs = 34;
+constexpr std::size_t kSearchStep = 8;
+
+}  // namespace
+
+frmArrU::frmArrU(Application& app, int number, Bytes image)
+    : ChildWindow(app, "frmArrU", std::to_string(number)),
+      number_(number),
+      TimerLoadArr(MakeTimer("TimerLoadArr", -1, [this] { CommLoadArr.Press(); })),
+      TimerLoadSty(MakeTimer("TimerLoadSty", -1, [this] { CommLoadSty.Press(); })),
+      TimerLoadPrg(MakeTimer("TimerLoadPrg", -1, [this] { CommLoadPrg.Press(); })),
+      TimerTxSty0(MakeTimer("TimerTxSty", 0, [this] { CommLoadSty.Press(); })),
+      TimerTxSty1(MakeTimer("TimerTxSty", 1, [this] { CommLoadSty.Press(); })),
+      TimerList1(MakeTimer("TimerList1", -1, [this] { List1.Click(); })),
+      TimerFindID(MakeTimer("TimerFindID", -1, [this] { StepSearch(); })),
+      TimerAdd(MakeTimer("Timer", 4, [this] { CommAdd.Press(); })) {
+  window_image() = std::move(image);
+  MakeTimer("TimerCaricaArr", -1, [this] { CommLoadArr.Press(); });
+  MakeTimer("TimerCaricaSty", -1, [this] { CommLoadSty.Press(); });
+  MakeTimer("TimerCaricaPrg", -1, [this] { CommLoadPrg.Press(); });
+  MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); });
+  MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); });
+  MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); });
+  MakeTimer("Timer", 0, [this] { List1.Click(); });
+  MakeTimer("Timer", 2, [this] { CommLoadSty.Press(); });
+  MakeTimer("Timer", 3, [this] { CommLoadPrg.Press(); });
+  MakeTimer("Timer5", -1, [this] { CommClose.Press(); });
+
+  CommLoadArr.SetCaption("&Load Arrang");
+  CommLoadSty.SetCaption("Load &Styles");
+  CommShowSty.SetCaption("Show Styles");
+  CommLoadPrg.SetCaption("Load &Prog");
+  CommShowPrg.SetCaption("Show Prog");
+  CommEdit.SetCaption("&Edit");
+  CommAdd.SetCaption("+ i40DBArr");
+  CommArrPlay.SetCaption("&ARR PLAY");
+  CommSongPlay.SetCaption("SO&NG PLAY");
+  CommClose.SetCaption("&Close");
+  Label1[0].SetCaption("User/UPPER1");
+  Label1[1].SetCaption("Style");
+
+  List1.on_click = [this] { ClickRow(); };
+  List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
+  List1.on_context = on_context = [this] {
+    if (this->app().main != nullptr) toolkit().PopupMenu(this->app().main->Menu(MenuId::mnuModifica));
+  };
+  CommLoadArr.on_click = [this] { PressLoadArr(); };
+  CommLoadSty.on_click = [this] { PressLoadSty(); };
+  CommLoadPrg.on_click = [this] { PressLoadPrg(); };
+  CommAdd.on_click = [this] { PressAdd(); };
+  CommArrPlay.on_click = [this] {
+    SendModeArrPlay(this->app());
+    List1.SetFocus();
+  };
+  CommSongPlay.on_click = [this] {
+    SendModeSongPlay(this->app());
+    List1.SetFocus();
+  };
+  CommClose.on_click = [this] { Close(); };
+  LayOut();
+}
+
+ui::Timer& frmArrU::MakeTimer(const char* name, int index, ui::Handler handler) {
+  timers_.push_back(std::make_unique<ui::Timer>(*this, name, index));
+  timers_.back()->on_timer = std::move(handler);
+  return *timers_.back();
+}
+
+void frmArrU::ContinueSearch(int step) {
+  if (!app().arrangement.FindActive) return;
+  TimerFindID.SetInterval(step);
+  TimerFindID.Start();
+}
+
+void frmArrU::LayOut() {
+  List1.SetFont({.fixed_pitch = true});
+  List1.multi_select = true;
+  List1.group_rows = 8;
+  List1.least_characters = {24, 17};
+  Combo1.least_characters = {24, 1};
+  Text1.read_only = Text2.read_only = true;
+  Text1.least_characters = {8, 1};
+  Text2.least_characters = {20, 1};
+  const auto buttons = [](ui::Frame& frame, std::vector<ui::Layout> items) {
+    return ui::Inside(frame, ui::Column(std::move(items)));
+  };
+  layout =
+      ui::Row({ui::Item(List1, 1),
+               ui::Column({ui::Grid(2, {ui::Item(Label1[1]), ui::Item(Combo1), ui::Item(Label1[0]), ui::Item(Text2),
+                                        ui::Item(LabelId), ui::Item(Text1)}),
+                           ui::Row({ui::Column({buttons(Frame1[0], {ui::Item(CommLoadArr), ui::Item(CommLoadSty),
+                                                                    ui::Item(CommLoadPrg)}),
+                                                buttons(Frame1[3], {ui::Item(CommArrPlay), ui::Item(CommSongPlay)})}),
+                                    ui::Column({buttons(Frame1[1], {ui::Item(CommShowSty), ui::Item(CommShowPrg)}),
+                                                buttons(Frame1[2], {ui::Item(CommEdit), ui::Item(CommAdd)})})}),
+                           ui::Space(), ui::Row({ui::Space(), ui::Item(CommClose)})})});
+}
+
+int frmArrU::record_byte(int row, std::size_t offset) const {
+  return ByteAt(window_image(), ArrRecordPosition(row) + offset);
+}
+
+std::string frmArrU::Path() const {
+  return std::string(WindowPath(window_image()));
+}
+
+std::string frmArrU::NameForInstrument() const {
+  return CutText(BaseName(), kInstrumentNameLength);
+}
+
+WindowRecord* frmArrU::Record() {
+  return &app().core.ArrWindows[static_cast<std::size_t>(number_)];
+}
+
+// --- Opening ---
+
+void frmArrU::Load() {
+  ArrangementState& state = app().arrangement;
+  app().core.FormLoading = true;
+  app().arr_windows[static_cast<std::size_t>(number_)] = this;
+  ChildWindow::Load();
+  ShowName();
+  if (number_ == kInstrumentWindow) {
+    for (ui::Control* control :
+         std::initializer_list<ui::Control*>{&Text1, &Label1[0], &Label1[1], &LabelId, &CommAdd}) {
+      control->SetVisible(false);
+    }
+    if (app().main != nullptr) app().main->ShowArrUEntry();
+  } else {
+    const bool enters = app().core.settings.Add40DBArr && !state.FindActive && !app().core.ReopeningFiles;
+    if (enters) {
+      app().files.CurrentFileDir = FileDirectory(Path());
+      app().files.CurrentFileName = FileBaseName(Path());
+      DBAddFile(app(), kKindArr);
+    }
+    state.WindowFileId[static_cast<std::size_t>(number_)] = DBLookupId(app(), Path());
+    ShowId({});
+  }
+  SettingsChanged();
+  CommEdit.SetEnabled(false);
+  CommShowSty.SetEnabled(false);
+  CommShowPrg.SetEnabled(false);
+  state.FindNeedsPrg = false;
+  state.FindUserStyle = false;
+  FillRows();
+  AttachSiblingStyles();
+  AttachSiblingPrograms();
+  app().core.FormLoading = false;
+  if (state.FindActive) {
+    List1.SetRow(state.FindRow);
+    TimerFindID.Start();
+  }
+}
+
+void frmArrU::FillRows() {
+  CommLoadArr.SetEnabled(false);
+  std::vector<std::string> rows;
+  rows.reserve(kArrRecordCount);
+  for (int row = 0; row < kArrRecordCount; ++row) {
+    rows.push_back(RowText(row));
+    if (record_byte(row, arr_record::kName) == 0) continue;
+    CommLoadArr.SetEnabled(true);
+    if (record_byte(row, arr_record::kStyleLocation) != kUserStyleLocation) {
+      AddFactoryStyle(record_byte(row, arr_record::kStyleNumber));
+    }
+    if (row == app().arrangement.FindRow) NoteWhatTheSearchNeeds(row);
+  }
+  List1.SetRows(std::move(rows));
+}
+
+// Label, mark, name; the label alone for a record that was never written.
+std::string frmArrU::RowText(int row) const {
+  std::string text = PanelNumberText(row);
+  if (record_byte(row, arr_record::kName) == 0) return text;
+  text += record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation ? " +" : "  ";
+  return text + Utf8FromBytes(std::string_view(window_image()).substr(ArrRecordPosition(row) - 1, kArrNameLength));
+}
+
+void frmArrU::AddFactoryStyle(int number) {
+  const std::string text = Utf8FromBytes(TrimRight(StyleName(number))) + " (" + StyleLabel(number) + ")";
+  for (int row = 0; row < Combo1.rows(); ++row) {
+    if (Combo1.RowText(row) == text) return;
+  }
+  Combo1.AddRow(text);
+}
+
+void frmArrU::NoteWhatTheSearchNeeds(int row) {
+  ArrangementState& state = app().arrangement;
+  for (std::size_t pair = 0; pair < kArrPartCount; ++pair) {
+    const std::size_t offset = kSearchPairs + kSearchStep * pair;
+    const int number = record_byte(row, offset);
+    if (number >= 64 && number <= 127 && record_byte(row, offset + 1) == 1) state.FindNeedsPrg = true;
+  }
+  if (record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation) state.FindUserStyle = true;
+}
+
+void frmArrU::AttachSiblingStyles() {
+  Bytes& image = window_image();
+  if (ByteAt(image, kNoFilePosition) != 1) {
+    switch (StyFileRead(app(), Path() + ".sty")) {
+      case kStyGood:
+        AttachStyles(image, app().style.StyleImage, 2);
+        break;
+      case kStyWrong:
+        ShowMessage(app(), kMessageErrorReading, app().core.OperationTitle, ShownPath(BaseName()));
+        AttachStyles(image, app().style.EmptyStyleImage, 1);
+        break;
+      case kStyAbsent:
+        AttachStyles(image, app().style.EmptyStyleImage, 1);
+        break;
+      default:
+        break;
+    }
+  }
+  const bool attached = ByteAt(image, kStyStatePosition) == 2;
+  CommLoadSty.SetEnabled(attached);
+  for (int entry = 0; attached && entry < kStyEntryCount; ++entry) {
+    if (WindowStyEntrySize(entry, image) == 0) continue;
+    Combo1.AddRow(Utf8FromBytes(WindowStyName(entry, image)) + " (" + UserStyleLabel(entry) + ")");
+  }
+}
+
+void frmArrU::AttachSiblingPrograms() {
+  Bytes& image = window_image();
+  if (ByteAt(image, kNoFilePosition) != 1) {
+    if (ReadProgramFile(app(), Path() + ".prg") == kPrgGood) {
+      AttachPrograms(image, app().program.ProgramFileBuffer, false);
+    } else if (ReadProgramFile(app(), Path() + ".pgg") == kPrgGood) {
+      AttachPrograms(image, app().program.ProgramFileBuffer, true);
+    }
+  }
+  CommLoadPrg.SetEnabled(ByteAt(image, kPrgAttachedPosition) == 1);
+}
+
+void frmArrU::ShowName() {
+  const std::string name = ShownPath(BaseName()) + ".arr";
+  const std::string caption =
+      number_ == kInstrumentWindow ? "Arr User - " + name : "File Arr - " + name + " (" + std::to_string(number_) + ")";
+  SetCaption(caption + ReadOnlySuffix(app(), ReadOnly()));
+}
+
+void frmArrU::SettingsChanged() {
+  CommAdd.SetEnabled(!app().core.settings.Add40DBArr);
+}
+
+void frmArrU::ShowRecordName(int index) {
+  std::string text = List1.RowText(index).substr(0, kLabelLength + 2);
+  text.resize(kLabelLength + 2, ' ');
+  const Bytes name = Slice(window_image(), ArrRecordPosition(index), kArrNameLength);
+  List1.SetRowText(index, text + Utf8FromBytes(name));
+}
+
+// --- The list ---
+
+void frmArrU::ClickRow() {
+  const int row = List1.Row();
+  if (app().arrangement.ListBusy || row < 0) return;
+  if (TrimRight(List1.RowText(row)).size() == kLabelLength) {
+    CommEdit.SetEnabled(false);
+    if (app().main != nullptr) app().main->Menu(MenuId::mnuEdit).SetEnabled(false);
+    Combo1.ShowText({});
+    Text1.SetText({});
+    Text2.SetText({});
+    return ShowWait(app(), 0);
+  }
+  const int state = TimerList1.interval();
+  TimerList1.SetInterval(kClickFresh);
+  if (state == kClickFresh && app().core.settings.CaricaArr &&
+      NameForInstrument() != app().arrangement.ArrInInstrument) {
+    TimerList1.SetInterval(kClickArrSent);
+    return CommLoadArr.Press();  // the end of the send comes back here
+  }
+  if (state != kClickStySent) {
+    if (app().arrangement.EditorOpen) {
+      KeepsEdits();
+      app().arrangement.ArrEditRecord = PrepareEditRecord(window_image(), row, StyleName);
+    }
+    if (app().midi.CurrentMode != kModeArrPlay) SendModeArrPlay(app());
+    ShowSelected(row);
+    const bool user_style = record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation;
+    if (user_style && app().core.settings.CaricaSty && NameForInstrument() != app().style.StyInInstrument) {
+      TimerList1.SetInterval(kClickStySent);
+      return CommLoadSty.Press();  // the end of the send comes back here
+    }
+  }
+  app().midi.MonitorOn = true;
+  int number = row;
+  SelectArrangement(app(), number, kKindArr);
+  ShowWait(app(), 0);
+}
+
+void frmArrU::ShowSelected(int row) {
+  ShowId(List1.RowText(row).substr(0, kLabelLength));
+  std::string program;
+  for (int part = 0; part < kArrPartCount && program.empty(); ++part) {
+    const std::size_t block = PartOffset(part);
+    if (record_byte(row, block + part_block::kBankCode) == kUserBankCode &&
+        record_byte(row, block + part_block::kProgram) < kFirstBankPlaces) {
+      program = "User";
+    }
+  }
+  const std::size_t upper1 = PartOffset(kPartUpper1);
+  if (program.empty()) {
+    program =
+        PrgLabel(record_byte(row, upper1 + part_block::kProgram), record_byte(row, upper1 + part_block::kBankCode));
+  }
+  Text2.SetText(program);
+  const int style = record_byte(row, arr_record::kStyleNumber);
+  if (record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation) {
+    Combo1.ShowText(Utf8FromBytes(WindowStyName(style, window_image())) + " (" + UserStyleLabel(style) + ")");
+  } else {
+    Combo1.ShowText(Utf8FromBytes(TrimRight(StyleName(style))) + " (" + StyleLabel(style) + ")");
+  }
+}
+
+// The file's id, followed by the row's label where there is one.
+void frmArrU::ShowId(const std::string& row_label) {
+  const int id = app().arrangement.WindowFileId[static_cast<std::size_t>(number_)];
+  Text1.SetText(id > 0 ? std::to_string(id) + row_label : std::string());
+}
+
+// The question about an arrangement under edit; what is kept goes back into its image.
+bool frmArrU::KeepsEdits() {
+  ArrangementState& state = app().arrangement;
+  if (!state.EditorOpen || !state.EditorChanged) return true;
+  state.EditorChanged = false;
+  return AskYesNo(app(), kAskArrKeep) != ui::BoxAnswer::kYes || StoreEditRecord(app()) == kArrStored;
+}
+
+void frmArrU::KeyInList(const ui::Key& key) {
+  if (key.name != ui::Key::kDelete) return;
+  if (ReadOnly()) return ShowMessage(app(), kMessageReadOnlyFile, ShownPath(BaseName()), {});
+  if (app().main != nullptr) app().main->Menu(MenuId::mnuCancella).UserPress();
+}
+
+// --- Sending ---
+
+void frmArrU::PressLoadArr() {
+  if (TimerLoadArr.interval() == kTimerIdle) {
+    KeepsEdits();
+    ShowWait(app(), kWaitLoadingArr);
+    TimerLoadArr.SetInterval(kTimerDue);
+    TimerLoadArr.Start();
+    return;
+  }
+  TimerLoadArr.SetInterval(kTimerIdle);
+  // The song mode makes the instrument leave the arrangement that it plays before the dump arrives.
+  SendModeSongPlay(app());
+  SendModeArrPlay(app());
+  MonitorLog(app(), {});
+  SendArrDump(app(), window_image());
+  app().arrangement.ArrInInstrument = NameForInstrument();
+  if (app().main != nullptr) app().main->LabelArr.SetCaption(ShownPath(NameForInstrument()));
+  ShowWait(app(), 0);
+  if (number_ != kInstrumentWindow) SlotTakeFile(app(), Path());
+  ContinueSearch(kFindAfterArr);
+  if (TimerList1.interval() == kClickArrSent) TimerList1.Start();
+}
+
+void frmArrU::PressLoadSty() {
+  MidiState& midi = app().midi;
+  if (TimerTxSty0.interval() == kTimerIdle) {
+    midi.StyleGroupCount = StyUsedGroups(window_image());
+    if (midi.StyleGroupCount == 0) {
+      ContinueSearch(kFindPrg);
+      return List1.SetFocus();
+    }
+    midi.StyleGroupIndex = 0;
+    TimerTxSty1.SetInterval(kPauseBetweenGroups);
+    ShowWait(app(), kWaitLoadingSty);
+    TimerTxSty0.SetInterval(kFirstGroupDelay);
+    TimerTxSty0.Start();
+    return;
+  }
+  const bool more = midi.StyleGroupIndex < midi.StyleGroupCount;
+  if (more && SendStyleDump(app(), midi.StyleGroupIndex, window_image()) == 0) {
+    ++midi.StyleGroupIndex;
+    TimerTxSty1.Start();
+    return;
+  }
+  EndOfStyles();
+}
+
+void frmArrU::EndOfStyles() {
+  ShowWait(app(), 0);
+  TimerTxSty0.SetInterval(kTimerIdle);
+  TimerTxSty0.Stop();
+  app().style.StyInInstrument = NameForInstrument();
+  if (app().main != nullptr) app().main->LabelSty.SetCaption(ShownPath(NameForInstrument()));
+  if (int row = List1.Row(); row >= 0) SelectArrangement(app(), row, kKindArr);
+  if (TimerList1.interval() == kClickStySent) TimerList1.Start();
+  ContinueSearch(kFindAfterSty);
+  List1.SetFocus();
+}
+
+void frmArrU::PressLoadPrg() {
+  switch (TimerLoadPrg.interval()) {
+    case kPrgWindowWait:
+    case kPrgFileWait:
+      ShowWait(app(), kWaitLoadingPrg);
+      TimerLoadPrg.SetInterval(TimerLoadPrg.interval() - 1);
+      return TimerLoadPrg.Start();
+    case kPrgWindowSend:
+      // The window may have been closed meanwhile.
+      if (const Bytes* image = FindOpenProgram(app(), Path())) SendPrograms(*image);
+      break;
+    case kPrgFileSend:
+      SendPrograms(programs_to_send_);
+      break;
+    default:
+      if (FindOpenProgram(app(), Path()) != nullptr) {
+        TimerLoadPrg.SetInterval(kPrgWindowWait);
+        return TimerLoadPrg.Start();
+      }
+      if (const int result = ReadProgramByName(app(), Path()); result != kPrgGood && result != kPggGood) {
+        ContinueSearch(kFindAfterPrg);
+        return List1.SetFocus();
+      }
+      programs_to_send_ = BuildPrgWindowImage(app().program.ProgramFileBuffer);
+      TimerLoadPrg.SetInterval(kPrgFileWait);
+      return TimerLoadPrg.Start();
+  }
+  TimerLoadPrg.SetInterval(kTimerIdle);
+  programs_to_send_.clear();
+  ShowWait(app(), 0);
+  ContinueSearch(kFindAfterPrg);
+  List1.SetFocus();
+}
+
+void frmArrU::SendPrograms(const Bytes& image) {
+  SendPrgBankDump(app(), image);
+  const std::string_view extension = ProgramExtension(image);
+  app().program.PrgInInstrument = NameForInstrument();
+  if (app().main != nullptr) {
+    app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + "." + std::string(extension));
+  }
+  SlotTakePrg(app(), Path(), extension == "pgg");
+}
+
+void frmArrU::PressAdd() {
+  if (!std::exchange(adding_, !adding_)) {
+    ShowWait(app(), kWaitUpdate, "i40DBArr");
+    return TimerAdd.Start();
+  }
+  app().files.CurrentFileDir = FileDirectory(Path());
+  app().files.CurrentFileName = FileBaseName(Path());
+  DBAddFile(app(), kKindArr);
+  if (const int id = app().arrangement.ArrFileId; id > 0) {
+    app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = id;
+    const int row = List1.Row();
+    ShowId(row < 0 ? std::string() : List1.RowText(row).substr(0, kLabelLength));
+  }
+  ShowWait(app(), 0);
+  List1.SetFocus();
+}
+
+// The interval is the step of the search. A step that waits for a send ends, and the send's end starts the timer again.
+void frmArrU::StepSearch() {
+  ArrangementState& state = app().arrangement;
+  const Settings& settings = app().core.settings;
+  int step = TimerFindID.interval();
+  if (step == kFindStart) {
+    step = kFindSty;
+    if (settings.CaricaArr && state.ArrInInstrument != NameForInstrument()) {
+      TimerFindID.SetInterval(step);
+      return CommLoadArr.Press();
+    }
+  }
+  if (step == kFindSty || step == kFindAfterArr || step == kFindAfterSty) {
+    step = kFindPrg;
+    if (settings.CaricaSty && state.FindUserStyle && app().style.StyInInstrument != NameForInstrument()) {
+      TimerFindID.SetInterval(step);
+      return CommLoadSty.Press();
+    }
+  }
+  if (step == kFindPrg) {
+    step = kFindAfterPrg;
+    if (settings.CaricaPrg && state.FindNeedsPrg && app().program.PrgInInstrument != NameForInstrument()) {
+      TimerFindID.SetInterval(step);
+      return CommLoadPrg.Press();
+    }
+  }
+  state.FindActive = false;
+  TimerFindID.SetInterval(kFindStart);
+  List1.Click();
+}
+
+// --- The main window asks ---
+
+ui::Button* frmArrU::ButtonOf(WindowFunction function) {
+  switch (function) {
+    case WindowFunction::kLoadArr:
+      return &CommLoadArr;
+    case WindowFunction::kLoadSty:
+      return &CommLoadSty;
+    case WindowFunction::kShowSty:
+      return &CommShowSty;
+    case WindowFunction::kLoadPrg:
+      return &CommLoadPrg;
+    case WindowFunction::kShowPrg:
+      return &CommShowPrg;
+    case WindowFunction::kEdit:
+      return &CommEdit;
+    case WindowFunction::kAddToDatabase:
+      return &CommAdd;
+    default:
+      return nullptr;
+  }
+}
+
+ui::Timer* frmArrU::TimerOf(WindowFunction function) {
+  switch (function) {
+    case WindowFunction::kLoadArr:
+      return &TimerLoadArr;
+    case WindowFunction::kLoadSty:
+      return &TimerLoadSty;
+    case WindowFunction::kLoadPrg:
+      return &TimerLoadPrg;
+    case WindowFunction::kAddToDatabase:
+      return &TimerAdd;
+    default:
+      return nullptr;
+  }
+}
+
+bool frmArrU::CanSave() const {
+  return ByteAt(window_image(), kChangedPosition) == 1 || ByteAt(window_image(), kStyChangedPosition) == 1;
+}
+
+// --- Closing ---
+
+bool frmArrU::QueryClose() {
+  if (ByteAt(window_image(), kChangedPosition) != 1) return true;
+  switch (AskYesNoCancel(app(), kAskFileSave, caption())) {
+    case ui::BoxAnswer::kYes:
+      return ByteAt(window_image(), kNoFilePosition) == 1 ? SaveFileAs(app(), *this) : SaveFile(app(), *this);
+    case ui::BoxAnswer::kNo:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmArrU::Unload() {
+  app().arr_windows[static_cast<std::size_t>(number_)] = nullptr;
+  app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = 0;
+  ChildWindow::Unload();
+  // The instrument's own window keeps its mark, and so its file.
+  if (number_ != kInstrumentWindow && !app().core.Closing) Record()->state = 0;
+  RefreshOpenEntries(app());
+  if (app().main != nullptr) app().main->ShowArrUEntry();
+}
+
+}  // namespace zentaline

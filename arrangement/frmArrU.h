@@ -1,0 +1,97 @@
+// The window of an arrangement file with the style and program files that belong to it: the file is shown row by row,
+// and played through the instrument.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/child_window.h"
+
+namespace zentaline {
+
+class frmArrU : public ChildWindow {
+ public:
+  // Number 1 to 8 a file of the user's, 9 what stands in the instrument. The image carries everything else.
+  frmArrU(Application& app, int number, Bytes image);
+
+  ui::ListBox List1{*this, "List1"};
+  ui::ComboBox Combo1{*this, "Combo1"};
+  ui::TextBox Text1{*this, "Text1"};
+  ui::TextBox Text2{*this, "Text2"};
+  ui::Label Label1[2] = {{*this, "Label1", 0}, {*this, "Label1", 1}};
+  ui::Label LabelId{*this, "LabelId"};
+  ui::Button CommLoadArr{*this, "CommLoadArr"};
+  ui::Button CommLoadSty{*this, "CommLoadSty"};
+  ui::Button CommShowSty{*this, "CommShowSty"};
+  ui::Button CommLoadPrg{*this, "CommLoadPrg"};
+  ui::Button CommShowPrg{*this, "CommShowPrg"};
+  ui::Button CommEdit{*this, "CommEdit"};
+  ui::Button CommAdd{*this, "CommAdd"};
+  ui::Button CommArrPlay{*this, "CommArrPlay"};
+  ui::Button CommSongPlay{*this, "CommSongPlay"};
+  ui::Button CommClose{*this, "CommClose"};
+  ui::Frame Frame1[4] = {{*this, "Frame1", 0}, {*this, "Frame1", 1}, {*this, "Frame1", 2}, {*this, "Frame1", 3}};
+
+  void ShowRecordName(int index);
+
+  ui::Button* ButtonOf(WindowFunction function) override;
+  ui::Timer* TimerOf(WindowFunction function) override;
+  bool CanSave() const override;
+  void ShowName() override;
+  void SettingsChanged() override;
+
+  void Load() override;
+  bool QueryClose() override;
+  void Unload() override;
+
+ protected:
+  WindowRecord* Record() override;
+
+ private:
+  // Opening.
+  void FillRows();
+  std::string RowText(int row) const;
+  void AddFactoryStyle(int number);
+  void NoteWhatTheSearchNeeds(int row);
+  void AttachSiblingStyles();
+  void AttachSiblingPrograms();
+  void ShowId(const std::string& row_label);
+  void LayOut();
+
+  // What the user does; a button's handler is also its timer's.
+  void ClickRow();
+  void ShowSelected(int row);
+  void PressLoadArr();
+  void PressLoadSty();
+  void EndOfStyles();
+  void PressLoadPrg();
+  void SendPrograms(const Bytes& image);
+  void PressAdd();
+  void StepSearch();
+  // Lets a search that is under way go on at this step.
+  void ContinueSearch(int step);
+  void KeyInList(const ui::Key& key);
+  bool KeepsEdits();
+
+  int record_byte(int row, std::size_t offset) const;
+  std::string NameForInstrument() const;
+  std::string Path() const;
+
+  int number_;
+  bool adding_ = false;     // CommAdd has shown its wait text, the work is due
+  Bytes programs_to_send_;  // a bank read for CommLoadPrg, until it goes out
+
+  ui::Timer& MakeTimer(const char* name, int index, ui::Handler handler);
+  std::vector<std::unique_ptr<ui::Timer>> timers_;
+  ui::Timer& TimerLoadArr;
+  ui::Timer& TimerLoadSty;
+  ui::Timer& TimerLoadPrg;
+  ui::Timer& TimerTxSty0;
+  ui::Timer& TimerTxSty1;
+  ui::Timer& TimerList1;
+  ui::Timer& TimerFindID;
+  ui::Timer& TimerAdd;
+};
+
+}  // namespace zentaline

@@ -1,0 +1,50 @@
+#include "core/application.h"
+
+#include <memory>
+
+#include "core/boxes.h"
+#include "core/configuration.h"
+#include "core/frmMain.h"
+#include "files/paths.h"
+#include "midi/api.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kTextOpeningOut = 113;
+
+}  // namespace
+
+Application::Application(ui::Toolkit& the_toolkit, MidiService& the_service, Disk& the_disk,
+                         const std::string& directory)
+    : toolkit(the_toolkit), service(the_service), disk(the_disk) {
+  core.Directory = directory;
+  core.ConfigFile = JoinPath(directory, "Zentaline.ini");
+  core.InternalArrA = JoinPath(directory, "i40ArrA");
+  core.InternalArrB = JoinPath(directory, "i40ArrB");
+  core.InternalPrg = JoinPath(directory, "i40Prg");
+  core.InternalSty = JoinPath(directory, "i40Sty");
+  core.NotebookFile = JoinPath(directory, "Zentaline-Notebook.txt");
+  core.MultisampleFile = JoinPath(directory, "i40Multisample");
+  core.DatabaseDir = JoinPath(directory, "i40DBArr");
+}
+
+bool Application::Start() {
+  const ui::UserEvent event(toolkit);
+  core.StartingUp = true;
+  ReadConfiguration(*this);
+  if (core.StopRun) {
+    core.StartingUp = false;
+    return false;
+  }
+  core.GuideFile =
+      JoinPath(core.Directory, core.LanguageCode == 1 ? "Zentaline-GuidaUtente.txt" : "Zentaline-UserGuide.txt");
+  core.OperationTitle = GetText(*this, kTextOpeningOut);
+  EnumerateMidi(*this);
+  toolkit.Open(std::make_unique<frmMain>(*this));
+  core.StartingUp = false;
+  return true;
+}
+
+}  // namespace zentaline

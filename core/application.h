@@ -1,0 +1,56 @@
+// The whole program: its state, what it asks of the platform, and its windows.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "arrangement/state.h"
+#include "core/disk.h"
+#include "core/state.h"
+#include "files/state.h"
+#include "global/state.h"
+#include "midi/service.h"
+#include "midi/state.h"
+#include "program/state.h"
+#include "style/state.h"
+#include "ui/toolkit.h"
+
+namespace zentaline {
+
+class ChildWindow;
+class frmMain;
+
+struct Application {
+  // All three are borrowed and outlive the application. `directory` is where the program's files are.
+  Application(ui::Toolkit& the_toolkit, MidiService& the_service, Disk& the_disk, const std::string& directory);
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+
+  // Reads the configuration, opens the ports and shows the main window. False when the program ends here, because the
+  // language window was cancelled or the configuration can't be read.
+  bool Start();
+  // True from Start until the windows of the last run have come back.
+  bool Starting() const { return core.StartingUp || core.ReopeningFiles || reopening_chain; }
+
+  ui::Toolkit& toolkit;
+  MidiService& service;
+  Disk& disk;
+
+  CoreState core;
+  MidiState midi;
+  ArrangementState arrangement;
+  ProgramState program;
+  StyleState style;
+  GlobalState global;
+  FilesState files;
+
+  bool reopening_chain = false;  // the timers that bring windows back are running
+
+  // The open windows; null where there is none. The toolkit owns them. File windows count from 1.
+  frmMain* main = nullptr;
+  std::array<ChildWindow*, 10> arr_windows{};
+  std::array<ChildWindow*, 17> prg_windows{};
+  std::array<ChildWindow*, 9> sty_windows{};
+};
+
+}  // namespace zentaline

@@ -1,0 +1,111 @@
+#include "core/boxes.h"
+
+#include "core/application.h"
+#include "core/frmMain.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
+
+namespace zentaline {
+
+namespace {
+
+// What ShowMessage shows for the errors of the file system.
+constexpr int kMessageNotReady = 28;
+constexpr int kMessageReadOnlyFile = 17;
+constexpr int kMessagePathNotFound = 30;
+constexpr int kMessageDevice = 31;
+constexpr int kMessageDiskReading = 18;
+
+std::string QuestionText(const Application& app, const QuestionTexts& texts, const std::string& name) {
+  if (texts.first == 0) return name;
+  std::string text = GetText(app, texts.first);
+  if (texts.second != 0) text += "\n" + GetText(app, texts.second);
+  return text;
+}
+
+bool IsUtf8(std::string_view text) {
+  std::size_t more = 0;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (more > 0) {
+      if ((byte & 0xC0) != 0x80) return false;
+      --more;
+    } else if (byte >= 0xC2 && byte < 0xF5) {
+      more = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;
+    } else if (byte >= 0x80) {
+      return false;
+    }
+  }
+  return more == 0;
+}
+
+}  // namespace
+
+std::string GetText(const Application& app, int id) {
+  return std::string(TextOf(app.core.LanguageOffset + id));
+}
+
+std::string WithName(std::string_view text, std::string_view name) {
+  const std::size_t place = text.find('_');
+  if (place == std::string_view::npos) return std::string(text);
+  return std::string(text.substr(0, place)).append(name).append(text.substr(place + 1));
+}
+
+void ShowMessage(Application& app, int code, const std::string& title, const std::string& name) {
+  const std::string text = code == 1 ? name : WithName(GetText(app, MessageTextId(code)), name);
+  app.toolkit.MessageBox(ui::BoxStyle::kOk, title, text);
+}
+
+ui::BoxAnswer AskYesNo(Application& app, int code, const std::string& name) {
+  return app.toolkit.MessageBox(ui::BoxStyle::kYesNo, ActiveCaption(app), QuestionText(app, YesNoTexts(code), name));
+}
+
+ui::BoxAnswer AskYesNoCancel(Application& app, int code, const std::string& title, const std::string& name) {
+  return app.toolkit.MessageBox(ui::BoxStyle::kYesNoCancel, title, QuestionText(app, YesNoCancelTexts(code), name));
+}
+
+void ShowWait(Application& app, int code, const std::string& name) {
+  const std::string text = code == 0 ? std::string() : WithName(GetText(app, WaitTextId(code)), name);
+  if (app.main != nullptr) app.main->Label1.SetCaption(text);
+  app.toolkit.ShowWait(text);
+}
+
+void FileErrorMessage(Application& app, DiskResult result) {
+  int code = kMessageDiskReading;
+  switch (result) {
+    case DiskResult::kNotReady:
+      code = kMessageNotReady;
+      break;
+    case DiskResult::kNoAccess:
+    case DiskResult::kIsFolder:
+      code = kMessageReadOnlyFile;
+      break;
+    case DiskResult::kPathAbsent:
+      code = kMessagePathNotFound;
+      break;
+    case DiskResult::kInputOutput:
+      code = kMessageDevice;
+      break;
+    default:
+      break;
+  }
+  ShowMessage(app, code, app.core.OperationTitle, {});
+}
+
+std::string ActiveCaption(const Application& app) {
+  if (const ui::Form* child = app.toolkit.active_child(); child != nullptr) return child->caption();
+  return app.main != nullptr ? app.main->caption() : std::string();
+}
+
+std::string ShownPath(std::string_view path) {
+  return IsUtf8(path) ? std::string(path) : Utf8FromBytes(path);
+}
+
+std::string CutText(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return std::string(text);
+  std::size_t length = most;
+  while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) --length;
+  return std::string(text.substr(0, length));
+}
+
+}  // namespace zentaline

@@ -1,0 +1,113 @@
+#include "core/child_window.h"
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/frmMain.h"
+#include "core/window_image.h"
+#include "data/captions.h"
+#include "data/tooltips.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kTextReadOnly = 122;
+
+}  // namespace
+
+ui::Toolkit& ChildWindow::app_toolkit(Application& app) {
+  return app.toolkit;
+}
+
+int ChildWindow::Kind() const {
+  return ByteAt(window_image_, kKindPosition);
+}
+
+bool ChildWindow::ReadOnly() const {
+  return ByteAt(window_image_, kReadOnlyPosition) == 1;
+}
+
+int ChildWindow::WindowNumber() const {
+  return ByteAt(window_image_, kWindowNumberPosition);
+}
+
+std::string ChildWindow::BaseName() const {
+  return std::string(WindowBaseName(window_image_));
+}
+
+void ChildWindow::Activated() {
+  if (app_.main != nullptr) app_.main->RefreshMenus();
+}
+
+void ChildWindow::Load() {
+  ++app_.core.OpenChildCount;
+  DressForm(app_, *this);
+  if (WindowRecord* record = Record(); record != nullptr && record->width > 0) {
+    SetPlacement(PlacementOf(app_, *record));
+  }
+}
+
+void ChildWindow::Unload() {
+  --app_.core.OpenChildCount;
+  if (WindowRecord* record = Record()) KeepPlacement(*record, placement());
+  if (app_.main != nullptr) app_.main->RefreshMenus();
+}
+
+void ChildWindow::Resized() {
+  if (WindowRecord* record = Record()) KeepPlacement(*record, placement());
+}
+
+void ChildWindow::ToggleSize(ui::Size size) {
+  const bool back = size_before_.width > 0;
+  const ui::Size wanted = back ? size_before_ : size;
+  size_before_ = back ? ui::Size() : ui::Size{placement().width, placement().height};
+  ui::Placement placed = placement();
+  placed.width = wanted.width;
+  placed.height = wanted.height;
+  placed.state = ui::WindowState::kNormal;
+  SetPlacement(placed);
+  Resized();
+}
+
+void ChildWindow::FilesDropped(const std::vector<std::string>& paths) {
+  if (app_.main != nullptr) app_.main->FilesDropped(paths);
+}
+
+void DressForm(const Application& app, ui::Form& form) {
+  const int language = app.core.LanguageOffset == 0 ? 1 : 2;
+  if (form.caption().empty()) form.SetCaption(std::string(Caption(form.name(), form.name(), language)));
+  for (ui::Control* control : form.controls()) {
+    const std::string name = control->FullName();
+    control->SetToolTip(std::string(ToolTip(form.name(), name, language)));
+    auto* captioned = dynamic_cast<ui::Captioned*>(control);
+    if (captioned == nullptr || !captioned->caption().empty()) continue;
+    captioned->SetCaption(std::string(Caption(form.name(), name, language)));
+  }
+}
+
+ui::Placement PlacementOf(const Application& app, const WindowRecord& record) {
+  ui::Placement placement{record.left, record.top, record.width, record.height,
+                          static_cast<ui::WindowState>(record.window_state)};
+  const ui::Size screen = app.toolkit.ScreenSize();
+  const bool beyond = placement.left + placement.width <= 0 || placement.left >= screen.width ||
+                      placement.top + placement.height <= 0 || placement.top >= screen.height;
+  if (beyond) placement.left = placement.top = 0;
+  return placement;
+}
+
+void KeepPlacement(WindowRecord& record, const ui::Placement& placement) {
+  record.window_state = static_cast<int>(placement.state);
+  if (record.state != 0) record.state = placement.state == ui::WindowState::kMaximised ? 2 : 1;
+  // The size of a window that fills the main window, or is an icon, is not one to come back to.
+  if (placement.state != ui::WindowState::kNormal && record.width > 0) return;
+  record.left = placement.left;
+  record.top = placement.top;
+  record.width = placement.width;
+  record.height = placement.height;
+}
+
+std::string ReadOnlySuffix(const Application& app, bool read_only) {
+  return read_only ? " - " + GetText(app, kTextReadOnly) : std::string();
+}
+
+}  // namespace zentaline

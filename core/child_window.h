@@ -1,0 +1,87 @@
+// What all child windows have in common: their image, and what the main window asks of the one in front.
+#pragma once
+
+#include <string>
+
+#include "core/bytes.h"
+#include "core/state.h"
+#include "ui/form.h"
+
+namespace zentaline {
+
+struct Application;
+
+// A button's function, which a menu entry may share.
+enum class WindowFunction {
+  kLoadAll,
+  kLoadArr,
+  kLoadSty,
+  kShowSty,
+  kLoadPrg,
+  kShowPrg,
+  kEdit,
+  kEditPerf,
+  kAddToDatabase,
+  kDelete,
+  kOpen,
+  kAddAll,
+  kCount,
+};
+
+class ChildWindow : public ui::Form {
+ public:
+  ChildWindow(Application& app, std::string name, std::string number)
+      : Form(app_toolkit(app), ui::FormKind::kChild, std::move(name), std::move(number)), app_(app) {}
+
+  // The whole state of the window. Never copied to be looked at.
+  const Bytes& window_image() const { return window_image_; }
+  Bytes& window_image() { return window_image_; }
+
+  int Kind() const;          // a WindowKind; 0 for a window without an image
+  bool ReadOnly() const;     // the file was opened so
+  int WindowNumber() const;  // 1 to 9
+  // Base name of the file, as bytes of the file system and as it can be shown.
+  std::string BaseName() const;
+
+  // The button of a function, null when the window has none, and the timer that presses it for the menu.
+  virtual ui::Button* ButtonOf(WindowFunction function) { return (void)function, nullptr; }
+  virtual ui::Timer* TimerOf(WindowFunction function) { return (void)function, nullptr; }
+  // Whether there is something that mnuSalva and mnuSalvaAs would save.
+  virtual bool CanSave() const { return false; }
+  // The caption by the image.
+  virtual void ShowName() {}
+  // A setting of the menus has changed.
+  virtual void SettingsChanged() {}
+  // Gives the window this size, or takes it back to the one it had before.
+  void ToggleSize(ui::Size size);
+
+  void Activated() override;
+  void Load() override;
+  void Unload() override;
+  void Resized() override;
+  void FilesDropped(const std::vector<std::string>& paths) override;
+
+ protected:
+  // The record that keeps the window's place; null when it has none.
+  virtual WindowRecord* Record() { return nullptr; }
+  Application& app() const { return app_; }
+
+ private:
+  static ui::Toolkit& app_toolkit(Application& app);
+
+  Application& app_;
+  Bytes window_image_;
+  ui::Size size_before_;  // a width of 0: the window isn't enlarged
+};
+
+// Copies tool tips and captions from the tables to a form's controls. Captions that are set already stay.
+void DressForm(const Application& app, ui::Form& form);
+
+// A record's place as a window takes it, and back. A place beyond the screen is left to the toolkit.
+ui::Placement PlacementOf(const Application& app, const WindowRecord& record);
+void KeepPlacement(WindowRecord& record, const ui::Placement& placement);
+
+// What stands behind the caption of a read-only window: " - " and the text, or nothing.
+std::string ReadOnlySuffix(const Application& app, bool read_only);
+
+}  // namespace zentaline

@@ -1,0 +1,21 @@
+// How every reader of a data file begins.
+#pragma once
+
+#include <string>
+
+#include "core/bytes.h"
+
+namespace zentaline {
+
+struct Application;
+
+enum FileReadResult : int { kFileRead = 0, kFileFailed = 1, kFileTooLarge = 2, kFileAbsent = 3 };
+
+// Reads a file of at most `largest` bytes whole. OperationTitle becomes "Opening " and the file's name. An empty file
+// counts as absent and is removed. A failure of the file system is shown.
+FileReadResult ReadDataFile(Application& app, const std::string& path, std::size_t largest, Bytes& content);
+
+// Writes a file whole, with the same title; false when it failed, which is shown.
+bool WriteDataFile(Application& app, const std::string& path, const Bytes& content);
+
+}  // namespace zentaline

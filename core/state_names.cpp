@@ -1,0 +1,119 @@
+#include "core/state_names.h"
+
+#include "core/application.h"
+#include "core/boxes.h"
+
+namespace zentaline {
+
+namespace {
+
+struct NumberRow {
+  std::string_view name;
+  long (*read)(const Application& app);
+};
+
+struct TextRow {
+  std::string_view name;
+  const std::string& (*read)(const Application& app);
+};
+
+// clang-format off
+constexpr NumberRow kNumbers[] = {
+    {"StartingUp", [](const Application& app) -> long { return app.core.StartingUp; }},
+    {"StopRun", [](const Application& app) -> long { return app.core.StopRun; }},
+    {"Closing", [](const Application& app) -> long { return app.core.Closing; }},
+    {"ReopeningFiles", [](const Application& app) -> long { return app.core.ReopeningFiles; }},
+    {"FormLoading", [](const Application& app) -> long { return app.core.FormLoading; }},
+    {"LanguageCode", [](const Application& app) -> long { return app.core.LanguageCode; }},
+    {"LanguageOffset", [](const Application& app) -> long { return app.core.LanguageOffset; }},
+    {"WarningAnswer", [](const Application& app) -> long { return app.core.WarningAnswer; }},
+    {"OpenChildCount", [](const Application& app) -> long { return app.core.OpenChildCount; }},
+    {"MidiOutHandle", [](const Application& app) -> long { return app.midi.MidiOutHandle; }},
+    {"MidiInHandle", [](const Application& app) -> long { return app.midi.MidiInHandle; }},
+    {"MidiOutDevice", [](const Application& app) -> long { return app.midi.MidiOutDevice; }},
+    {"MidiInDevice", [](const Application& app) -> long { return app.midi.MidiInDevice; }},
+    {"MidiOutCount", [](const Application& app) -> long { return app.midi.MidiOutCount; }},
+    {"MidiInCount", [](const Application& app) -> long { return app.midi.MidiInCount; }},
+    {"OutputOpen", [](const Application& app) -> long { return app.midi.OutputOpen; }},
+    {"LongOutputOk", [](const Application& app) -> long { return app.midi.LongOutputOk; }},
+    {"ShortOutputOk", [](const Application& app) -> long { return app.midi.ShortOutputOk; }},
+    {"InputOpen", [](const Application& app) -> long { return app.midi.InputOpen; }},
+    {"ThruOn", [](const Application& app) -> long { return app.midi.ThruOn; }},
+    {"MonitorOn", [](const Application& app) -> long { return app.midi.MonitorOn; }},
+    {"MidiResult", [](const Application& app) -> long { return app.midi.MidiResult; }},
+    {"ShortMsgWord", [](const Application& app) -> long { return app.midi.ShortMsgWord; }},
+    {"CurrentMode", [](const Application& app) -> long { return app.midi.CurrentMode; }},
+    {"ProgramEditing", [](const Application& app) -> long { return app.midi.ProgramEditing; }},
+    {"GlobalChannel", [](const Application& app) -> long { return app.midi.GlobalChannel; }},
+    {"ArrChannel", [](const Application& app) -> long { return app.midi.ArrChannel; }},
+    {"StyleGroupIndex", [](const Application& app) -> long { return app.midi.StyleGroupIndex; }},
+    {"StyleGroupCount", [](const Application& app) -> long { return app.midi.StyleGroupCount; }},
+    {"ArrNameChanged", [](const Application& app) -> long { return app.arrangement.ArrNameChanged; }},
+    {"EditorOpen", [](const Application& app) -> long { return app.arrangement.EditorOpen; }},
+    {"EditorChanged", [](const Application& app) -> long { return app.arrangement.EditorChanged; }},
+    {"FindActive", [](const Application& app) -> long { return app.arrangement.FindActive; }},
+    {"FindRow", [](const Application& app) -> long { return app.arrangement.FindRow; }},
+    {"FindFileId", [](const Application& app) -> long { return app.arrangement.FindFileId; }},
+    {"FindNeedsPrg", [](const Application& app) -> long { return app.arrangement.FindNeedsPrg; }},
+    {"FindUserStyle", [](const Application& app) -> long { return app.arrangement.FindUserStyle; }},
+    {"ListBusy", [](const Application& app) -> long { return app.arrangement.ListBusy; }},
+    {"ArrPartArmed", [](const Application& app) -> long { return app.arrangement.ArrPartArmed; }},
+    {"DBWindowOpen", [](const Application& app) -> long { return app.arrangement.DBWindowOpen; }},
+    {"SilentStart", [](const Application& app) -> long { return app.arrangement.SilentStart; }},
+    {"ArrFileId", [](const Application& app) -> long { return app.arrangement.ArrFileId; }},
+    {"ReadOnlyAnswer", [](const Application& app) -> long { return app.files.ReadOnlyAnswer; }},
+};
+
+constexpr TextRow kTexts[] = {
+    {"OperationTitle", [](const Application& app) -> const std::string& { return app.core.OperationTitle; }},
+    {"ConfigFile", [](const Application& app) -> const std::string& { return app.core.ConfigFile; }},
+    {"InternalArrA", [](const Application& app) -> const std::string& { return app.core.InternalArrA; }},
+    {"InternalArrB", [](const Application& app) -> const std::string& { return app.core.InternalArrB; }},
+    {"InternalPrg", [](const Application& app) -> const std::string& { return app.core.InternalPrg; }},
+    {"InternalSty", [](const Application& app) -> const std::string& { return app.core.InternalSty; }},
+    {"GuideFile", [](const Application& app) -> const std::string& { return app.core.GuideFile; }},
+    {"NotebookFile", [](const Application& app) -> const std::string& { return app.core.NotebookFile; }},
+    {"MultisampleFile", [](const Application& app) -> const std::string& { return app.core.MultisampleFile; }},
+    {"DatabaseDir", [](const Application& app) -> const std::string& { return app.core.DatabaseDir; }},
+    {"ErrorText", [](const Application& app) -> const std::string& { return app.midi.ErrorText; }},
+    {"ArrInInstrument", [](const Application& app) -> const std::string& { return app.arrangement.ArrInInstrument; }},
+    {"StyInInstrument", [](const Application& app) -> const std::string& { return app.style.StyInInstrument; }},
+    {"PrgInInstrument", [](const Application& app) -> const std::string& { return app.program.PrgInInstrument; }},
+    {"CurrentFileDir", [](const Application& app) -> const std::string& { return app.files.CurrentFileDir; }},
+    {"CurrentFileName", [](const Application& app) -> const std::string& { return app.files.CurrentFileName; }},
+    {"LastArrDirectory", [](const Application& app) -> const std::string& { return app.files.LastArrDirectory; }},
+    {"LastPrgDirectory", [](const Application& app) -> const std::string& { return app.files.LastPrgDirectory; }},
+    {"LastGblDirectory", [](const Application& app) -> const std::string& { return app.files.LastGblDirectory; }},
+};
+
+constexpr TextRow kImages[] = {
+    {"ArrFileImage", [](const Application& app) -> const Bytes& { return app.arrangement.ArrFileImage; }},
+    {"ArrEditRecord", [](const Application& app) -> const Bytes& { return app.arrangement.ArrEditRecord; }},
+    {"DBImage", [](const Application& app) -> const Bytes& { return app.arrangement.DBImage; }},
+    {"StyleImage", [](const Application& app) -> const Bytes& { return app.style.StyleImage; }},
+    {"EmptyStyleImage", [](const Application& app) -> const Bytes& { return app.style.EmptyStyleImage; }},
+    {"ProgramFileBuffer", [](const Application& app) -> const Bytes& { return app.program.ProgramFileBuffer; }},
+    {"SysExBuffer", [](const Application& app) -> const Bytes& { return app.midi.SysExBuffer; }},
+};
+// clang-format on
+
+}  // namespace
+
+std::optional<StateValue> ReadState(const Application& app, std::string_view name) {
+  for (const NumberRow& row : kNumbers) {
+    if (row.name == name) return StateValue(row.read(app));
+  }
+  for (const TextRow& row : kTexts) {
+    if (row.name == name) return StateValue(ShownPath(row.read(app)));
+  }
+  return std::nullopt;
+}
+
+const Bytes* ReadStateImage(const Application& app, std::string_view name) {
+  for (const TextRow& row : kImages) {
+    if (row.name == name) return &row.read(app);
+  }
+  return nullptr;
+}
+
+}  // namespace zentaline

@@ -1,0 +1,25 @@
+// The module-wide state of opening and saving. Directories and names are the file system's bytes; a directory has no
+// separator at its end.
+#pragma once
+
+#include <string>
+
+#include "core/bytes.h"
+
+namespace zentaline {
+
+struct FilesState {
+  std::string LastArrDirectory;
+  std::string LastPrgDirectory;
+  std::string LastGblDirectory;
+  std::string LastArrName;
+  std::string LastPrgName;
+  std::string LastGblName;
+  bool ReadOnlyAnswer = false;  // of the last open dialog
+  std::string ChosenPath;       // its path, with extension
+  // The file of the open flow that runs.
+  std::string CurrentFileDir;
+  std::string CurrentFileName;  // without extension
+};
+
+}  // namespace zentaline

@@ -1,0 +1,14 @@
+// The module-wide state of the global data.
+#pragma once
+
+#include "core/bytes.h"
+
+namespace zentaline {
+
+inline constexpr std::size_t kGlobalRecordLength = 448;
+
+struct GlobalState {
+  Bytes GlobalRecord;  // the 448 bytes of the set in the instrument; empty when there is none
+};
+
+}  // namespace zentaline

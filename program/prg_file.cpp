@@ -1,0 +1,93 @@
+// Reading program files, and what stands in the instrument.
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/child_window.h"
+#include "core/file_reading.h"
+#include "core/frmMain.h"
+#include "core/panel_numbers.h"
+#include "core/window_image.h"
+#include "data/names.h"
+#include "files/paths.h"
+#include "program/api.h"
+#include "program/prg_format.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kMessageDataFormat = 32;
+constexpr int kTypePrg = 3;
+constexpr int kTypePgg = 4;
+constexpr int kBankCodeUser = 3;
+constexpr int kBankCodeDrum = 4;
+
+// A file of the right size stands in the buffer even when its signature is wrong.
+PrgReadResult Judge(Application& app, FileReadResult read, Bytes file, PrgReadResult (*check)(std::string_view)) {
+  const PrgReadResult result = read == kFileRead ? check(file) : kPrgWrong;
+  if (file.size() == kPrgFileLength) app.program.ProgramFileBuffer = std::move(file);
+  if (result == kPrgWrong) ShowMessage(app, kMessageDataFormat, app.core.OperationTitle, {});
+  return result;
+}
+
+PrgReadResult CheckPrg(std::string_view file) {
+  return CheckProgramByExtension(file, false);
+}
+
+PrgReadResult CheckPgg(std::string_view file) {
+  return CheckProgramByExtension(file, true);
+}
+
+int ReadWith(Application& app, const std::string& path, PrgReadResult (*check)(std::string_view)) {
+  Bytes file;
+  const FileReadResult read = ReadDataFile(app, path, kPrgFileLength, file);
+  if (read == kFileFailed || read == kFileAbsent) return read;
+  return Judge(app, read, std::move(file), check);
+}
+
+}  // namespace
+
+int ReadProgramFile(Application& app, const std::string& path) {
+  return ReadWith(app, path, CheckProgramFile);
+}
+
+int ReadProgramByName(Application& app, const std::string& path) {
+  const int type = FileType(path);
+  if (type == kTypePrg || type == kTypePgg) {
+    app.program.ProgramExtension = ExtensionOf(type);
+    return ReadWith(app, path, type == kTypePgg ? CheckPgg : CheckPrg);
+  }
+  app.program.ProgramExtension = "prg";
+  const int result = ReadWith(app, path + ".prg", CheckPrg);
+  if (result != kPrgAbsent) return result;
+  app.program.ProgramExtension = "pgg";
+  return ReadWith(app, path + ".pgg", CheckPgg);
+}
+
+std::string PrgLabel(int number, int bank_code) {
+  if (bank_code == kBankCodeUser) return "F/User";
+  if (bank_code == kBankCodeDrum) {
+    return number < 16 ? Utf8FromBytes(TrimRight(DrumKitName(number))) : std::string("Drum");
+  }
+  const ProgramPlace place = ProgramPlaceOf(bank_code, number);
+  if (place.letter.empty()) return {};
+  return Utf8FromBytes(TrimRight(ProgramName(place.letter[0] - 'A', place.index))) + " (" + std::string(place.letter) +
+         PanelNumberText(place.index) + ")";
+}
+
+const Bytes* FindOpenProgram(const Application& app, const std::string& path) {
+  for (int i = 1; i <= kFileWindows; ++i) {
+    const auto slot = static_cast<std::size_t>(i);
+    const ChildWindow* window = app.prg_windows[slot];
+    if (window != nullptr && app.core.PrgWindows[slot].path == path) return &window->window_image();
+  }
+  return nullptr;
+}
+
+void SlotTakePrg(Application& app, const std::string& path, bool pgg) {
+  WindowRecord& slot = app.core.PrgWindows[kInstrumentWindow];
+  slot.path = path;
+  slot.pgg = pgg ? 1 : 0;
+  if (app.main != nullptr) app.main->ShowPrgUEntry();
+}
+
+}  // namespace zentaline

@@ -1,0 +1,80 @@
+// Reading and writing style files.
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/file_reading.h"
+#include "core/window_image.h"
+#include "files/paths.h"
+#include "style/api.h"
+#include "style/sty_format.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kMessageErrorReading = 4;
+// No style file of the instrument comes near it; a longer one isn't one.
+constexpr std::size_t kLargest = std::size_t{1} << 24;
+constexpr std::string_view kTemplateEnd = "i40Sty";
+
+void ShowErrorReading(Application& app, const std::string& path) {
+  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
+}
+
+// Reads and checks; `take` makes of the bytes what is wanted.
+template <typename Take>
+int ReadStyles(Application& app, const std::string& path, Take take) {
+  Bytes file;
+  switch (ReadDataFile(app, path, kLargest, file)) {
+    case kFileFailed:
+      return kStyWrong;
+    case kFileAbsent:
+      return kStyAbsent;
+    case kFileTooLarge:
+      file.clear();
+      break;
+    case kFileRead:
+      break;
+  }
+  const StyReadResult result = file.empty() ? kStyWrong : take(file);
+  if (result == kStyWrong) ShowErrorReading(app, path);
+  return result;
+}
+
+}  // namespace
+
+int StyFileRead(Application& app, const std::string& path) {
+  StyleState& state = app.style;
+  const bool is_template = path.ends_with(kTemplateEnd);
+  const int result = ReadStyles(app, path, [&](const Bytes& file) {
+    return is_template ? StyReadTemplate(file, state.EmptyStyleImage) : StyReadImage(file, state.StyleImage);
+  });
+  if (result == kStyGood && !is_template) {
+    state.CurrentStyDir = FileDirectory(path);
+    state.CurrentStyName = FileBaseName(WithoutExtension(path));
+  }
+  return result;
+}
+
+bool StyFileWrite(Application& app, Bytes& image) {
+  return WriteDataFile(app, std::string(WindowPath(image)) + ".sty", StyFileBytes(image));
+}
+
+bool StyFileDelete(Application& app, const Bytes& image) {
+  const DiskResult result = app.disk.Remove(std::string(WindowPath(image)) + ".sty");
+  if (result == DiskResult::kOk || result == DiskResult::kAbsent) return true;
+  FileErrorMessage(app, result);
+  return false;
+}
+
+int StyImportI30(Application& app, const std::string& path) {
+  std::array<Bytes, 3> outputs;
+  const int result = ReadStyles(app, path, [&](const Bytes& file) { return StySplitI30(file, outputs); });
+  if (result != kStyGood) return result;
+  const std::string base = WithoutExtension(path);
+  for (std::size_t i = 0; i < outputs.size(); ++i) {
+    if (!WriteDataFile(app, base + "-" + std::to_string(i + 1) + ".sty", outputs[i])) return kStyWrong;
+  }
+  return kStyGood;
+}
+
+}  // namespace zentaline
