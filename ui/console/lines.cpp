@@ -1,0 +1,82 @@
+#include "ui/console/lines.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+namespace zentaline::ui {
+
+namespace {
+
+constexpr std::size_t kManyBytes = 1 << 16;
+
+}  // namespace
+
+void LineWriter::Write(const std::string& line) {
+  waiting_ += line;
+  waiting_ += '\n';
+  if (waiting_.size() >= kManyBytes) Flush();
+}
+
+// Output that nobody takes is dropped.
+void LineWriter::Flush() {
+  std::size_t written = 0;
+  while (written < waiting_.size()) {
+    const ssize_t count = ::write(descriptor_, waiting_.data() + written, waiting_.size() - written);
+    if (count < 0 && errno != EINTR) break;
+    if (count > 0) written += static_cast<std::size_t>(count);
+  }
+  waiting_.clear();
+}
+
+bool LineReader::TakeLine(std::string& line) {
+  std::size_t end = buffer_.find('\n', scanned_);
+  if (end == std::string::npos) {
+    scanned_ = buffer_.size();
+    if (!at_end_ || taken_ == buffer_.size()) return false;
+    end = buffer_.size();
+  }
+  line.assign(buffer_, taken_, std::min(end - taken_, longest_ + 1));
+  taken_ = std::min(end + 1, buffer_.size());
+  scanned_ = taken_;
+  if (taken_ > kManyBytes) {
+    buffer_.erase(0, taken_);
+    taken_ = 0;
+    scanned_ = 0;
+  }
+  return true;
+}
+
+void LineReader::Fill() {
+  std::array<char, kManyBytes> block;
+  const ssize_t count = ::read(descriptor_, block.data(), block.size());
+  if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
+  if (count <= 0) {
+    at_end_ = true;
+    return;
+  }
+  buffer_.append(block.data(), static_cast<std::size_t>(count));
+  // A line that is too long already needs no more of its text.
+  const std::size_t unfinished = buffer_.size() - scanned_;
+  if (buffer_.find('\n', scanned_) == std::string::npos && scanned_ - taken_ > longest_ + kManyBytes) {
+    buffer_.resize(buffer_.size() - unfinished);
+  }
+}
+
+bool LineReader::Read(std::string& line, const Idle& idle, const std::function<void()>& before_wait) {
+  for (;;) {
+    const int next = idle ? idle() : -1;
+    if (TakeLine(line)) return true;
+    if (at_end_) return false;
+    if (before_wait) before_wait();
+    pollfd waits = {descriptor_, POLLIN, 0};
+    const int ready = ::poll(&waits, 1, next);
+    if (ready > 0) Fill();
+    if (ready < 0 && errno != EINTR) at_end_ = true;
+  }
+}
+
+}  // namespace zentaline::ui

@@ -1,0 +1,47 @@
+// The lines that go in and out of a console program.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace zentaline::ui {
+
+// Whole lines to a file descriptor; they leave when there are many of them, or by Flush.
+class LineWriter {
+ public:
+  explicit LineWriter(int descriptor) : descriptor_(descriptor) {}
+  void Write(const std::string& line);
+  void Flush();
+
+ private:
+  int descriptor_;
+  std::string waiting_;
+};
+
+// Lines from a file descriptor.
+class LineReader {
+ public:
+  // Before a wait for input: gives the milliseconds after which it wants to be called again, -1 for never. It may read
+  // lines itself.
+  using Idle = std::function<int()>;
+
+  // `longest` in bytes: what comes of a longer line behind that is dropped, so that one byte more than that is given.
+  LineReader(int descriptor, std::size_t longest) : descriptor_(descriptor), longest_(longest) {}
+
+  // The next line without its line end; false at the end. A last line needs no line end. `before_wait` is called before
+  // the program blocks; without `idle` nothing else happens meanwhile.
+  bool Read(std::string& line, const Idle& idle, const std::function<void()>& before_wait);
+
+ private:
+  bool TakeLine(std::string& line);
+  void Fill();
+
+  int descriptor_;
+  std::size_t longest_;
+  std::string buffer_;
+  std::size_t taken_ = 0;    // of the buffer
+  std::size_t scanned_ = 0;  // of the buffer: no line end lies before it
+  bool at_end_ = false;
+};
+
+}  // namespace zentaline::ui

@@ -1,0 +1,231 @@
+// The commands that do what a user does.
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+#include "ui/script/engine.h"
+#include "ui/script/text.h"
+
+namespace zentaline::ui {
+
+namespace {
+
+// What lies beyond it is no place or size of a window.
+constexpr int kFarthest = 1000000;
+
+bool IsShown(const Control& control) {
+  return control.kind() != ControlKind::kTimer && control.kind() != ControlKind::kMenuEntry;
+}
+
+bool InRange(int row, int rows) {
+  return row >= 0 && row < rows;
+}
+
+}  // namespace
+
+ScriptEngine::Outcome ScriptEngine::Refused(const Control& control, std::string_view why) {
+  return Refused(ScriptName(control) + ' ' + std::string(why));
+}
+
+ScriptEngine::Outcome ScriptEngine::DoneBy(bool done, std::string_view name) {
+  return done ? Outcome() : Refused(std::string(name) + " refuses that");
+}
+
+ScriptEngine::Outcome ScriptEngine::Reach(const std::string& name, ScriptTarget& target) {
+  target = FindScriptTarget(host_.toolkit(), name);
+  if (!target.Found()) return Refused(target.error);
+  if (!target.form->Reachable()) return Refused(name + " can't be reached while another window waits to be closed");
+  if (target.form->kind() == FormKind::kChild) driver_.Activate(*target.form);
+  if (target.control == nullptr) return target.form->open() ? Outcome() : Refused(name + " has been closed");
+  if (target.control->Usable()) return {};
+  return Refused(*target.control, target.control->visible() ? "is disabled" : "is not to be seen");
+}
+
+ScriptEngine::Outcome ScriptEngine::ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds,
+                                                 Control*& control) {
+  ScriptTarget target;
+  Outcome outcome = Reach(name, target);
+  if (outcome.status != kScriptDone) return outcome;
+  if (target.control == nullptr) return Refused(name + " is a window");
+  if (std::find(kinds.begin(), kinds.end(), target.control->kind()) == kinds.end()) {
+    return Refused(*target.control, "is no control for this command");
+  }
+  control = target.control;
+  return outcome;
+}
+
+// A hand on the frame of a child window brings it to the front.
+ScriptEngine::Outcome ScriptEngine::ReachForm(const std::string& name, Form*& form) {
+  form = host_.toolkit().FindForm(name);
+  if (form == nullptr) return Refused("no window is called " + name);
+  if (!form->Reachable()) return Refused(name + " can't be reached while another window waits to be closed");
+  if (form->kind() == FormKind::kChild) driver_.Activate(*form);
+  return form->open() ? Outcome() : Refused(name + " has been closed");
+}
+
+ScriptEngine::Outcome ScriptEngine::Press(Words words) {
+  const UserEvent event(host_.toolkit());
+  Control* control = nullptr;
+  Outcome outcome =
+      ReachControl(words[0].text, {ControlKind::kButton, ControlKind::kOptionButton, ControlKind::kMenuEntry}, control);
+  if (outcome.status != kScriptDone) return outcome;
+  return DoneBy(driver_.Press(*control), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Select(Words words) {
+  const UserEvent event(host_.toolkit());
+  const std::vector<int> chosen = *ScriptRows(words.subspan(1));
+  Control* control = nullptr;
+  Outcome outcome = ReachControl(words[0].text, {ControlKind::kListBox, ControlKind::kComboBox}, control);
+  if (outcome.status != kScriptDone) return outcome;
+  const bool is_list = control->kind() == ControlKind::kListBox;
+  const int rows = is_list ? static_cast<ListBox*>(control)->rows() : static_cast<ComboBox*>(control)->rows();
+  if (!std::all_of(chosen.begin(), chosen.end(), [rows](int row) { return InRange(row, rows); })) {
+    return Refused(*control, "has no such row");
+  }
+  const bool several = is_list && static_cast<ListBox*>(control)->multi_select;
+  if ((chosen.size() > 1 && !several) || (chosen.empty() && !is_list)) return Refused(*control, "takes one row");
+  return DoneBy(driver_.Select(*control, chosen), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Set(Words words) {
+  const UserEvent event(host_.toolkit());
+  const int value = *ScriptNumber(words[1].text);
+  Control* control = nullptr;
+  Outcome outcome =
+      ReachControl(words[0].text, {ControlKind::kScrollBar, ControlKind::kCheckBox, ControlKind::kTabs}, control);
+  if (outcome.status != kScriptDone) return outcome;
+  int low = 0;
+  int high = 1;
+  if (control->kind() == ControlKind::kScrollBar) {
+    const ScrollBar& bar = *static_cast<ScrollBar*>(control);
+    std::tie(low, high) = std::minmax({bar.min(), bar.max()});
+  } else if (control->kind() == ControlKind::kTabs) {
+    high = static_cast<int>(static_cast<Tabs*>(control)->captions.size()) - 1;
+  }
+  if (value < low || value > high) return Refused(*control, "has no such value");
+  return DoneBy(driver_.Set(*control, value), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Type(Words words) {
+  const UserEvent event(host_.toolkit());
+  const std::string& text = words[1].text;
+  Control* control = nullptr;
+  Outcome outcome = ReachControl(words[0].text, {ControlKind::kTextBox, ControlKind::kComboBox}, control);
+  if (outcome.status != kScriptDone) return outcome;
+  if (!IsUtf8(text) || text.find('\0') != std::string::npos) return Refused("this can't be typed");
+  return DoneBy(driver_.Type(*control, text), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::PressKey(Words words) {
+  const UserEvent event(host_.toolkit());
+  Control* control = nullptr;
+  Outcome outcome = ReachControl(words[0].text,
+                                 {ControlKind::kButton, ControlKind::kTextBox, ControlKind::kListBox,
+                                  ControlKind::kComboBox, ControlKind::kScrollBar, ControlKind::kCheckBox,
+                                  ControlKind::kOptionButton, ControlKind::kTabs, ControlKind::kPictureBox},
+                                 control);
+  if (outcome.status != kScriptDone) return outcome;
+  return DoneBy(driver_.PressKey(*control, *ScriptKey(words[1].text)), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::DoubleClick(Words words) {
+  const UserEvent event(host_.toolkit());
+  const int row = *ScriptNumber(words[1].text);
+  Control* control = nullptr;
+  Outcome outcome = ReachControl(words[0].text, {ControlKind::kListBox}, control);
+  if (outcome.status != kScriptDone) return outcome;
+  if (!InRange(row, static_cast<ListBox*>(control)->rows())) return Refused(*control, "has no such row");
+  return DoneBy(driver_.DoubleClick(*control, row), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Mouse(Words words) {
+  const UserEvent event(host_.toolkit());
+  const MouseEvent mouse = *ScriptMouse(words.subspan(1));
+  ScriptTarget target;
+  Outcome outcome = Reach(words[0].text, target);
+  if (outcome.status != kScriptDone) return outcome;
+  if (target.control == nullptr) return DoneBy(driver_.Mouse(*target.form, mouse), words[0].text);
+  if (!IsShown(*target.control)) return Refused(*target.control, "is nothing that the mouse can reach");
+  return DoneBy(driver_.Mouse(*target.control, mouse), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Menu(Words words) {
+  const UserEvent event(host_.toolkit());
+  ScriptTarget target;
+  Outcome outcome = Reach(words[0].text, target);
+  if (outcome.status != kScriptDone) return outcome;
+  if (target.control == nullptr) return DoneBy(driver_.Context(*target.form), words[0].text);
+  if (!IsShown(*target.control)) return Refused(*target.control, "is nothing that the mouse can reach");
+  return DoneBy(driver_.Context(*target.control), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Activate(Words words) {
+  const UserEvent event(host_.toolkit());
+  Form* form = nullptr;
+  Outcome outcome = ReachForm(words[0].text, form);
+  if (outcome.status != kScriptDone) return outcome;
+  return DoneBy(form->kind() == FormKind::kChild, words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Close(Words words) {
+  const UserEvent event(host_.toolkit());
+  Form* form = nullptr;
+  Outcome outcome = ReachForm(words[0].text, form);
+  if (outcome.status == kScriptDone) driver_.Close(*form);
+  return outcome;
+}
+
+ScriptEngine::Outcome ScriptEngine::Resize(Words words) {
+  const UserEvent event(host_.toolkit());
+  const int width = *ScriptNumber(words[1].text);
+  const int height = *ScriptNumber(words[2].text);
+  Form* form = nullptr;
+  Outcome outcome = ReachForm(words[0].text, form);
+  if (outcome.status != kScriptDone) return outcome;
+  if (width < 1 || height < 1 || width > kFarthest || height > kFarthest) return Refused("no window has such a size");
+  Placement placement = form->placement();
+  if (placement.state != WindowState::kNormal) return Refused(words[0].text + " is minimised or maximised");
+  placement.width = width;
+  placement.height = height;
+  return DoneBy(driver_.Place(*form, placement), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Move(Words words) {
+  const UserEvent event(host_.toolkit());
+  const int left = *ScriptNumber(words[1].text);
+  const int top = *ScriptNumber(words[2].text);
+  Form* form = nullptr;
+  Outcome outcome = ReachForm(words[0].text, form);
+  if (outcome.status != kScriptDone) return outcome;
+  if (std::max(left, top) > kFarthest || std::min(left, top) < -kFarthest) return Refused("no window has such a place");
+  Placement placement = form->placement();
+  if (placement.state != WindowState::kNormal) return Refused(words[0].text + " is minimised or maximised");
+  placement.left = left;
+  placement.top = top;
+  return DoneBy(driver_.Place(*form, placement), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::ChangeState(const std::string& name, WindowState state) {
+  const UserEvent event(host_.toolkit());
+  Form* form = nullptr;
+  Outcome outcome = ReachForm(name, form);
+  if (outcome.status != kScriptDone) return outcome;
+  Placement placement = form->placement();
+  placement.state = state;
+  return DoneBy(driver_.Place(*form, placement), name);
+}
+
+ScriptEngine::Outcome ScriptEngine::Maximize(Words words) {
+  return ChangeState(words[0].text, WindowState::kMaximised);
+}
+
+ScriptEngine::Outcome ScriptEngine::Minimize(Words words) {
+  return ChangeState(words[0].text, WindowState::kMinimised);
+}
+
+ScriptEngine::Outcome ScriptEngine::Restore(Words words) {
+  return ChangeState(words[0].text, WindowState::kNormal);
+}
+
+}  // namespace zentaline::ui
