@@ -54,7 +54,8 @@ Gate::HoldInput::~HoldInput() {
 
 void Gate::User(QObject* guard, std::function<void()> act) {
   if (showing()) return;
-  if (held() || !kept_.empty()) {
+  // What follows from an action that is being delivered belongs to it, and doesn't wait behind the next.
+  if (held() || (acting_ == 0 && !kept_.empty())) {
     kept_.push_back({guard, std::move(act)});
     DeliverSoon();
   } else {
@@ -87,7 +88,8 @@ bool Gate::eventFilter(QObject* receiver, QEvent* event) {
                      QCoreApplication::sendEvent(receiver, kept.get());
                      --replaying_;
                    }});
-  event->ignore();
+  // Taken, so that it isn't offered to the widgets behind; but a window that is to close stays for the time being.
+  event->setAccepted(event->type() != QEvent::Close);
   DeliverSoon();
   return true;
 }

@@ -17,6 +17,7 @@ constexpr int kShownRows = 20;  // of a long list in a new window
 constexpr int kLeastRows = 4;   // of a list in a small window
 constexpr int kWidestRow = 72;  // characters; a longer one is scrolled to
 constexpr int kRowsOfAPage = 10;
+constexpr int kRowRoom = 2;   // pixels between two rows
 constexpr int kGroupGap = 7;  // pixels between two groups, with a line in their middle
 
 }  // namespace
@@ -53,6 +54,7 @@ class RowsView::RowPainter : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.rheight() += kRowRoom;
     if (BeginsGroup(index)) size.rheight() += kGroupGap;
     return size;
   }
@@ -115,7 +117,7 @@ int RowsView::RowAt(const QPoint& place) const {
 
 int RowsView::HeightOfRows(int rows) const {
   if (rows <= 0) return 0;
-  const int row = model()->rowCount() > 0 ? std::max(sizeHintForRow(0), 1) : fontMetrics().height() + 2;
+  const int row = model()->rowCount() > 0 ? std::max(sizeHintForRow(0), 1) : fontMetrics().height() + kRowRoom;
   const int gaps = box_ != nullptr && box_->group_rows > 0 ? (rows - 1) / box_->group_rows : 0;
   return rows * row + gaps * kGroupGap;
 }

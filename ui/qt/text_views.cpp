@@ -10,11 +10,14 @@ namespace zentaline::ui::qt {
 
 namespace {
 
+constexpr int kNoLimit = 32767;  // characters; Qt's own
+
 class LineView : public View {
  public:
   LineView(TextBox& box, Gate& gate, QWidget* parent)
       : View(box, gate, new QLineEdit(parent)), box_(box), widget_(static_cast<QLineEdit*>(View::widget())) {
-    widget_->setDragEnabled(true);
+    // Files that are dropped on it are meant for the main window.
+    widget_->setAcceptDrops(false);
     connect(widget_, &QLineEdit::textEdited, this, [this](const QString& text) {
       const int before = cursor_;
       User([this, text, before] {
@@ -30,8 +33,11 @@ class LineView : public View {
     widget_->setReadOnly(box_.read_only);
     if (change != Change::kText) return;
     const QString text = ToQt(box_.text());
-    widget_->setMaxLength(
-        box_.max_length == 0 ? 32767 : std::max(static_cast<int>(box_.max_length), static_cast<int>(text.size())));
+    // Asked first, since setting it moves the cursor.
+    const int limit = box_.max_length == 0
+                          ? kNoLimit
+                          : static_cast<int>(std::max(box_.max_length, static_cast<std::size_t>(text.size())));
+    if (widget_->maxLength() != limit) widget_->setMaxLength(limit);
     if (widget_->text() != text) {
       widget_->setText(text);
       widget_->setCursorPosition(refused_at_ < 0 ? 0 : refused_at_);
@@ -51,6 +57,7 @@ class PagesView : public View {
   PagesView(TextBox& box, Gate& gate, QWidget* parent)
       : View(box, gate, new QPlainTextEdit(parent)), box_(box), widget_(static_cast<QPlainTextEdit*>(View::widget())) {
     widget_->setTabChangesFocus(true);
+    widget_->setAcceptDrops(false);
     Watch(widget_->viewport());
     connect(widget_, &QPlainTextEdit::textChanged, this,
             [this] { User([this] { box_.UserType(FromQt(widget_->toPlainText())); }); });
@@ -71,9 +78,9 @@ class PagesView : public View {
   }
   bool KeyDoes(const Key& key, const QKeyEvent& event) override {
     // Enter is a line of its own here, not the default button.
-    if (key.name != Key::kEnter || box_.read_only) return false;
+    if (key.name != Key::kEnter) return false;
     (void)event;
-    widget_->insertPlainText(QStringLiteral("\n"));
+    if (!box_.read_only) widget_->insertPlainText(QStringLiteral("\n"));
     return true;
   }
 

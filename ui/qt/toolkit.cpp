@@ -11,6 +11,7 @@
 
 #include "ui/qt/convert.h"
 #include "ui/qt/dialogs.h"
+#include "ui/qt/icon.h"
 #include "ui/qt/menus.h"
 
 namespace zentaline::ui::qt {
@@ -36,6 +37,7 @@ class PlainPointer {
 }  // namespace
 
 QtToolkit::QtToolkit() : words_(&EnglishWords()) {
+  QApplication::setWindowIcon(ProgramIcon());
   clock_.start();
   due_.setSingleShot(true);
   due_.setTimerType(Qt::PreciseTimer);

@@ -201,7 +201,6 @@ MainFormWindow::MainFormWindow(Form& form, Gate& gate, const Words& words)
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-  area_->setAcceptDrops(true);
   column->addWidget(area_, 1);
   auto* strip = new QHBoxLayout;
   strip->setSpacing(0);

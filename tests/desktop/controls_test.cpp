@@ -1,0 +1,326 @@
+// Every kind of control on its real widget: what the model holds is shown, and what the user does reaches the model.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "tests/desktop/desk.h"
+
+namespace zentaline::ui::qt {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class Controls : public Desk {
+ protected:
+  QListView* List() { return Widget<QListView>(child->List1); }
+  QListView* List2() { return Widget<QListView>(child->List2); }
+  static QPoint PlaceOfRow(QListView* list, int row) { return list->visualRect(list->model()->index(row, 0)).center(); }
+  static void ClickRow(QListView* list, int row, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, held, PlaceOfRow(list, row));
+  }
+  static std::vector<int> ShownSelection(QListView* list) {
+    std::vector<int> rows;
+    for (const QModelIndex& index : list->selectionModel()->selectedIndexes()) rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+  }
+};
+
+TEST_F(Controls, AButtonShowsItsCaptionAndIsPressedByMouseSpaceAndEnter) {
+  auto* button = Widget<QPushButton>(child->Comm1);
+  EXPECT_EQ(button->text(), "&Press me");
+  child->Comm1.SetCaption("&Other");
+  EXPECT_EQ(button->text(), "&Other");
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_TRUE(child->Comm1.HasFocus());
+  QTest::keyClick(button, Qt::Key_Space);
+  QTest::keyClick(button, Qt::Key_Return);
+  EXPECT_THAT(log, ElementsAre("press", "press", "press"));
+}
+
+TEST_F(Controls, ADisabledButtonLooksSoAndIsNotPressed) {
+  auto* button = Widget<QPushButton>(child->Comm1);
+  child->Comm1.SetEnabled(false);
+  EXPECT_FALSE(button->isEnabled());
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(Controls, AHiddenControlIsNotShown) {
+  child->Comm1.SetVisible(false);
+  EXPECT_FALSE(Widget<QWidget>(child->Comm1)->isVisible());
+  child->Comm1.SetVisible(true);
+  EXPECT_TRUE(Widget<QWidget>(child->Comm1)->isVisible());
+}
+
+TEST_F(Controls, AFormClosedByItsOwnButtonIsGoneWhenTheClickHasEnded) {
+  QPointer<QWidget> frame = Frame(*child);
+  QTest::mouseClick(Widget<QPushButton>(child->CommClose), Qt::LeftButton);
+  EXPECT_THAT(log, ElementsAre("closing", "unload 1", "still here"));
+  EXPECT_EQ(toolkit.FindForm("frmToy(1)"), nullptr);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  Settle();
+  EXPECT_TRUE(frame.isNull());
+}
+
+TEST_F(Controls, AClickOnARowSelectsItAndSoDoesAnotherOneOnTheSameRow) {
+  ClickRow(List(), 3);
+  ClickRow(List(), 3);
+  EXPECT_THAT(log, ElementsAre("list 3", "list 3"));
+  EXPECT_THAT(ShownSelection(List()), ElementsAre(3));
+  EXPECT_EQ(List()->currentIndex().row(), 3);
+  EXPECT_TRUE(child->List1.HasFocus());
+}
+
+TEST_F(Controls, TheProgramsSelectionIsShownAndScrolledToWithoutAnEcho) {
+  child->List1.SetRow(60);
+  EXPECT_THAT(log, ElementsAre("list 60"));
+  EXPECT_THAT(ShownSelection(List()), ElementsAre(60));
+  EXPECT_TRUE(List()->viewport()->rect().contains(PlaceOfRow(List(), 60)));
+}
+
+TEST_F(Controls, ARowThatIsRefusedIsNotShownAsSelected) {
+  child->List1.SetRow(1);
+  child->List1.on_click = [this] {
+    if (child->List1.Row() == 4) child->List1.SetRow(1);
+  };
+  ClickRow(List(), 4);
+  EXPECT_THAT(ShownSelection(List()), ElementsAre(1));
+}
+
+TEST_F(Controls, ADoubleClickIsOneClickAndOneDoubleClick) {
+  const QPoint place = PlaceOfRow(List(), 2);
+  QTest::mouseClick(List()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+  QTest::mouseDClick(List()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+  EXPECT_THAT(log, ElementsAre("list 2", "double"));
+}
+
+TEST_F(Controls, ArrowsMoveTheSelectionAfterTheKeyHandler) {
+  child->List1.SetRow(0);
+  child->List1.SetFocus();
+  log.clear();
+  QTest::keyClick(List(), Qt::Key_Down);
+  QTest::keyClick(List(), Qt::Key_End);
+  QTest::keyClick(List(), Qt::Key_Up);
+  QTest::keyClick(List(), Qt::Key_PageUp);
+  EXPECT_THAT(log, ElementsAre("list key 6", "list 1", "list key 10", "list 63", "list key 5", "list 62", "list key 7",
+                               "list 52"));
+}
+
+TEST_F(Controls, LettersAndSpaceOnlyCallTheKeyHandler) {
+  child->List1.SetRow(0);
+  child->List1.SetFocus();
+  log.clear();
+  QTest::keyClick(List(), Qt::Key_2);
+  QTest::keyClick(List(), Qt::Key_Space);
+  QTest::keyClick(List(), Qt::Key_Delete);
+  EXPECT_THAT(log, ElementsAre("list key 2", "list key 2", "list key 1"));
+  EXPECT_EQ(child->List1.Row(), 0);
+}
+
+TEST_F(Controls, ARightClickOnAListOpensItsMenuOnReleaseAndSelectsNothing) {
+  QTest::mousePress(List()->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOfRow(List(), 2));
+  EXPECT_THAT(log, IsEmpty());
+  QTest::mouseRelease(List()->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOfRow(List(), 2));
+  EXPECT_THAT(log, ElementsAre("list context"));
+  EXPECT_EQ(child->List1.Row(), -1);
+}
+
+TEST_F(Controls, SeveralRowsAreSelectedWithCtrlAndShift) {
+  ClickRow(List2(), 1);
+  ClickRow(List2(), 3, Qt::ControlModifier);
+  EXPECT_THAT(ShownSelection(List2()), ElementsAre(1, 3));
+  ClickRow(List2(), 1, Qt::ControlModifier);
+  EXPECT_THAT(ShownSelection(List2()), ElementsAre(3));
+  ClickRow(List2(), 0);
+  ClickRow(List2(), 2, Qt::ShiftModifier);
+  EXPECT_THAT(ShownSelection(List2()), ElementsAre(0, 1, 2));
+  EXPECT_THAT(log, ElementsAre("list2 1 focus 1", "list2 1 3 focus 3", "list2 3 focus 3", "list2 0 focus 0",
+                               "list2 0 1 2 focus 2"));
+}
+
+TEST_F(Controls, RowsPutInAndTakenOutAreShown) {
+  child->List2.AddRow("six");
+  EXPECT_EQ(List2()->model()->rowCount(), 6);
+  child->List2.SetRowText(0, "uno");
+  EXPECT_EQ(List2()->model()->index(0, 0).data().toString(), "uno");
+  child->List2.SetRow(2);
+  child->List2.RemoveRow(0);
+  EXPECT_EQ(List2()->model()->rowCount(), 5);
+  EXPECT_EQ(ShownSelection(List2()), child->List2.SelectedRows());
+  child->List2.Clear();
+  EXPECT_EQ(List2()->model()->rowCount(), 0);
+  EXPECT_THAT(ShownSelection(List2()), IsEmpty());
+}
+
+TEST_F(Controls, TypingReachesTheModelKeyByKey) {
+  auto* line = Widget<QLineEdit>(child->Text1);
+  QTest::keyClicks(line, "abc");
+  EXPECT_THAT(log, ElementsAre("text focus", "text a", "text ab", "text abc"));
+}
+
+TEST_F(Controls, ATextBoxShowsTheModelsTextAndRefusesWhatTheModelRefuses) {
+  auto* line = Widget<QLineEdit>(child->Text1);
+  child->Text1.SetText("Song");
+  EXPECT_EQ(line->text(), "Song");
+  log.clear();
+  line->setCursorPosition(2);
+  // Not in the byte set of the data files.
+  QTest::sendKeyEvent(QTest::Click, line, Qt::Key_unknown, QStringLiteral("\u4e00"), Qt::NoModifier);
+  EXPECT_EQ(line->text(), "Song");
+  EXPECT_EQ(line->cursorPosition(), 2);
+  EXPECT_THAT(log, Not(Contains(::testing::StartsWith("text S"))));
+  QTest::keyClicks(line, "123456");
+  EXPECT_EQ(line->text(), "So1234ng");
+  EXPECT_EQ(child->Text1.text(), "So1234ng");
+  child->Text1.read_only = true;
+  QTest::keyClicks(line, "x");
+  EXPECT_EQ(line->text(), "So1234ng");
+}
+
+TEST_F(Controls, ATextBoxTellsItsMouseEvents) {
+  auto* line = Widget<QLineEdit>(child->Text1);
+  QTest::mousePress(line, Qt::LeftButton);
+  QTest::mouseRelease(line, Qt::LeftButton);
+  EXPECT_THAT(log, ElementsAre("text focus", "text mouse 0", "text mouse 2"));
+}
+
+TEST_F(Controls, ATextOfManyLinesIsTypedAndShown) {
+  auto* text = Widget<QPlainTextEdit>(child->Text2);
+  child->Text2.SetText("one\r\ntwo");
+  EXPECT_EQ(text->toPlainText(), "one\ntwo");
+  log.clear();
+  text->moveCursor(QTextCursor::End);
+  QTest::keyClick(text, Qt::Key_Return);
+  QTest::keyClicks(text, "x");
+  EXPECT_EQ(child->Text2.text(), "one\ntwo\nx");
+}
+
+TEST_F(Controls, AComboBoxShowsATextThatIsNoRowAndTakesTheUsersRow) {
+  auto* combo = Widget<QComboBox>(child->Combo1);
+  child->Combo1.ShowText("Elsewhere (B22)");
+  EXPECT_EQ(combo->currentIndex(), -1);
+  EXPECT_EQ(combo->accessibleDescription(), "Elsewhere (B22)");
+  QTest::keyClick(combo, Qt::Key_Down);
+  QTest::keyClick(combo, Qt::Key_Down);
+  EXPECT_THAT(log, ElementsAre("combo 0", "combo 1"));
+  EXPECT_EQ(combo->currentIndex(), 1);
+  child->Combo1.SetRow(2);
+  EXPECT_EQ(combo->currentIndex(), 2);
+}
+
+TEST_F(Controls, AnEditableComboBoxIsTypedInto) {
+  auto* combo = Widget<QComboBox>(child->Combo2);
+  QTest::keyClicks(combo->lineEdit(), "be");
+  EXPECT_THAT(log, ElementsAre("combo2 b", "combo2 be"));
+  EXPECT_EQ(child->Combo2.row(), -1);
+}
+
+TEST_F(Controls, ACheckBoxIsClickedAndShown) {
+  auto* box = Widget<QCheckBox>(child->Check1);
+  QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, {8, box->height() / 2});
+  QTest::keyClick(box, Qt::Key_Space);
+  EXPECT_THAT(log, ElementsAre("check on", "check off"));
+  child->Check1.SetValue(true);
+  EXPECT_TRUE(box->isChecked());
+}
+
+TEST_F(Controls, ACheckThatItsHandlerTakesBackIsShownOff) {
+  child->Check1.on_click = [this] { child->Check1.SetValue(false); };
+  auto* box = Widget<QCheckBox>(child->Check1);
+  QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, {8, box->height() / 2});
+  EXPECT_FALSE(box->isChecked());
+}
+
+TEST_F(Controls, OfOptionButtonsOneIsOn) {
+  auto* first = Widget<QRadioButton>(child->Option0);
+  auto* second = Widget<QRadioButton>(child->Option1);
+  EXPECT_TRUE(first->isChecked());
+  QTest::mouseClick(second, Qt::LeftButton, Qt::NoModifier, {8, second->height() / 2});
+  EXPECT_THAT(log, ElementsAre("option 1"));
+  EXPECT_FALSE(first->isChecked());
+  EXPECT_TRUE(second->isChecked());
+  // Pressing it again must not take it off.
+  QTest::mouseClick(second, Qt::LeftButton, Qt::NoModifier, {8, second->height() / 2});
+  EXPECT_TRUE(second->isChecked());
+  EXPECT_THAT(log, ElementsAre("option 1"));
+}
+
+TEST_F(Controls, AScrollBarMovesByKeysAndShowsItsValue) {
+  auto* bar = Widget<QScrollBar>(child->HScroll1);
+  QTest::keyClick(bar, Qt::Key_PageDown);
+  QTest::keyClick(bar, Qt::Key_Down);
+  QTest::keyClick(bar, Qt::Key_End);
+  EXPECT_THAT(log, ElementsAre("bar 10", "bar 11", "bar 127"));
+  EXPECT_EQ(bar->value(), 127);
+  child->HScroll1.SetValue(64);
+  EXPECT_EQ(bar->value(), 64);
+}
+
+TEST_F(Controls, AScrollBarWhoseGreaterValueIsAtTheTopRunsDownwards) {
+  auto* bar = Widget<QScrollBar>(child->VScroll1);
+  child->VScroll1.SetValue(100);
+  EXPECT_EQ(bar->value(), 0);
+  log.clear();
+  bar->setSliderPosition(30);
+  EXPECT_THAT(log, ElementsAre("vbar 70"));
+}
+
+TEST_F(Controls, APageIsTurnedByItsTab) {
+  auto* tabs = Widget<QTabWidget>(child->Tabs1);
+  EXPECT_EQ(tabs->tabText(1), "Effects");
+  QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, Qt::NoModifier, tabs->tabBar()->tabRect(1).center());
+  EXPECT_THAT(log, ElementsAre("page 1"));
+  child->Tabs1.SetPage(0);
+  EXPECT_EQ(tabs->currentIndex(), 0);
+}
+
+TEST_F(Controls, FocusSetByTheProgramAndByTheTabKeyAgreeWithTheModel) {
+  child->Text1.SetFocus();
+  EXPECT_TRUE(Widget<QWidget>(child->Text1)->hasFocus());
+  QTest::keyClick(Widget<QWidget>(child->Text1), Qt::Key_Tab);
+  EXPECT_EQ(child->focus(), &child->Combo1);
+}
+
+TEST_F(Controls, AMnemonicOfALabelLeadsToTheControlBehindIt) {
+  EXPECT_EQ(Widget<QLabel>(child->LabelName)->buddy(), Widget<QWidget>(child->Text1));
+}
+
+TEST_F(Controls, ColoursFollowTheModelAndTheWindowsOwnColourIsTheDesktops) {
+  QWidget* line = Widget<QWidget>(child->Text1);
+  const QColor own = line->palette().color(QPalette::Base);
+  child->Text1.SetBackColour(0x00FFFF);
+  EXPECT_EQ(line->palette().color(QPalette::Base), QColor(255, 255, 0));
+  EXPECT_EQ(line->palette().color(QPalette::Text), QColor(Qt::black));
+  child->Text1.SetBackColour(0x400000);
+  EXPECT_EQ(line->palette().color(QPalette::Text), QColor(Qt::white));
+  child->Text1.SetBackColour(kWindowColour);
+  EXPECT_EQ(line->palette().color(QPalette::Base), own);
+}
+
+TEST_F(Controls, ToolTipsAreShownAsPlainText) {
+  child->Comm1.SetToolTip("a <b> c");
+  EXPECT_EQ(Widget<QWidget>(child->Comm1)->toolTip(), "<p>a &lt;b&gt; c</p>");
+  child->Comm1.SetToolTip("Sends it");
+  EXPECT_EQ(Widget<QWidget>(child->Comm1)->toolTip(), "Sends it");
+}
+
+TEST_F(Controls, ANameWithAnAmpersandIsShownAsItIs) {
+  main->LabelArr.SetCaption("Rock & Roll");
+  EXPECT_EQ(Widget<QLabel>(main->LabelArr)->text(), "Rock & Roll");
+}
+
+}  // namespace
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,221 @@
+// What waits while the program is held up: timers, and the user's hand.
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QWindow>
+#include <chrono>
+#include <thread>
+
+#include "midi/service.h"
+#include "tests/desktop/desk.h"
+#include "ui/qt/long_sender.h"
+
+namespace zentaline::ui::qt {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// Takes its time over a long message, and tells how far it has come.
+class SlowService : public MidiService {
+ public:
+  int midiOutGetNumDevs() override { return 1; }
+  int midiInGetNumDevs() override { return 0; }
+  int midiOutGetDevCapsA(int, MidiCaps&, std::uint32_t) override { return kMidiOk; }
+  int midiInGetDevCapsA(int, MidiCaps&, std::uint32_t) override { return kMidiOk; }
+  int midiOutOpen(MidiHandle&, int, int, int, int) override { return kMidiOk; }
+  int midiInOpen(MidiHandle&, int, int, int, int) override { return kMidiOk; }
+  int midiOutClose(MidiHandle) override { return kMidiOk; }
+  int midiInClose(MidiHandle) override { return kMidiOk; }
+  int midiOutShortMsg(MidiHandle, std::uint32_t) override { return kMidiOk; }
+  int midiOutPrepareHeader(MidiHandle, MidiHeader&, std::uint32_t) override { return kMidiOk; }
+  int midiOutLongMsg(MidiHandle, MidiHeader& header, std::uint32_t) override {
+    thread = std::this_thread::get_id();
+    for (std::uint32_t part = 1; part <= 10; ++part) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds / 10));
+      if (progress_) progress_(header.buffer_length * part / 10, header.buffer_length);
+    }
+    return result;
+  }
+  int midiOutUnprepareHeader(MidiHandle, MidiHeader&, std::uint32_t) override { return kMidiOk; }
+  int midiConnect(MidiHandle, MidiHandle, int) override { return kMidiOk; }
+  int midiDisconnect(MidiHandle, MidiHandle, int) override { return kMidiOk; }
+  int midiInStart(MidiHandle) override { return kMidiOk; }
+  int midiInStop(MidiHandle) override { return kMidiOk; }
+  void SetProgress(MidiProgress progress) override { progress_ = std::move(progress); }
+
+  int milliseconds = 400;
+  int result = kMidiOk;
+  std::thread::id thread;
+
+ private:
+  MidiProgress progress_;
+};
+
+class Holding : public Desk {
+ protected:
+  int Send(std::uint32_t bytes) {
+    const std::string data(bytes, '\x41');
+    MidiHeader header;
+    header.data = data.data();
+    header.buffer_length = bytes;
+    return sender.midiOutLongMsg(1, header, kMidiHeaderSize);
+  }
+  // The user's click, through the platform's own queue.
+  void ClickFromOutside(QWidget* widget) {
+    QWindow* window = toolkit.main_window()->window()->windowHandle();
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier,
+                      widget->mapTo(toolkit.main_window()->window(), widget->rect().center()));
+  }
+
+  SlowService service;
+  LongSender sender{toolkit, service};
+};
+
+TEST_F(Holding, ALongSendGivesTheServicesResultFromAnotherThread) {
+  service.result = kMidiNoDevice;
+  EXPECT_EQ(Send(1000), kMidiNoDevice);
+  EXPECT_NE(service.thread, std::this_thread::get_id());
+}
+
+TEST_F(Holding, AShortSendIsSentAtOnce) {
+  service.milliseconds = 0;
+  EXPECT_EQ(Send(256), kMidiOk);
+  EXPECT_EQ(service.thread, std::this_thread::get_id());
+}
+
+TEST_F(Holding, AClickDuringALongSendIsDoneAfterIt) {
+  QTimer::singleShot(50, [this] {
+    ClickFromOutside(Widget<QWidget>(child->Comm1));
+    log.push_back("clicked");
+  });
+  Send(1000);
+  log.push_back("sent");
+  Settle();
+  EXPECT_THAT(log, ElementsAre("clicked", "sent", "press"));
+}
+
+TEST_F(Holding, EventsThatReachTheWidgetsByThemselvesWaitTooAndKeepTheirOrder) {
+  child->Text1.SetFocus();
+  log.clear();
+  QTimer::singleShot(50, [this] {
+    QWidget* text = Widget<QWidget>(child->Text1);
+    QTest::sendKeyEvent(QTest::Click, text, Qt::Key_A, "a", Qt::NoModifier);
+    QTest::mouseClick(Widget<QWidget>(child->Comm1), Qt::LeftButton);
+    toolkit.main_window()->window()->close();
+    log.push_back("done");
+  });
+  main->may_close = false;
+  Send(1000);
+  log.push_back("sent");
+  Settle();
+  EXPECT_THAT(log, ElementsAre("done", "sent", "text a", "press", "main query"));
+}
+
+TEST_F(Holding, ResizingAndActivationDuringALongSendAreToldAfterIt) {
+  OpenChild("2");
+  Settle();
+  log.clear();
+  QTimer::singleShot(50, [this] {
+    toolkit.main_window()->area()->setActiveSubWindow(static_cast<QMdiSubWindow*>(Frame(*child)));
+    Frame(*child)->resize(Frame(*child)->size() + QSize(10, 10));
+  });
+  Send(1000);
+  EXPECT_THAT(log, IsEmpty());
+  Settle();
+  EXPECT_THAT(log, ElementsAre("activated 1", "resized 1"));
+}
+
+TEST_F(Holding, NoTimerFiresDuringALongSendAndDueOnesFireAfterIt) {
+  child->Timer1.SetInterval(50);
+  child->Timer1.Start();
+  Send(1000);
+  log.push_back("sent");
+  EXPECT_THAT(log, ElementsAre("sent"));
+  QTest::qWait(50);
+  EXPECT_THAT(log, ElementsAre("sent", "timer"));
+}
+
+TEST_F(Holding, TheProgressBarRunsAndGoesAway) {
+  QProgressBar* bar = toolkit.main_window()->window()->findChild<QProgressBar*>();
+  int seen = 0;
+  bool running = false;
+  QTimer::singleShot(300, [&] {
+    running = bar->isVisible();
+    seen = bar->value();
+  });
+  Send(1000);
+  EXPECT_TRUE(running);
+  EXPECT_GT(seen, 300);
+  EXPECT_LT(seen, 1000);
+  EXPECT_FALSE(bar->isVisible());
+}
+
+TEST_F(Holding, NoTimerFiresWhileABoxIsOpen) {
+  child->Timer1.SetInterval(20);
+  child->Timer1.Start();
+  QTimer::singleShot(150, [this] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->text(), "Save changes ?");
+    log.push_back("box");
+    QTest::keyClick(box, Qt::Key_Escape);
+  });
+  EXPECT_EQ(toolkit.MessageBox(BoxStyle::kYesNo, "Title", "Save changes ?"), BoxAnswer::kNo);
+  EXPECT_THAT(log, ElementsAre("box"));
+  QTest::qWait(30);
+  EXPECT_THAT(log, ElementsAre("box", "timer"));
+}
+
+TEST_F(Holding, TimersRunOnTheRealClockInTheirOrder) {
+  child->Timer1.SetInterval(40);
+  child->Timer1.Start();
+  const std::int64_t began = toolkit.Now();
+  std::int64_t fired = 0;
+  child->Timer1.on_timer = [&] { fired = toolkit.Now(); };
+  QTest::qWait(90);
+  EXPECT_GE(fired - began, 40);
+}
+
+struct Answer {
+  BoxStyle style;
+  int button;  // counted from the left of what was added; -1 is Escape
+  BoxAnswer answer;
+};
+
+class Boxes : public Holding, public ::testing::WithParamInterface<Answer> {};
+
+TEST_P(Boxes, GiveTheAnswerOfTheButton) {
+  QTimer::singleShot(0, [] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->icon(), QMessageBox::Warning);
+    if (GetParam().button < 0) {
+      QTest::keyClick(box, Qt::Key_Escape);
+      return;
+    }
+    const char* const texts[] = {"&Sì", "&No", "Annulla", "OK"};
+    for (QAbstractButton* button : box->buttons()) {
+      if (button->text() == QString::fromUtf8(texts[GetParam().button])) {
+        QTest::mouseClick(button, Qt::LeftButton);
+        return;
+      }
+    }
+    ADD_FAILURE() << "no such button";
+    box->reject();
+  });
+  toolkit.SetWords(ItalianWords());
+  EXPECT_EQ(toolkit.MessageBox(GetParam().style, "T", "?"), GetParam().answer);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Styles, Boxes,
+    ::testing::Values(Answer{BoxStyle::kOk, 3, BoxAnswer::kOk}, Answer{BoxStyle::kOk, -1, BoxAnswer::kOk},
+                      Answer{BoxStyle::kYesNo, 0, BoxAnswer::kYes}, Answer{BoxStyle::kYesNo, 1, BoxAnswer::kNo},
+                      Answer{BoxStyle::kYesNo, -1, BoxAnswer::kNo}, Answer{BoxStyle::kYesNoCancel, 0, BoxAnswer::kYes},
+                      Answer{BoxStyle::kYesNoCancel, 1, BoxAnswer::kNo},
+                      Answer{BoxStyle::kYesNoCancel, 2, BoxAnswer::kCancel},
+                      Answer{BoxStyle::kYesNoCancel, -1, BoxAnswer::kCancel}));
+
+}  // namespace
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,72 @@
+#include <QMenu>
+#include <QMenuBar>
+
+#include "tests/desktop/desk.h"
+#include "ui/qt/menus.h"
+
+namespace zentaline::ui::qt {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class Menus : public Desk {
+ protected:
+  QAction* Action(const char* name) { return toolkit.main_window()->window()->findChild<QAction*>(name); }
+};
+
+TEST_F(Menus, TheBarHoldsTheMenusWithTheirEntries) {
+  const QList<QAction*> bar = toolkit.main_window()->window()->menuBar()->actions();
+  ASSERT_EQ(bar.size(), 2);
+  EXPECT_EQ(bar[0]->text(), "&File");
+  const QList<QAction*> entries = bar[0]->menu()->actions();
+  ASSERT_EQ(entries.size(), 3);
+  EXPECT_EQ(entries[0]->text(), "&Open");
+  EXPECT_EQ(entries[0]->shortcut(), QKeySequence("Ctrl+O"));
+  EXPECT_TRUE(entries[1]->isSeparator());
+  EXPECT_FALSE(entries[2]->isEnabled());
+}
+
+TEST_F(Menus, AnEntryIsPressedByItsShortcutFromAChildWindow) {
+  child->List1.SetFocus();
+  QTest::keyClick(Widget<QWidget>(child->List1), Qt::Key_O, Qt::ControlModifier);
+  EXPECT_THAT(log, ElementsAre("open"));
+}
+
+TEST_F(Menus, MarksAreTheModels) {
+  QAction* mark = Action("mnuMark");
+  EXPECT_FALSE(mark->isCheckable());
+  mark->trigger();
+  EXPECT_TRUE(mark->isChecked());
+  mark->trigger();
+  EXPECT_FALSE(mark->isChecked());
+  EXPECT_THAT(log, ElementsAre("mark", "mark"));
+}
+
+TEST_F(Menus, CaptionEnablingAndHidingFollowTheModel) {
+  QAction* off = Action("mnuOff");
+  main->mnuOff.SetEnabled(true);
+  EXPECT_TRUE(off->isEnabled());
+  main->mnuOff.SetCaption("&On");
+  EXPECT_EQ(off->text(), "&On");
+  main->mnuOff.SetVisible(false);
+  EXPECT_FALSE(off->isVisible());
+}
+
+TEST_F(Menus, APopupOpensAtOnceAndHoldsNothingUp) {
+  toolkit.PopupMenu(main->mnuFile);
+  QMenu* menu = MenuOf(main->mnuFile);
+  EXPECT_TRUE(menu->isVisible());
+  QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(Action("mnuOpen")).center());
+  EXPECT_THAT(log, ElementsAre("open"));
+  EXPECT_FALSE(menu->isVisible());
+}
+
+TEST_F(Menus, AnEntryIsRefusedWhileAModalWindowIsOpen) {
+  toolkit.Open(std::make_unique<ToyModal>(toolkit, log));
+  Action("mnuOpen")->trigger();
+  EXPECT_THAT(log, IsEmpty());
+}
+
+}  // namespace
+}  // namespace zentaline::ui::qt

@@ -1,0 +1,184 @@
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTimer>
+#include <QUrl>
+
+#include "tests/desktop/desk.h"
+
+namespace zentaline::ui::qt {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class Windows : public Desk {
+ protected:
+  QMdiSubWindow* Sub(const Form& form) { return static_cast<QMdiSubWindow*>(Frame(form)); }
+};
+
+TEST_F(Windows, TheNewestChildIsInFrontAndActivatedOnce) {
+  ToyChild& second = OpenChild("2");
+  Settle();
+  EXPECT_EQ(toolkit.main_window()->area()->activeSubWindow(), Sub(second));
+  EXPECT_EQ(std::count(log.begin(), log.end(), "activated 2"), 1);
+  EXPECT_THAT(log, Not(Contains("activated 1")));
+}
+
+TEST_F(Windows, AClickInAnotherChildBringsItToTheFront) {
+  OpenChild("2");
+  Settle();
+  log.clear();
+  QTest::mouseClick(Widget<QPushButton>(child->Comm1), Qt::LeftButton);
+  EXPECT_THAT(log, ElementsAre("activated 1", "press"));
+  EXPECT_EQ(toolkit.active_child(), child);
+  EXPECT_EQ(toolkit.main_window()->area()->activeSubWindow(), Sub(*child));
+}
+
+TEST_F(Windows, AChildThatTheUserActivatesTellsItOnce) {
+  OpenChild("2");
+  Settle();
+  log.clear();
+  toolkit.main_window()->area()->setActiveSubWindow(Sub(*child));
+  Settle();
+  EXPECT_THAT(log, ElementsAre("activated 1"));
+}
+
+TEST_F(Windows, ClosingTheOneInFrontActivatesTheNext) {
+  ToyChild& second = OpenChild("2");
+  Settle();
+  log.clear();
+  Sub(second)->close();
+  Settle();
+  EXPECT_THAT(log, ElementsAre("unload 2", "activated 1"));
+  EXPECT_EQ(toolkit.main_window()->area()->subWindowList().size(), 1);
+}
+
+TEST_F(Windows, AMainWindowThatRefusesStaysOpen) {
+  main->may_close = false;
+  toolkit.main_window()->window()->close();
+  EXPECT_THAT(log, ElementsAre("main query"));
+  EXPECT_TRUE(toolkit.main_window()->window()->isVisible());
+  main->may_close = true;
+  toolkit.main_window()->window()->close();
+  EXPECT_TRUE(toolkit.ended());
+  EXPECT_EQ(toolkit.main_window(), nullptr);
+}
+
+TEST_F(Windows, APlaceSetByTheProgramIsTaken) {
+  child->SetPlacement({30, 40, 700, 640, WindowState::kNormal});
+  EXPECT_EQ(Sub(*child)->geometry(), QRect(30, 40, 700, 640));
+  Settle();
+  EXPECT_EQ(child->inner_size(),
+            (Size{toolkit.WindowOf(*child)->body()->width(), toolkit.WindowOf(*child)->body()->height()}));
+}
+
+TEST_F(Windows, WhatTheUserDoesToAWindowReachesTheForm) {
+  const QSize size = Sub(*child)->size() + QSize(20, 10);
+  Sub(*child)->setGeometry(QRect({15, 25}, size));
+  Settle();
+  EXPECT_THAT(log, ElementsAre("resized 1"));
+  EXPECT_EQ(child->placement(), (Placement{15, 25, size.width(), size.height(), WindowState::kNormal}));
+  Sub(*child)->showMaximized();
+  Settle();
+  EXPECT_EQ(child->placement(), (Placement{15, 25, size.width(), size.height(), WindowState::kMaximised}));
+  EXPECT_GT(child->inner_size().width, size.width());
+  Sub(*child)->showMinimized();
+  Settle();
+  EXPECT_EQ(child->placement().state, WindowState::kMinimised);
+  Sub(*child)->showNormal();
+  Settle();
+  EXPECT_EQ(child->placement(), (Placement{15, 25, size.width(), size.height(), WindowState::kNormal}));
+}
+
+TEST_F(Windows, AListGrowsWithItsWindow) {
+  const int before = Widget<QWidget>(child->List1)->height();
+  Sub(*child)->resize(Sub(*child)->size() + QSize(0, 100));
+  Settle();
+  EXPECT_EQ(Widget<QWidget>(child->List1)->height(), before + 100);
+}
+
+TEST_F(Windows, NoWindowIsSmallerThanItsCaptionsNeed) {
+  child->SetPlacement({0, 0, 10, 10, WindowState::kNormal});
+  Settle();
+  const auto* button = Widget<QPushButton>(child->Comm1);
+  EXPECT_GE(button->width(), button->sizeHint().width());
+  EXPECT_EQ(child->placement().width, Sub(*child)->width());
+}
+
+TEST_F(Windows, TheCaptionFollowsTheModel) {
+  child->SetCaption("SONG.ARR");
+  EXPECT_EQ(Sub(*child)->windowTitle(), "SONG.ARR");
+}
+
+TEST_F(Windows, AModalWindowHoldsTheCallerUpUntilItIsClosed) {
+  QTimer::singleShot(0, [this] {
+    Form* modal = toolkit.modal();
+    ASSERT_NE(modal, nullptr);
+    EXPECT_FALSE(child->Comm1.UserPress());
+    QTest::keyClicks(Widget<QLineEdit>(*modal->Find("Text1")), "x");
+    QTest::keyClick(Widget<QLineEdit>(*modal->Find("Text1")), Qt::Key_Return);
+  });
+  toolkit.OpenModal(std::make_unique<ToyModal>(toolkit, log));
+  log.push_back("returned");
+  EXPECT_THAT(log, ElementsAre("modal text x", "ok", "returned"));
+  EXPECT_EQ(toolkit.modal(), nullptr);
+}
+
+TEST_F(Windows, EscapePressesAModalWindowsCancelButton) {
+  QTimer::singleShot(0, [this] { QTest::keyClick(Frame(*toolkit.modal()), Qt::Key_Escape); });
+  toolkit.OpenModal(std::make_unique<ToyModal>(toolkit, log));
+  EXPECT_THAT(log, ElementsAre("cancel"));
+}
+
+TEST_F(Windows, FilesThatAreDroppedReachTheMainWindow) {
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile("/music/a b.arr"), QUrl("http://example.org/c.arr")});
+  QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(Widget<QWidget>(child->Text1), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(Widget<QWidget>(child->Text1), &drop);
+  EXPECT_THAT(log, ElementsAre("dropped /music/a b.arr"));
+}
+
+TEST_F(Windows, TheStripIsHiddenAndShownWithItsPictureBox) {
+  main->Picture1.SetVisible(false);
+  EXPECT_FALSE(Widget<QWidget>(main->Label1)->isVisible());
+  main->Picture1.SetVisible(true);
+  EXPECT_TRUE(Widget<QWidget>(main->Label1)->isVisible());
+}
+
+// A form without a layout value.
+class Bare : public Form {
+ public:
+  explicit Bare(Toolkit& the_toolkit) : Form(the_toolkit, FormKind::kChild, "frmBare") {}
+  Button Comm1{*this, "Comm1"};
+  ListBox List1{*this, "List1"};
+};
+
+TEST_F(Windows, AFormWithoutALayoutShowsAllItHas) {
+  auto& bare = static_cast<Bare&>(toolkit.Open(std::make_unique<Bare>(toolkit)));
+  Settle();
+  EXPECT_TRUE(Widget<QWidget>(bare.Comm1)->isVisible());
+  EXPECT_TRUE(Widget<QWidget>(bare.List1)->isVisible());
+}
+
+TEST_F(Windows, AToolkitThatGoesLeavesNoWindow) {
+  auto other = std::make_unique<QtToolkit>();
+  Log other_log;
+  other->Open(std::make_unique<ToyMain>(*other, other_log));
+  other->Open(std::make_unique<ToyChild>(*other, other_log, "1"));
+  const QPointer<QWidget> window = other->main_window()->window();
+  other.reset();
+  EXPECT_TRUE(window.isNull());
+}
+
+}  // namespace
+}  // namespace zentaline::ui::qt
