@@ -9,12 +9,6 @@ constexpr std::uint32_t kDone = 1;
 constexpr std::uint32_t kPrepared = 2;
 }  // namespace
 
-std::string ShortMessageBytes(std::uint32_t word) {
-  std::string bytes;
-  for (int i = 0; i <= ShortMessageDataBytes(word); ++i) bytes += static_cast<char>(word >> (8 * i) & 0xFFU);
-  return bytes;
-}
-
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   std::size_t characters = 0;
   std::size_t end = 0;

@@ -18,9 +18,6 @@ namespace zentaline {
 
 enum class MidiDirection { kOut, kIn };
 
-// The bytes of a short message as they go on the wire, 2 or 3.
-std::string ShortMessageBytes(std::uint32_t word);
-
 inline constexpr std::size_t kProductNameLength = 32;
 
 // A product name: up to its first zero byte, at most kProductNameLength characters of UTF-8.

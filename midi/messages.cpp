@@ -5,7 +5,6 @@
 #include "arrangement/arr_format.h"
 #include "core/window_image.h"
 #include "midi/pack7.h"
-#include "midi/service.h"
 #include "program/prg_format.h"
 #include "style/sty_format.h"
 
@@ -172,12 +171,6 @@ int BuildStyleDump(int channel, std::string_view image, int group, Bytes& messag
   payload += Slice(part, data_position, static_cast<std::size_t>(StyGroupSize(first, part)));
   message = BuildDump(channel, kFunctionStyleDump, payload);
   return 0;
-}
-
-Bytes ShortMessageBytes(std::uint32_t word) {
-  Bytes bytes;
-  for (int k = 0; k <= ShortMessageDataBytes(word); ++k) Append(bytes, static_cast<int>(word >> 8 * k & 0xFF));
-  return bytes;
 }
 
 Selection BuildSelection(int channel, int controller32, int number) {

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/bytes.h"
+#include "midi/service.h"
 
 namespace zentaline {
 
@@ -99,9 +100,6 @@ constexpr std::uint32_t AllNotesOffWord(int channel) {
 constexpr std::uint32_t PitchBendWord(int channel, int value) {
   return ShortWord(0xE0 | (channel & 15), 0x7F, value);
 }
-
-// The three bytes of a word, or the two of a program change or channel pressure.
-Bytes ShortMessageBytes(std::uint32_t word);
 
 // Bank select and program change: three words, and their eight bytes in the order of sending.
 struct Selection {

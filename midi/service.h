@@ -72,11 +72,22 @@ class MidiService {
   virtual int midiDisconnect(MidiHandle in, MidiHandle out, int reserved) = 0;
   virtual int midiInStart(MidiHandle handle) = 0;
   virtual int midiInStop(MidiHandle handle) = 0;
+
+  // Called from the thread that sends, while a long message goes out. Not one of the sixteen operations: a service that
+  // sends at once leaves it.
+  virtual void SetProgress(MidiProgress progress) { (void)progress; }
 };
 
 // The number of data bytes that follow a short message's status byte: 1 for program change and channel pressure, 2 else.
 constexpr int ShortMessageDataBytes(std::uint32_t word) {
   return (word & 0xE0U) == 0xC0U ? 1 : 2;
+}
+
+// The bytes of a short message as they go on the wire, 2 or 3.
+inline std::string ShortMessageBytes(std::uint32_t word) {
+  std::string bytes;
+  for (int i = 0; i <= ShortMessageDataBytes(word); ++i) bytes += static_cast<char>(word >> (8 * i) & 0xFFU);
+  return bytes;
 }
 
 }  // namespace zentaline

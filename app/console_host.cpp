@@ -1,0 +1,118 @@
+#include "app/console_host.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+#include "core/child_window.h"
+#include "core/state_names.h"
+
+namespace zentaline {
+
+using ui::HostResult;
+
+ConsoleHost::ConsoleHost(const ConsoleOptions& options, std::string directory, int script,
+                         std::unique_ptr<MidiService> service)
+    : options_(options),
+      directory_(std::move(directory)),
+      script_(script),
+      in_(script, ui::kLongestScriptLine),
+      out_(STDOUT_FILENO),
+      toolkit_(
+          options.real_time ? ui::ConsoleToolkit::Clock::kReal : ui::ConsoleToolkit::Clock::kVirtual,
+          [this](const std::string& line) { out_.Write(line); }, [this] { out_.Flush(); }),
+      service_(std::move(service)),
+      midi_transcript_(toolkit_.transcript()),
+      listening_(Service(), midi_transcript_),
+      disk_(posix_disk_),
+      app_(toolkit_, listening_, disk_, directory_),
+      driver_(toolkit_),
+      engine_(*this, driver_, toolkit_.transcript()) {
+  toolkit_.SetQuestions(engine_);
+}
+
+// The recorder without devices stands for no service at all.
+MidiService& ConsoleHost::Service() {
+  if (options_.midi == ConsoleOptions::Midi::kVirtual) return virtual_;
+  if (service_ != nullptr) return *service_;
+  return recorder_;
+}
+
+bool ConsoleHost::ReadLine(std::string& line, bool timers_run) {
+  // Whoever types has nothing more to say to a program that has ended.
+  if (Ended() && ::isatty(script_) == 1) return false;
+  ui::LineReader::Idle idle;
+  if (timers_run && options_.real_time) idle = [this] { return toolkit_.RunDueTimers(); };
+  return in_.Read(line, idle, [this] { out_.Flush(); });
+}
+
+HostResult ConsoleHost::SetOuts(const std::vector<std::string>& names) {
+  if (options_.midi != ConsoleOptions::Midi::kRecorder) return HostResult::kRefused;
+  recorder_.SetOuts(names);
+  return HostResult::kDone;
+}
+
+HostResult ConsoleHost::SetIns(const std::vector<std::string>& names) {
+  if (options_.midi != ConsoleOptions::Midi::kRecorder) return HostResult::kRefused;
+  recorder_.SetIns(names);
+  return HostResult::kDone;
+}
+
+HostResult ConsoleHost::FailService(const std::string& operation, int result, int times) {
+  if (!MidiOperationOf(operation)) return HostResult::kUnknown;
+  if (options_.midi != ConsoleOptions::Midi::kRecorder) return HostResult::kRefused;
+  return recorder_.Fail(operation, result, times) ? HostResult::kDone : HostResult::kUnknown;
+}
+
+HostResult ConsoleHost::FailDisk(const std::string& operation, const std::string& error, int times) {
+  return disk_.Fail(operation, error, times) ? HostResult::kDone : HostResult::kUnknown;
+}
+
+void ConsoleHost::Start() {
+  if (app_.Start()) {
+    toolkit_.RunChain([this] { return app_.Starting(); });
+  } else {
+    stopped_ = true;
+  }
+}
+
+std::optional<ui::ScriptValue> ConsoleHost::State(const std::string& name) {
+  const std::optional<StateValue> value = ReadState(app_, name);
+  if (!value) return std::nullopt;
+  if (const long* const number = std::get_if<long>(&*value)) return ui::ScriptValue(std::int64_t{*number});
+  return ui::ScriptValue(std::get<std::string>(*value));
+}
+
+const Bytes* ConsoleHost::Image(const std::string& name) {
+  return ReadStateImage(app_, name);
+}
+
+const Bytes* ConsoleHost::ImageOf(ui::Form& form) {
+  const auto* const child = dynamic_cast<const ChildWindow*>(&form);
+  return child != nullptr && !child->window_image().empty() ? &child->window_image() : nullptr;
+}
+
+std::optional<ui::NamedValues> ConsoleHost::Instrument() {
+  if (options_.midi != ConsoleOptions::Midi::kVirtual) return std::nullopt;
+  ui::NamedValues values;
+  for (const HeldValue& held : virtual_.Holdings()) {
+    values.emplace_back(held.name,
+                        held.is_number ? ui::ScriptValue(std::int64_t{held.number}) : ui::ScriptValue(held.text));
+  }
+  return values;
+}
+
+void ConsoleHost::Complain(const std::string& message) {
+  out_.Flush();
+  std::fprintf(stderr, "zentaline-console: %s\n", message.c_str());
+}
+
+void ConsoleHost::End(int status) {
+  out_.Flush();
+  std::fflush(stderr);
+  std::_Exit(status);
+}
+
+}  // namespace zentaline

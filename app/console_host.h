@@ -1,0 +1,74 @@
+// The program as a script sees it: the windows on a console, the MIDI service that was asked for, and a disk that fails
+// on demand.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/console_options.h"
+#include "core/application.h"
+#include "core/faulty_disk.h"
+#include "core/posix_disk.h"
+#include "midi/listening.h"
+#include "midi/recorder/recorder.h"
+#include "midi/virtual/virtual_midi.h"
+#include "ui/console/console_toolkit.h"
+#include "ui/console/lines.h"
+#include "ui/console/midi_transcript.h"
+#include "ui/script/engine.h"
+
+namespace zentaline {
+
+class ConsoleHost : public ui::ScriptHost {
+ public:
+  // `directory` is absolute, `script` an open file. `service` carries the MIDI operations out when neither the recorder
+  // nor the built-in instrument is asked for, and may be null.
+  ConsoleHost(const ConsoleOptions& options, std::string directory, int script, std::unique_ptr<MidiService> service);
+
+  // Carries out the script; the exit status.
+  int Run() { return engine_.Run(); }
+
+  ui::Toolkit& toolkit() override { return toolkit_; }
+  bool ReadLine(std::string& line, bool timers_run) override;
+  ui::HostResult SetOuts(const std::vector<std::string>& names) override;
+  ui::HostResult SetIns(const std::vector<std::string>& names) override;
+  ui::HostResult FailService(const std::string& operation, int result, int times) override;
+  ui::HostResult FailDisk(const std::string& operation, const std::string& error, int times) override;
+  void SetPrinter(bool works) override { toolkit_.SetPrinter(works); }
+  void Start() override;
+  bool Ended() const override { return stopped_ || toolkit_.main_closed(); }
+  void Advance(std::int64_t milliseconds) override { toolkit_.Advance(milliseconds); }
+  std::optional<ui::ScriptValue> State(const std::string& name) override;
+  const Bytes* Image(const std::string& name) override;
+  const Bytes* ImageOf(ui::Form& form) override;
+  std::optional<ui::NamedValues> Instrument() override;
+  std::string Directory() override { return directory_; }
+  void Complain(const std::string& message) override;
+  [[noreturn]] void End(int status) override;
+  void Flush() { out_.Flush(); }
+
+ private:
+  MidiService& Service();
+
+  const ConsoleOptions options_;
+  const std::string directory_;
+  const int script_;
+  ui::LineReader in_;
+  ui::LineWriter out_;
+  ui::ConsoleToolkit toolkit_;
+  RecorderMidi recorder_;
+  VirtualMidi virtual_;
+  std::unique_ptr<MidiService> service_;
+  ui::MidiTranscript midi_transcript_;
+  ListeningMidi listening_;
+  PosixDisk posix_disk_;
+  FaultyDisk disk_;
+  Application app_;
+  ui::ConsoleDriver driver_;
+  ui::ScriptEngine engine_;
+  bool stopped_ = false;  // the start led to no main window
+};
+
+}  // namespace zentaline
