@@ -27,6 +27,20 @@ bool SaveArrFile(Application& app, Bytes& image);
 // Puts ArrEditRecord back into the image it came from: 0 done, 1 the window is read-only (shown), 2 no such window.
 int StoreEditRecord(Application& app);
 
+// --- The editor ---
+
+// Shows ArrEditRecord in the editor, if it is open.
+void FillArrEditor(Application& app);
+// Opens the editor on a record of a file window, 0 to 63.
+void OpenArrEditor(Application& app, ChildWindow& source, int index);
+// Closes the editor when its record came from this window; false when it refuses.
+bool CloseArrEditorOf(Application& app, const ChildWindow& source);
+// A row, 0 to 63, of a program window goes to the armed part; `image` is the window's. Nothing happens while no part is
+// armed.
+void PickProgram(Application& app, const Bytes& image, int row);
+// The same with a row of a style window's list, for the armed style; `row_text` is the list's.
+void PickStyle(Application& app, const Bytes& image, int row, const std::string& row_text);
+
 // --- The database ---
 
 // The id of the file at `path`, or 0.

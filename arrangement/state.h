@@ -28,6 +28,8 @@ struct ArrangementState {
   // A part of the arrangement under edit waits for a program; the first 1 among the slots tells which.
   bool ArrPartArmed = false;
   std::array<int, 19> ArrPartSlots{};
+  bool ArrStyleArmed = false;  // the style waits for a style
+  bool ArrNameArmed = false;
 
   // The database.
   Bytes DBImage;
