@@ -49,6 +49,13 @@ class frmArrU : public ChildWindow {
   WindowRecord* Record() override;
 
  private:
+  // The states that TimerList1 carries in its interval: what a click of the list goes on from.
+  static constexpr int kClickFresh = 10;
+  static constexpr int kClickArrSent = 11;
+  static constexpr int kClickStySent = 12;
+  // Of a row's text; what is no longer than that has no name.
+  static constexpr std::size_t kLabelLength = 2;
+
   // Opening.
   void FillRows();
   std::string RowText(int row) const;

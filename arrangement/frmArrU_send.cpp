@@ -1,0 +1,198 @@
+// How the window's files reach the instrument, and the search that brings an arrangement up.
+#include <utility>
+
+#include "arrangement/api.h"
+#include "arrangement/frmArrU.h"
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/frmMain.h"
+#include "core/window_image.h"
+#include "midi/api.h"
+#include "program/api.h"
+#include "program/prg_format.h"
+#include "style/sty_format.h"
+
+namespace zentaline {
+
+namespace {
+
+// The states that the timers carry in their intervals, which are milliseconds too.
+constexpr int kTimerIdle = 10;
+constexpr int kTimerDue = 9;
+constexpr int kFirstGroupDelay = 20;
+constexpr int kPauseBetweenGroups = 1000;  // the instrument stores a group meanwhile
+constexpr int kPrgWindowWait = 9;
+constexpr int kPrgWindowSend = 8;
+constexpr int kPrgFileWait = 7;
+constexpr int kPrgFileSend = 6;
+constexpr int kFindStart = 10;
+constexpr int kFindSty = 20;
+constexpr int kFindPrg = 30;
+constexpr int kFindAfterArr = 800;
+constexpr int kFindAfterSty = 820;
+constexpr int kFindAfterPrg = 40;
+
+constexpr int kWaitLoadingSty = 2;
+constexpr int kWaitLoadingArr = 3;
+constexpr int kWaitLoadingPrg = 4;
+constexpr int kWaitUpdate = 8;
+
+}  // namespace
+
+void frmArrU::PressLoadArr() {
+  if (TimerLoadArr.interval() == kTimerIdle) {
+    KeepsEdits();
+    ShowWait(app(), kWaitLoadingArr);
+    TimerLoadArr.SetInterval(kTimerDue);
+    TimerLoadArr.Start();
+    return;
+  }
+  TimerLoadArr.SetInterval(kTimerIdle);
+  // The song mode makes the instrument leave the arrangement that it plays before the dump arrives.
+  SendModeSongPlay(app());
+  SendModeArrPlay(app());
+  MonitorLog(app(), {});
+  SendArrDump(app(), window_image());
+  app().arrangement.ArrInInstrument = NameForInstrument();
+  if (app().main != nullptr) app().main->LabelArr.SetCaption(ShownPath(NameForInstrument()));
+  ShowWait(app(), 0);
+  if (number_ != kInstrumentWindow) SlotTakeFile(app(), Path());
+  ContinueSearch(kFindAfterArr);
+  if (TimerList1.interval() == kClickArrSent) TimerList1.Start();
+}
+
+void frmArrU::PressLoadSty() {
+  MidiState& midi = app().midi;
+  if (TimerTxSty0.interval() == kTimerIdle) {
+    midi.StyleGroupCount = StyUsedGroups(window_image());
+    if (midi.StyleGroupCount == 0) {
+      ContinueSearch(kFindPrg);
+      return List1.SetFocus();
+    }
+    midi.StyleGroupIndex = 0;
+    TimerTxSty1.SetInterval(kPauseBetweenGroups);
+    ShowWait(app(), kWaitLoadingSty);
+    TimerTxSty0.SetInterval(kFirstGroupDelay);
+    TimerTxSty0.Start();
+    return;
+  }
+  const bool more = midi.StyleGroupIndex < midi.StyleGroupCount;
+  if (more && SendStyleDump(app(), midi.StyleGroupIndex, window_image()) == 0) {
+    ++midi.StyleGroupIndex;
+    TimerTxSty1.Start();
+    return;
+  }
+  EndOfStyles();
+}
+
+void frmArrU::EndOfStyles() {
+  ShowWait(app(), 0);
+  TimerTxSty0.SetInterval(kTimerIdle);
+  TimerTxSty0.Stop();
+  app().style.StyInInstrument = NameForInstrument();
+  if (app().main != nullptr) app().main->LabelSty.SetCaption(ShownPath(NameForInstrument()));
+  if (int row = List1.Row(); row >= 0) SelectArrangement(app(), row, kKindArr);
+  if (TimerList1.interval() == kClickStySent) TimerList1.Start();
+  ContinueSearch(kFindAfterSty);
+  List1.SetFocus();
+}
+
+void frmArrU::PressLoadPrg() {
+  switch (TimerLoadPrg.interval()) {
+    case kPrgWindowWait:
+    case kPrgFileWait:
+      ShowWait(app(), kWaitLoadingPrg);
+      TimerLoadPrg.SetInterval(TimerLoadPrg.interval() - 1);
+      return TimerLoadPrg.Start();
+    case kPrgWindowSend:
+      // The window may have been closed meanwhile.
+      if (const Bytes* image = FindOpenProgram(app(), Path())) SendPrograms(*image);
+      break;
+    case kPrgFileSend:
+      SendPrograms(programs_to_send_);
+      break;
+    default:
+      if (FindOpenProgram(app(), Path()) != nullptr) {
+        TimerLoadPrg.SetInterval(kPrgWindowWait);
+        return TimerLoadPrg.Start();
+      }
+      if (const int result = ReadProgramByName(app(), Path()); result != kPrgGood && result != kPggGood) {
+        ContinueSearch(kFindAfterPrg);
+        return List1.SetFocus();
+      }
+      programs_to_send_ = BuildPrgWindowImage(app().program.ProgramFileBuffer);
+      TimerLoadPrg.SetInterval(kPrgFileWait);
+      return TimerLoadPrg.Start();
+  }
+  TimerLoadPrg.SetInterval(kTimerIdle);
+  programs_to_send_.clear();
+  ShowWait(app(), 0);
+  ContinueSearch(kFindAfterPrg);
+  List1.SetFocus();
+}
+
+void frmArrU::SendPrograms(const Bytes& image) {
+  SendPrgBankDump(app(), image);
+  const std::string_view extension = ProgramExtension(image);
+  app().program.PrgInInstrument = NameForInstrument();
+  if (app().main != nullptr) {
+    app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + "." + std::string(extension));
+  }
+  SlotTakePrg(app(), Path(), extension == "pgg");
+}
+
+void frmArrU::PressAdd() {
+  if (!std::exchange(adding_, !adding_)) {
+    ShowWait(app(), kWaitUpdate, "i40DBArr");
+    return TimerAdd.Start();
+  }
+  app().files.CurrentFileDir = FileDirectory(Path());
+  app().files.CurrentFileName = FileBaseName(Path());
+  DBAddFile(app(), kKindArr);
+  if (const int id = app().arrangement.ArrFileId; id > 0) {
+    app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = id;
+    const int row = List1.Row();
+    ShowId(row < 0 ? std::string() : List1.RowText(row).substr(0, kLabelLength));
+  }
+  ShowWait(app(), 0);
+  List1.SetFocus();
+}
+
+// The interval is the step of the search. A step that waits for a send ends, and the send's end starts the timer again.
+void frmArrU::StepSearch() {
+  ArrangementState& state = app().arrangement;
+  const Settings& settings = app().core.settings;
+  int step = TimerFindID.interval();
+  if (step == kFindStart) {
+    step = kFindSty;
+    if (settings.CaricaArr && state.ArrInInstrument != NameForInstrument()) {
+      TimerFindID.SetInterval(step);
+      return CommLoadArr.Press();
+    }
+  }
+  if (step == kFindSty || step == kFindAfterArr || step == kFindAfterSty) {
+    step = kFindPrg;
+    if (settings.CaricaSty && state.FindUserStyle && app().style.StyInInstrument != NameForInstrument()) {
+      TimerFindID.SetInterval(step);
+      return CommLoadSty.Press();
+    }
+  }
+  if (step == kFindPrg) {
+    step = kFindAfterPrg;
+    if (settings.CaricaPrg && state.FindNeedsPrg && app().program.PrgInInstrument != NameForInstrument()) {
+      TimerFindID.SetInterval(step);
+      return CommLoadPrg.Press();
+    }
+  }
+  state.FindActive = false;
+  TimerFindID.SetInterval(kFindStart);
+  List1.Click();
+}
+
+void frmArrU::ContinueSearch(int step) {
+  if (!app().arrangement.FindActive) return;
+  TimerFindID.SetInterval(step);
+  TimerFindID.Start();
+}
+
+}  // namespace zentaline
