@@ -77,7 +77,8 @@ class Control {
   void SetEnabled(bool enabled);
   bool visible() const { return visible_; }
   void SetVisible(bool visible);
-  // True when the user can reach it: enabled, visible, and so all that it stands in.
+  // True when the user can reach it: enabled, visible, and so all that it stands in by the form's layout. Which page is
+  // in front doesn't matter.
   virtual bool Usable() const;
 
   const std::string& tool_tip() const { return tool_tip_; }

@@ -191,6 +191,29 @@ TEST_F(Controls, ADisabledOrHiddenControlRefusesTheUserButNotTheProgram) {
   EXPECT_THAT(toy.log, ElementsAre("Comm"));
 }
 
+TEST_F(Controls, AControlInADisabledOrHiddenFrameRefusesTheUser) {
+  child.layout = Column(
+      {Item(child.Text1), Pages(child.Tab1, {Item(child.Check1), Inside(child.Frame1, Row({Item(child.Comm)}))})});
+  EXPECT_TRUE(child.Comm.UserPress());
+  child.Frame1.SetEnabled(false);
+  EXPECT_FALSE(child.Comm.UserPress());
+  EXPECT_TRUE(child.Check1.UserSet(true));
+  child.Frame1.SetEnabled(true);
+  child.Frame1.SetVisible(false);
+  EXPECT_FALSE(child.Comm.UserPress());
+  child.Frame1.SetVisible(true);
+  child.Tab1.SetEnabled(false);
+  EXPECT_FALSE(child.Comm.UserPress());
+  EXPECT_FALSE(child.Check1.UserSet(false));
+  EXPECT_TRUE(child.Text1.UserType("a"));
+  EXPECT_THAT(toy.log, ElementsAre("Comm", "Check1=1", "Text1=a"));
+}
+
+TEST_F(Controls, AControlOnAPageThatIsNotInFrontCanBeReached) {
+  child.layout = Pages(child.Tab1, {Item(child.Check1), Item(child.Comm)});
+  EXPECT_TRUE(child.Comm.UserPress());
+}
+
 TEST_F(Controls, AUsersActionGivesTheFocusAndAnotherControlLosesIt) {
   int focused = 0;
   child.Text1.on_focus = [&focused] { ++focused; };

@@ -246,6 +246,12 @@ TEST(ScriptEngine, ALineThatIsNoCommandIsWrongUsage) {
   }
 }
 
+TEST(ScriptEngine, AMessageTellsWhyAControlIsOutOfReach) {
+  EXPECT_EQ(AfterStart("press frmToy(1).CommOff").complaint, "line 2: frmToy(1).CommOff is disabled");
+  EXPECT_EQ(AfterStart("press frmToy(1).CommHidden").complaint, "line 2: frmToy(1).CommHidden is not to be seen");
+  EXPECT_EQ(AfterStart("press mnuBelow").complaint, "line 2: mnuBelow stands in what is disabled or hidden");
+}
+
 TEST(ScriptEngine, NothingBehindTheFirstFailureIsCarriedOut) {
   EXPECT_THAT(AfterStart("press frmToy(1).Comm\npress frmNone.Comm\npress frmToy(1).Comm").log, ElementsAre("Comm"));
 }

@@ -38,7 +38,8 @@ ScriptEngine::Outcome ScriptEngine::Reach(const std::string& name, ScriptTarget&
   if (target.form->kind() == FormKind::kChild) driver_.Activate(*target.form);
   if (target.control == nullptr) return target.form->open() ? Outcome() : Refused(name + " has been closed");
   if (target.control->Usable()) return {};
-  return Refused(*target.control, target.control->visible() ? "is disabled" : "is not to be seen");
+  if (!target.control->visible()) return Refused(*target.control, "is not to be seen");
+  return Refused(*target.control, target.control->enabled() ? "stands in what is disabled or hidden" : "is disabled");
 }
 
 ScriptEngine::Outcome ScriptEngine::ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds,
