@@ -35,7 +35,7 @@ class Desk : public ::testing::Test {
   static T* Widget(const Control& control) {
     return static_cast<T*>(static_cast<View*>(control.view)->widget());
   }
-  QWidget* Frame(const Form& form) { return toolkit.WindowOf(form)->frame(); }
+  QWidget* Frame(const Form& form) { return toolkit.windows().Of(form)->frame(); }
 
   Log log;
   QtToolkit toolkit;

@@ -63,9 +63,9 @@ class Holding : public Desk {
   }
   // The user's click, through the platform's own queue.
   void ClickFromOutside(QWidget* widget) {
-    QWindow* window = toolkit.main_window()->window()->windowHandle();
+    QWindow* window = toolkit.windows().main()->window()->windowHandle();
     QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier,
-                      widget->mapTo(toolkit.main_window()->window(), widget->rect().center()));
+                      widget->mapTo(toolkit.windows().main()->window(), widget->rect().center()));
   }
 
   SlowService service;
@@ -102,7 +102,7 @@ TEST_F(Holding, EventsThatReachTheWidgetsByThemselvesWaitTooAndKeepTheirOrder) {
     QWidget* text = Widget<QWidget>(child->Text1);
     QTest::sendKeyEvent(QTest::Click, text, Qt::Key_A, "a", Qt::NoModifier);
     QTest::mouseClick(Widget<QWidget>(child->Comm1), Qt::LeftButton);
-    toolkit.main_window()->window()->close();
+    toolkit.windows().main()->window()->close();
     log.push_back("done");
   });
   main->may_close = false;
@@ -117,7 +117,7 @@ TEST_F(Holding, ResizingAndActivationDuringALongSendAreToldAfterIt) {
   Settle();
   log.clear();
   QTimer::singleShot(50, [this] {
-    toolkit.main_window()->area()->setActiveSubWindow(static_cast<QMdiSubWindow*>(Frame(*child)));
+    toolkit.windows().main()->area()->setActiveSubWindow(static_cast<QMdiSubWindow*>(Frame(*child)));
     Frame(*child)->resize(Frame(*child)->size() + QSize(10, 10));
   });
   Send(1000);
@@ -137,7 +137,7 @@ TEST_F(Holding, NoTimerFiresDuringALongSendAndDueOnesFireAfterIt) {
 }
 
 TEST_F(Holding, TheProgressBarRunsAndGoesAway) {
-  QProgressBar* bar = toolkit.main_window()->window()->findChild<QProgressBar*>();
+  QProgressBar* bar = toolkit.windows().main()->window()->findChild<QProgressBar*>();
   int seen = 0;
   bool running = false;
   QTimer::singleShot(300, [&] {

@@ -12,11 +12,11 @@ using ::testing::IsEmpty;
 
 class Menus : public Desk {
  protected:
-  QAction* Action(const char* name) { return toolkit.main_window()->window()->findChild<QAction*>(name); }
+  QAction* Action(const char* name) { return toolkit.windows().main()->window()->findChild<QAction*>(name); }
 };
 
 TEST_F(Menus, TheBarHoldsTheMenusWithTheirEntries) {
-  const QList<QAction*> bar = toolkit.main_window()->window()->menuBar()->actions();
+  const QList<QAction*> bar = toolkit.windows().main()->window()->menuBar()->actions();
   ASSERT_EQ(bar.size(), 2);
   EXPECT_EQ(bar[0]->text(), "&File");
   const QList<QAction*> entries = bar[0]->menu()->actions();

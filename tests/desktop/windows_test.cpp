@@ -26,7 +26,7 @@ class Windows : public Desk {
 TEST_F(Windows, TheNewestChildIsInFrontAndActivatedOnce) {
   ToyChild& second = OpenChild("2");
   Settle();
-  EXPECT_EQ(toolkit.main_window()->area()->activeSubWindow(), Sub(second));
+  EXPECT_EQ(toolkit.windows().main()->area()->activeSubWindow(), Sub(second));
   EXPECT_EQ(std::count(log.begin(), log.end(), "activated 2"), 1);
   EXPECT_THAT(log, Not(Contains("activated 1")));
 }
@@ -38,14 +38,14 @@ TEST_F(Windows, AClickInAnotherChildBringsItToTheFront) {
   QTest::mouseClick(Widget<QPushButton>(child->Comm1), Qt::LeftButton);
   EXPECT_THAT(log, ElementsAre("activated 1", "press"));
   EXPECT_EQ(toolkit.active_child(), child);
-  EXPECT_EQ(toolkit.main_window()->area()->activeSubWindow(), Sub(*child));
+  EXPECT_EQ(toolkit.windows().main()->area()->activeSubWindow(), Sub(*child));
 }
 
 TEST_F(Windows, AChildThatTheUserActivatesTellsItOnce) {
   OpenChild("2");
   Settle();
   log.clear();
-  toolkit.main_window()->area()->setActiveSubWindow(Sub(*child));
+  toolkit.windows().main()->area()->setActiveSubWindow(Sub(*child));
   Settle();
   EXPECT_THAT(log, ElementsAre("activated 1"));
 }
@@ -57,18 +57,18 @@ TEST_F(Windows, ClosingTheOneInFrontActivatesTheNext) {
   Sub(second)->close();
   Settle();
   EXPECT_THAT(log, ElementsAre("unload 2", "activated 1"));
-  EXPECT_EQ(toolkit.main_window()->area()->subWindowList().size(), 1);
+  EXPECT_EQ(toolkit.windows().main()->area()->subWindowList().size(), 1);
 }
 
 TEST_F(Windows, AMainWindowThatRefusesStaysOpen) {
   main->may_close = false;
-  toolkit.main_window()->window()->close();
+  toolkit.windows().main()->window()->close();
   EXPECT_THAT(log, ElementsAre("main query"));
-  EXPECT_TRUE(toolkit.main_window()->window()->isVisible());
+  EXPECT_TRUE(toolkit.windows().main()->window()->isVisible());
   main->may_close = true;
-  toolkit.main_window()->window()->close();
+  toolkit.windows().main()->window()->close();
   EXPECT_TRUE(toolkit.ended());
-  EXPECT_EQ(toolkit.main_window(), nullptr);
+  EXPECT_EQ(toolkit.windows().main(), nullptr);
 }
 
 TEST_F(Windows, APlaceSetByTheProgramIsTaken) {
@@ -76,7 +76,7 @@ TEST_F(Windows, APlaceSetByTheProgramIsTaken) {
   EXPECT_EQ(Sub(*child)->geometry(), QRect(30, 40, 700, 640));
   Settle();
   EXPECT_EQ(child->inner_size(),
-            (Size{toolkit.WindowOf(*child)->body()->width(), toolkit.WindowOf(*child)->body()->height()}));
+            (Size{toolkit.windows().Of(*child)->body()->width(), toolkit.windows().Of(*child)->body()->height()}));
 }
 
 TEST_F(Windows, WhatTheUserDoesToAWindowReachesTheForm) {
@@ -175,7 +175,7 @@ TEST_F(Windows, AToolkitThatGoesLeavesNoWindow) {
   Log other_log;
   other->Open(std::make_unique<ToyMain>(*other, other_log));
   other->Open(std::make_unique<ToyChild>(*other, other_log, "1"));
-  const QPointer<QWidget> window = other->main_window()->window();
+  const QPointer<QWidget> window = other->windows().main()->window();
   other.reset();
   EXPECT_TRUE(window.isNull());
 }

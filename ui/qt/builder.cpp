@@ -148,7 +148,13 @@ class Builder {
         break;
       case Kind::kControl:
         if (layout.control == nullptr) break;
-        if (QWidget* widget = MakeWidget(*layout.control)) box.addWidget(widget, stretch);
+        if (QWidget* widget = MakeWidget(*layout.control)) {
+          box.addWidget(widget, stretch);
+          // A field that shares the room left over is as wide as its share, whatever it holds.
+          const bool is_field =
+              layout.control->kind() == ControlKind::kLabel && static_cast<Label*>(layout.control)->sunken;
+          if (is_field && stretch > 0) widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        }
         break;
       case Kind::kFrame:
       case Kind::kPages:

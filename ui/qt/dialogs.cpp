@@ -11,6 +11,8 @@ namespace zentaline::ui::qt {
 
 namespace {
 
+constexpr QSize kFirstSize(760, 480);  // of a file dialog: names and dates have room
+
 // "Programs (*.prg)" and "*.prg;*.pgg" make "Programs (*.prg *.pgg)".
 QString NameFilter(const FileFilter& filter) {
   QString text = ToQt(filter.text).trimmed();
@@ -99,6 +101,7 @@ FileDialogAnswer RunFileDialog(QWidget* parent, const Words& words, const FileDi
     }
   }
 
+  dialog.resize(dialog.sizeHint().expandedTo(kFirstSize));
   FileDialogAnswer answer;
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return answer;
   answer.cancelled = false;

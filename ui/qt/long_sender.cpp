@@ -24,7 +24,7 @@ LongSender::LongSender(QtToolkit& toolkit, MidiService& service) : toolkit_(tool
 int LongSender::midiOutLongMsg(MidiHandle handle, MidiHeader& header, std::uint32_t size) {
   if (header.buffer_length <= kShort) return service_.midiOutLongMsg(handle, header, size);
 
-  const Gate::HoldInput hold(toolkit_.gate());
+  const Gate::HoldInput hold(toolkit_.windows().gate());
   std::atomic<std::uint64_t> state{Pack(0, header.buffer_length)};
   service_.SetProgress([&state](std::uint32_t gone, std::uint32_t total) { state.store(Pack(gone, total)); });
 
@@ -48,16 +48,16 @@ int LongSender::midiOutLongMsg(MidiHandle handle, MidiHeader& header, std::uint3
   sender.join();
 
   service_.SetProgress(nullptr);
-  if (toolkit_.main_window() != nullptr) toolkit_.main_window()->HideProgress();
+  if (toolkit_.windows().main() != nullptr) toolkit_.windows().main()->HideProgress();
   return result;
 }
 
 void LongSender::ShowProgress(std::uint32_t gone, std::uint32_t total, std::int64_t milliseconds) {
   if (progress_) progress_(gone, total);
-  if (milliseconds < kBarAppears || toolkit_.main_window() == nullptr) return;
+  if (milliseconds < kBarAppears || toolkit_.windows().main() == nullptr) return;
   // At the speed it has had so far.
   const std::int64_t left = gone == 0 ? 0 : milliseconds * (total - gone) / gone;
-  toolkit_.main_window()->ShowProgress(gone, total, static_cast<int>((left + 999) / 1000));
+  toolkit_.windows().main()->ShowProgress(gone, total, static_cast<int>((left + 999) / 1000));
 }
 
 }  // namespace zentaline::ui::qt

@@ -35,6 +35,7 @@ class EntryView : public QObject, public ControlView {
     if (entry_ != nullptr && entry_->view == this) entry_->view = nullptr;
     entry_ = nullptr;
   }
+  QAction* action() const { return action_; }
   QMenu* menu() const { return menu_; }
 
   void Show(Change change) override {
@@ -109,6 +110,10 @@ void DetachMenus(Form& form) {
       static_cast<EntryView*>(control->view)->Detach();
     }
   }
+}
+
+QAction* ActionOf(const MenuEntry& entry) {
+  return entry.view == nullptr ? nullptr : static_cast<EntryView*>(entry.view)->action();
 }
 
 QMenu* MenuOf(const MenuEntry& entry) {

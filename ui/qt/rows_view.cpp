@@ -13,12 +13,18 @@ namespace zentaline::ui::qt {
 
 namespace {
 
-constexpr int kShownRows = 20;  // of a long list in a new window
+constexpr int kShownRows = 24;  // of a long list in a new window
 constexpr int kLeastRows = 4;   // of a list in a small window
 constexpr int kWidestRow = 72;  // characters; a longer one is scrolled to
 constexpr int kRowsOfAPage = 10;
 constexpr int kRowRoom = 2;   // pixels between two rows
 constexpr int kGroupGap = 7;  // pixels between two groups, with a line in their middle
+
+// A line that is seen on a light desktop and on a dark one, and louder on neither.
+QColor Between(const QColor& back, const QColor& text) {
+  const auto mix = [](int from, int to) { return (3 * from + to) / 4; };
+  return {mix(back.red(), text.red()), mix(back.green(), text.green()), mix(back.blue(), text.blue())};
+}
 
 }  // namespace
 
@@ -62,7 +68,7 @@ class RowsView::RowPainter : public QStyledItemDelegate {
     QStyleOptionViewItem row = option;
     if (BeginsGroup(index)) {
       const int middle = row.rect.top() + kGroupGap / 2;
-      painter->setPen(row.palette.color(QPalette::Mid));
+      painter->setPen(Between(row.palette.color(QPalette::Base), row.palette.color(QPalette::Text)));
       painter->drawLine(row.rect.left() + 2, middle, row.rect.right() - 2, middle);
       row.rect.setTop(row.rect.top() + kGroupGap);
     }

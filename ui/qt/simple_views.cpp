@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "ui/qt/convert.h"
@@ -87,7 +88,7 @@ class LabelView : public View {
     if (label.sunken) {
       widget_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
       widget_->setMargin(2);
-      widget_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+      widget_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     }
   }
 
@@ -166,7 +167,9 @@ class FrameView : public View {
 
 class PictureBoxView : public View {
  public:
-  PictureBoxView(PictureBox& box, Gate& gate, QWidget* parent) : View(box, gate, new QWidget(parent)) {}
+  PictureBoxView(PictureBox& box, Gate& gate, QWidget* parent) : View(box, gate, new QWidget(parent)) {
+    if (box.on_key) widget()->setFocusPolicy(Qt::StrongFocus);
+  }
 
  protected:
   void Refresh(Change) override {}
@@ -180,6 +183,7 @@ class TabsView : public View {
  public:
   TabsView(Tabs& tabs, Gate& gate, QWidget* parent)
       : View(tabs, gate, new QTabWidget(parent)), tabs_(tabs), widget_(static_cast<QTabWidget*>(View::widget())) {
+    Watch(widget_->tabBar());
     connect(widget_, &QTabWidget::currentChanged, this,
             [this](int page) { User([this, page] { tabs_.UserSet(page); }); });
   }

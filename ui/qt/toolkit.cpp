@@ -42,22 +42,13 @@ QtToolkit::QtToolkit() : words_(&EnglishWords()) {
   due_.setSingleShot(true);
   due_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&due_, &QTimer::timeout, [this] { OnTimer(); });
-  gate_.on_release = [this] { TimersChanged(); };
+  windows_.gate().on_release = [this] { TimersChanged(); };
 }
 
 QtToolkit::~QtToolkit() {
   due_.stop();
-  gate_.on_release = nullptr;
-  const Gate::Showing showing(gate_);
-  std::vector<QWidget*> frames;
-  for (Form* form : forms()) {
-    FormWindow* window = WindowOf(*form);
-    if (window == nullptr) continue;
-    // Child windows die with the main window's area.
-    if (form->kind() != FormKind::kChild) frames.push_back(window->frame());
-    window->Detach();
-  }
-  for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame) delete *frame;
+  windows_.gate().on_release = nullptr;
+  windows_.Drop();
   ShowWait({});
   DropForms();
 }
@@ -66,25 +57,16 @@ int QtToolkit::Run() {
   return ended_ ? 0 : QApplication::exec();
 }
 
-FormWindow* QtToolkit::WindowOf(const Form& form) const {
-  return static_cast<FormWindow*>(form.view);
-}
-
-QWidget* QtToolkit::FrontWindow() const {
-  if (Form* top = modal(); top != nullptr && top->view != nullptr) return WindowOf(*top)->frame();
-  return main_ == nullptr ? nullptr : main_->window();
-}
-
 BoxAnswer QtToolkit::MessageBox(BoxStyle style, const std::string& title, const std::string& text) {
-  const Gate::Hold hold(gate_);
+  const Gate::Hold hold(windows_.gate());
   const PlainPointer pointer(waiting_);
-  return RunBox(FrontWindow(), words(), style, title, text);
+  return RunBox(windows_.Front(), words(), style, title, text);
 }
 
 FileDialogAnswer QtToolkit::FileDialog(const FileDialogRequest& request) {
-  const Gate::Hold hold(gate_);
+  const Gate::Hold hold(windows_.gate());
   const PlainPointer pointer(waiting_);
-  return RunFileDialog(FrontWindow(), words(), request);
+  return RunFileDialog(windows_.Front(), words(), request);
 }
 
 void QtToolkit::PopupMenu(MenuEntry& menu) {
@@ -138,15 +120,15 @@ std::int64_t QtToolkit::Now() {
 void QtToolkit::TimersChanged() {
   due_.stop();
   const std::optional<std::int64_t> next = timers().NextDue();
-  if (!next || gate_.held()) return;
+  if (!next || windows_.gate().held()) return;
   due_.start(static_cast<int>(std::clamp<std::int64_t>(*next - Now(), 0, 1 << 30)));
 }
 
 // One at a time, so that the user's doings come between, and set anew before the handler runs: it may open a window
 // that waits.
 void QtToolkit::OnTimer() {
-  if (gate_.held()) return;
-  gate_.UserNow([this] { FireDueTimer(); });
+  if (windows_.gate().held()) return;
+  windows_.gate().UserNow([this] { FireDueTimer(); });
   TimersChanged();
 }
 
@@ -157,69 +139,18 @@ void QtToolkit::MainClosed() {
 }
 
 void QtToolkit::ShowForm(Form& form) {
-  const Gate::Showing showing(gate_);
-  FormWindow* window = nullptr;
-  switch (form.kind()) {
-    case FormKind::kMain:
-      main_ = new MainFormWindow(form, gate_, words());
-      window = main_;
-      QObject::connect(main_->area(), &QMdiArea::subWindowActivated, main_,
-                       [this](QMdiSubWindow* child) { OnChildActivated(child); });
-      main_->window()->show();
-      break;
-    case FormKind::kChild:
-      if (main_ == nullptr) return;
-      window = new ChildFormWindow(form, gate_, words(), main_->area());
-      break;
-    case FormKind::kModal:
-      window = new ModalFormWindow(form, gate_, FrontWindow());
-      window->frame()->setWindowModality(Qt::ApplicationModal);
-      window->frame()->show();
-      window->ShowFocus();
-      break;
-  }
-  window->Report();
+  windows_.Show(form, words());
 }
 
 void QtToolkit::HideForm(Form& form) {
-  const Gate::Showing showing(gate_);
-  FormWindow* window = WindowOf(form);
-  if (window == nullptr) return;
-  QWidget* frame = window->frame();
-  window->Detach();
-  if (window == main_) main_ = nullptr;
-  if (form.kind() == FormKind::kChild && main_ != nullptr) main_->area()->removeSubWindow(frame);
-  frame->hide();
-  gate_.Destroy(frame);
+  windows_.Hide(form);
   for (const auto& [modal_form, loop] : modal_loops_) {
     if (modal_form == &form) loop->quit();
   }
 }
 
 void QtToolkit::RaiseForm(Form& form) {
-  FormWindow* window = WindowOf(form);
-  if (window == nullptr || main_ == nullptr || form.kind() != FormKind::kChild) return;
-  const Gate::Showing showing(gate_);
-  // Where the user has put the focus himself it stays.
-  QWidget* focused = main_->window()->focusWidget();
-  const bool inside = focused != nullptr && window->frame()->isAncestorOf(focused) &&
-                      main_->area()->activeSubWindow() == window->frame();
-  main_->area()->setActiveSubWindow(static_cast<QMdiSubWindow*>(window->frame()));
-  if (!inside) window->ShowFocus();
-}
-
-void QtToolkit::OnChildActivated(QMdiSubWindow* child) {
-  // None is active while another program is in front.
-  if (child == nullptr || gate_.showing()) return;
-  gate_.User(child, [this, child] {
-    for (Form* form : forms()) {
-      if (form->kind() == FormKind::kChild && form->view != nullptr && WindowOf(*form)->frame() == child &&
-          main_->area()->activeSubWindow() == child) {
-        form->UserActivate();
-        return;
-      }
-    }
-  });
+  windows_.Raise(form);
 }
 
 void QtToolkit::RunModal(Form& form) {

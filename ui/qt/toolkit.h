@@ -4,11 +4,12 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
-#include <memory>
+#include <functional>
+#include <utility>
+#include <vector>
 
-#include "ui/qt/gate.h"
 #include "ui/qt/printing.h"
-#include "ui/qt/window.h"
+#include "ui/qt/windows.h"
 #include "ui/qt/words.h"
 #include "ui/toolkit.h"
 
@@ -29,10 +30,7 @@ class QtToolkit : public Toolkit {
   int Run();
   bool ended() const { return ended_; }
 
-  Gate& gate() { return gate_; }
-  // Null while there is none.
-  MainFormWindow* main_window() const { return main_; }
-  FormWindow* WindowOf(const Form& form) const;
+  Windows& windows() { return windows_; }
 
   BoxAnswer MessageBox(BoxStyle style, const std::string& title, const std::string& text) override;
   FileDialogAnswer FileDialog(const FileDialogRequest& request) override;
@@ -55,18 +53,15 @@ class QtToolkit : public Toolkit {
 
  private:
   const Words& words() const { return word_source_ ? word_source_() : *words_; }
-  QWidget* FrontWindow() const;
   void OnTimer();
-  void OnChildActivated(QMdiSubWindow* window);
   void PaintNow();
 
-  Gate gate_;
   const Words* words_;
   std::function<const Words&()> word_source_;
   QElapsedTimer clock_;
   QTimer due_;
   Printing printing_;
-  MainFormWindow* main_ = nullptr;
+  Windows windows_{*this};
   std::vector<std::pair<Form*, QEventLoop*>> modal_loops_;
   bool waiting_ = false;
   bool ended_ = false;

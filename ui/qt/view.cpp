@@ -143,7 +143,8 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
       return false;
     }
     case QEvent::KeyPress:
-      return part->hasFocus() && OnKey(*static_cast<QKeyEvent*>(event));
+      // Not those that a control inside has left over.
+      return part->window()->focusWidget() == part && OnKey(*static_cast<QKeyEvent*>(event));
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:

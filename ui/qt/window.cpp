@@ -25,6 +25,7 @@ namespace {
 
 constexpr QSize kFirstSize(1120, 760);  // of the main window, where the screen has room for it
 constexpr QSize kLeastSize(480, 320);
+constexpr int kTitleRoom = 140;  // pixels
 
 // What every frame reports to its window.
 template <class Base>
@@ -132,7 +133,7 @@ Size FormWindow::InnerNow() const {
 }
 
 void FormWindow::Report() {
-  if (form_ != nullptr && frame_->isVisible()) form_->UserPlace(PlacementNow(), InnerNow());
+  if (form_ != nullptr && !keeps_places_ && frame_->isVisible()) form_->UserPlace(PlacementNow(), InnerNow());
 }
 
 void FormWindow::GeometryChanged() {
@@ -220,6 +221,11 @@ MainFormWindow::MainFormWindow(Form& form, Gate& gate, const Words& words)
 }
 
 void MainFormWindow::ShowPlacement() {
+  Place();
+  Report();
+}
+
+void MainFormWindow::Place() {
   const Gate::Showing showing(gate());
   const Placement& place = form()->placement();
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
@@ -308,8 +314,11 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
 }
 
 void ChildFormWindow::ShowPlacement() {
-  const Gate::Showing showing(gate());
-  Place(form()->placement());
+  {
+    const Gate::Showing showing(gate());
+    Place(form()->placement());
+  }
+  Report();
 }
 
 void ChildFormWindow::Place(const Placement& place) {
@@ -341,6 +350,9 @@ Placement ChildFormWindow::PlacementNow() const {
 ModalFormWindow::ModalFormWindow(Form& form, Gate& gate, QWidget* parent)
     : FormWindow(form, gate, new DialogFrame(parent)), window_(static_cast<QDialog*>(frame())) {
   static_cast<DialogFrame*>(window_)->owner = this;
+  window_->setWindowModality(Qt::ApplicationModal);
+  // Its title has room too, beside the buttons of its frame.
+  window_->setMinimumWidth(window_->fontMetrics().horizontalAdvance(ToQt(form.caption())) + kTitleRoom);
   auto* column = new QVBoxLayout(window_);
   column->setContentsMargins(0, 0, 0, 0);
   BuildIn(window_);
@@ -350,10 +362,13 @@ ModalFormWindow::ModalFormWindow(Form& form, Gate& gate, QWidget* parent)
 }
 
 void ModalFormWindow::ShowPlacement() {
-  const Gate::Showing showing(gate());
   const Placement& place = form()->placement();
   if (place.width == 0) return;
-  window_->setGeometry(place.left, place.top, place.width, place.height);
+  {
+    const Gate::Showing showing(gate());
+    window_->setGeometry(place.left, place.top, place.width, place.height);
+  }
+  Report();
 }
 
 }  // namespace zentaline::ui::qt

@@ -27,6 +27,8 @@ class FormWindow : public QObject, public FormView {
   void ShowCaption() override;
   // Tells the form its place and inner size as they are now.
   void Report();
+  // From now on the form keeps the places that it is told otherwise.
+  void KeepPlaces() { keeps_places_ = true; }
   void Detach();
   // Gives the focus to the widget of the control that has it in the model.
   void ShowFocus();
@@ -49,6 +51,7 @@ class FormWindow : public QObject, public FormView {
   QWidget* body_ = nullptr;
   std::vector<QPointer<View>> views_;
   bool report_due_ = false;
+  bool keeps_places_ = false;
 };
 
 class MainFormWindow : public FormWindow {
@@ -66,6 +69,7 @@ class MainFormWindow : public FormWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void Place();
   QMainWindow* window_;
   QMdiArea* area_;
   QProgressBar* progress_;
