@@ -13,24 +13,31 @@ namespace zentaline {
 
 using ui::HostResult;
 
+ConsoleParts PlainConsole() {
+  return {[](ui::ConsoleToolkit::Clock clock, ConsoleParts::Sink sink, ui::Handler before_sleep) {
+            return std::make_unique<ui::ConsoleToolkit>(clock, std::move(sink), std::move(before_sleep));
+          },
+          [](ui::ConsoleToolkit& toolkit) { return std::make_unique<ui::ConsoleDriver>(toolkit); }};
+}
+
 ConsoleHost::ConsoleHost(const ConsoleOptions& options, std::string directory, int script,
-                         std::unique_ptr<MidiService> service)
+                         std::unique_ptr<MidiService> service, const ConsoleParts& parts)
     : options_(options),
       directory_(std::move(directory)),
       script_(script),
       in_(script, ui::kLongestScriptLine),
       out_(STDOUT_FILENO),
-      toolkit_(
+      toolkit_(parts.make_toolkit(
           options.real_time ? ui::ConsoleToolkit::Clock::kReal : ui::ConsoleToolkit::Clock::kVirtual,
-          [this](const std::string& line) { out_.Write(line); }, [this] { out_.Flush(); }),
+          [this](const std::string& line) { out_.Write(line); }, [this] { out_.Flush(); })),
       service_(std::move(service)),
-      midi_transcript_(toolkit_.transcript()),
+      midi_transcript_(toolkit_->transcript()),
       listening_(Service(), midi_transcript_),
       disk_(posix_disk_),
-      app_(toolkit_, listening_, disk_, directory_),
-      driver_(toolkit_),
-      engine_(*this, driver_, toolkit_.transcript()) {
-  toolkit_.SetQuestions(engine_);
+      app_(*toolkit_, listening_, disk_, directory_),
+      driver_(parts.make_driver(*toolkit_)),
+      engine_(*this, *driver_, toolkit_->transcript()) {
+  toolkit_->SetQuestions(engine_);
 }
 
 // The recorder without devices stands for no service at all.
@@ -44,7 +51,7 @@ bool ConsoleHost::ReadLine(std::string& line, bool timers_run) {
   // Whoever types has nothing more to say to a program that has ended.
   if (Ended() && ::isatty(script_) == 1) return false;
   ui::LineReader::Idle idle;
-  if (timers_run && options_.real_time) idle = [this] { return toolkit_.RunDueTimers(); };
+  if (timers_run && options_.real_time) idle = [this] { return toolkit_->RunDueTimers(); };
   return in_.Read(line, idle, [this] { out_.Flush(); });
 }
 
@@ -72,7 +79,7 @@ HostResult ConsoleHost::FailDisk(const std::string& operation, const std::string
 
 void ConsoleHost::Start() {
   if (app_.Start()) {
-    toolkit_.RunChain([this] { return app_.Starting(); });
+    toolkit_->RunChain([this] { return app_.Starting(); });
   } else {
     stopped_ = true;
   }

@@ -2,6 +2,7 @@
 // on demand.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,25 +22,36 @@
 
 namespace zentaline {
 
+// What stands for a desktop, and for the user's hand on it.
+struct ConsoleParts {
+  using Sink = std::function<void(const std::string&)>;
+  std::function<std::unique_ptr<ui::ConsoleToolkit>(ui::ConsoleToolkit::Clock, Sink, ui::Handler)> make_toolkit;
+  std::function<std::unique_ptr<ui::ScriptDriver>(ui::ConsoleToolkit&)> make_driver;
+};
+
+// The console itself.
+ConsoleParts PlainConsole();
+
 class ConsoleHost : public ui::ScriptHost {
  public:
   // `directory` is absolute, `script` an open file. `service` carries the MIDI operations out when neither the recorder
   // nor the built-in instrument is asked for, and may be null.
-  ConsoleHost(const ConsoleOptions& options, std::string directory, int script, std::unique_ptr<MidiService> service);
+  ConsoleHost(const ConsoleOptions& options, std::string directory, int script, std::unique_ptr<MidiService> service,
+              const ConsoleParts& parts);
 
   // Carries out the script; the exit status.
   int Run() { return engine_.Run(); }
 
-  ui::Toolkit& toolkit() override { return toolkit_; }
+  ui::Toolkit& toolkit() override { return *toolkit_; }
   bool ReadLine(std::string& line, bool timers_run) override;
   ui::HostResult SetOuts(const std::vector<std::string>& names) override;
   ui::HostResult SetIns(const std::vector<std::string>& names) override;
   ui::HostResult FailService(const std::string& operation, int result, int times) override;
   ui::HostResult FailDisk(const std::string& operation, const std::string& error, int times) override;
-  void SetPrinter(bool works) override { toolkit_.SetPrinter(works); }
+  void SetPrinter(bool works) override { toolkit_->SetPrinter(works); }
   void Start() override;
-  bool Ended() const override { return stopped_ || toolkit_.main_closed(); }
-  void Advance(std::int64_t milliseconds) override { toolkit_.Advance(milliseconds); }
+  bool Ended() const override { return stopped_ || toolkit_->main_closed(); }
+  void Advance(std::int64_t milliseconds) override { toolkit_->Advance(milliseconds); }
   std::optional<ui::ScriptValue> State(const std::string& name) override;
   const Bytes* Image(const std::string& name) override;
   const Bytes* ImageOf(ui::Form& form) override;
@@ -57,7 +69,7 @@ class ConsoleHost : public ui::ScriptHost {
   const int script_;
   ui::LineReader in_;
   ui::LineWriter out_;
-  ui::ConsoleToolkit toolkit_;
+  const std::unique_ptr<ui::ConsoleToolkit> toolkit_;
   RecorderMidi recorder_;
   VirtualMidi virtual_;
   std::unique_ptr<MidiService> service_;
@@ -66,7 +78,7 @@ class ConsoleHost : public ui::ScriptHost {
   PosixDisk posix_disk_;
   FaultyDisk disk_;
   Application app_;
-  ui::ConsoleDriver driver_;
+  const std::unique_ptr<ui::ScriptDriver> driver_;
   ui::ScriptEngine engine_;
   bool stopped_ = false;  // the start led to no main window
 };

@@ -1,6 +1,4 @@
 // zentaline: the program on the desktop.
-#include <unistd.h>
-
 #include <QApplication>
 #include <cstdio>
 #include <filesystem>
@@ -9,6 +7,7 @@
 #include <vector>
 
 #include "app/desktop_options.h"
+#include "app/directory.h"
 #include "core/application.h"
 #include "core/frmMain.h"
 #include "core/posix_disk.h"
@@ -45,15 +44,6 @@ std::unique_ptr<MidiService> MakeService(DesktopOptions::Midi midi) {
   return std::make_unique<zentaline::RecorderMidi>();
 }
 
-// Absolute and without a separator at its end; empty when it is no directory that can be entered.
-std::string EnterDirectory(const std::string& name) {
-  std::error_code error;
-  std::string directory = std::filesystem::absolute(name, error).lexically_normal().string();
-  if (error || ::chdir(directory.c_str()) != 0) return {};
-  while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
-  return directory;
-}
-
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -70,7 +60,7 @@ int main(int count, char** arguments) {
     std::error_code error;
     file = std::filesystem::absolute(file, error).lexically_normal().string();
   }
-  const std::string directory = EnterDirectory(options.directory);
+  const std::string directory = zentaline::EnterDirectory(options.directory);
   if (directory.empty()) return Misused("there is no such directory: " + options.directory);
 
   int qt_count = 1;
