@@ -14,10 +14,8 @@ class ChildWindow;
 // empty. `path` has its extension.
 int ReadArrFile(Application& app, const std::string& path);
 
-// Shows the file in ArrFileImage in window 1 to 9, whose slot is marked open by it.
+// Shows the file in ArrFileImage in window 1 to 9, whose slot is marked open already.
 ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path, bool read_only);
-// mnuArrU: window 9 with the file of its entry.
-void OpenArrUser(Application& app);
 // The file stands in the instrument now: slot 9 takes its path, and window 9, when it is open, shows it.
 void SlotTakeFile(Application& app, const std::string& path);
 

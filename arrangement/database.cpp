@@ -4,7 +4,7 @@
 #include "arrangement/db_format.h"
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/window_image.h"
 #include "files/paths.h"
 

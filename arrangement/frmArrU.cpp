@@ -6,7 +6,7 @@
 #include "arrangement/arr_format.h"
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/names.h"
@@ -24,7 +24,6 @@ namespace {
 constexpr int kMessageErrorReading = 4;
 constexpr int kMessageReadOnlyFile = 17;
 constexpr int kAskArrKeep = 2;
-constexpr int kAskFileSave = 1;
 constexpr int kFirstBankPlaces = 64;
 
 // The search looks for user programs in nine pairs that begin five bytes ahead of the part blocks; it is kept just so.
@@ -403,14 +402,7 @@ bool frmArrU::CanSave() const {
 
 bool frmArrU::QueryClose() {
   if (ByteAt(window_image(), kChangedPosition) != 1) return true;
-  switch (AskYesNoCancel(app(), kAskFileSave, caption())) {
-    case ui::BoxAnswer::kYes:
-      return ByteAt(window_image(), kNoFilePosition) == 1 ? SaveFileAs(app(), *this) : SaveFile(app(), *this);
-    case ui::BoxAnswer::kNo:
-      return true;
-    default:
-      return false;
-  }
+  return SaveBeforeClosing(app(), *this);
 }
 
 void frmArrU::Unload() {

@@ -5,7 +5,7 @@
 #include "arrangement/frmArrU.h"
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/window_image.h"
 #include "midi/api.h"
 #include "program/api.h"

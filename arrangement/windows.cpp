@@ -8,21 +8,15 @@
 #include "arrangement/frmArrU.h"
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/window_image.h"
+#include "files/api.h"
 
 namespace zentaline {
-
-namespace {
-
-constexpr int kMessageFileNotFound = 27;
-
-}  // namespace
 
 ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path, bool read_only) {
   WindowRecord& record = app.core.ArrWindows[static_cast<std::size_t>(number)];
   record.path = path;
-  if (record.state == 0) record.state = 1;
   // The second byte brings a read-only window back as one.
   record.second = read_only ? 1 : 0;
   ArrImageOptions options;
@@ -33,19 +27,6 @@ ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path
   return static_cast<ChildWindow&>(app.toolkit.Open(std::make_unique<frmArrU>(app, number, std::move(image))));
 }
 
-void OpenArrUser(Application& app) {
-  const std::string path = app.core.ArrWindows[kInstrumentWindow].path;
-  switch (ReadArrFile(app, path + ".arr")) {
-    case kArrGood:
-      OpenArrWindow(app, kInstrumentWindow, path, app.core.settings.RdOnly);
-      return;
-    case kArrAbsent:
-      return ShowMessage(app, kMessageFileNotFound, ShownPath(FileBaseName(path)) + ".arr", {});
-    default:
-      return;
-  }
-}
-
 void SlotTakeFile(Application& app, const std::string& path) {
   ChildWindow* window = app.arr_windows[kInstrumentWindow];
   // A window that would rather keep its changes stays as it is.
@@ -53,7 +34,7 @@ void SlotTakeFile(Application& app, const std::string& path) {
   app.core.ArrWindows[kInstrumentWindow].path = path;
   if (window != nullptr) {
     ui::Form* front = app.toolkit.active_child();
-    OpenArrUser(app);
+    OpenInstrumentFile(app, kKindArr);
     if (front != nullptr) app.toolkit.Activate(*front);
   }
   if (app.main != nullptr) app.main->ShowArrUEntry();

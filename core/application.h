@@ -18,7 +18,7 @@
 namespace zentaline {
 
 class ChildWindow;
-class frmMain;
+class MainWindow;
 
 struct Application {
   // All three are borrowed and outlive the application. `directory` is where the program's files are.
@@ -47,7 +47,7 @@ struct Application {
   bool reopening_chain = false;  // the timers that bring windows back are running
 
   // The open windows; null where there is none. The toolkit owns them. File windows count from 1.
-  frmMain* main = nullptr;
+  MainWindow* main = nullptr;
   std::array<ChildWindow*, 10> arr_windows{};
   std::array<ChildWindow*, 17> prg_windows{};
   std::array<ChildWindow*, 9> sty_windows{};

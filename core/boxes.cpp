@@ -1,7 +1,7 @@
 #include "core/boxes.h"
 
 #include "core/application.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/window_image.h"
 #include "data/captions.h"
 #include "data/tooltips.h"
@@ -55,6 +55,17 @@ void ChildWindow::Unload() {
 
 void ChildWindow::Resized() {
   if (WindowRecord* record = Record()) KeepPlacement(*record, placement());
+}
+
+bool ChildWindow::Offers(WindowFunction function) {
+  const ui::Button* button = ButtonOf(function);
+  return button != nullptr && button->enabled() && button->visible();
+}
+
+void ChildWindow::TakePath(const std::string& base) {
+  PutWindowPath(window_image_, base);
+  if (WindowRecord* record = Record()) record->path = base;
+  ShowName();
 }
 
 void ChildWindow::ToggleSize(ui::Size size) {

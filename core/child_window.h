@@ -46,10 +46,14 @@ class ChildWindow : public ui::Form {
   // The button of a function, null when the window has none, and the timer that presses it for the menu.
   virtual ui::Button* ButtonOf(WindowFunction function) { return (void)function, nullptr; }
   virtual ui::Timer* TimerOf(WindowFunction function) { return (void)function, nullptr; }
+  // Whether the menu entry of a function can be used: by default when its button can.
+  virtual bool Offers(WindowFunction function);
   // Whether there is something that mnuSalva and mnuSalvaAs would save.
   virtual bool CanSave() const { return false; }
   // The caption by the image.
   virtual void ShowName() {}
+  // The window's file has another path now, without extension: the image and the window's record take it.
+  void TakePath(const std::string& base);
   // A setting of the menus has changed.
   virtual void SettingsChanged() {}
   // Gives the window this size, or takes it back to the one it had before.

@@ -5,7 +5,7 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 
 namespace zentaline {
 

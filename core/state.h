@@ -48,7 +48,8 @@ struct RecentFile {
   bool operator==(const RecentFile&) const = default;
 };
 
-inline constexpr int kFileWindows = 8;            // of each kind of file
+inline constexpr int kFileWindows = 8;  // of each kind of file
+inline constexpr int kRecentFiles = 8;
 inline constexpr int kInstrumentWindow = 9;       // the window of what the instrument holds
 inline constexpr std::size_t kLongestPath = 238;  // bytes without extension
 
@@ -104,7 +105,7 @@ struct CoreState {
   std::array<WindowRecord, 17> PrgWindows;
   std::array<WindowRecord, 9> StyWindows;
   std::array<FormState, kFormStates + 1> FormStates;
-  std::array<RecentFile, 8> RecentFiles;
+  std::array<RecentFile, kRecentFiles> RecentFiles;
 };
 
 }  // namespace zentaline

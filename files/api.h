@@ -1,9 +1,12 @@
 // Opening, saving and recent files, as the rest of the program uses them. Paths are the file system's bytes.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "core/bytes.h"
+#include "core/menus.h"
+#include "core/state.h"
 
 namespace zentaline {
 
@@ -12,29 +15,58 @@ class ChildWindow;
 
 enum ChooseResult : int { kChosen = 0, kChooseFailed = 1, kChooseOpenAlready = 2, kChooseEmpty = 3 };
 
+// A kind of file that has windows: where its slots are, how it is read, and how its window opens.
+struct FileKind {
+  int kind;           // a WindowKind
+  int type;           // of the recent files, 1 to 6; programs have two, of which this is the first
+  int filter;         // of the open dialog
+  MenuId open_entry;  // mnuApriArr and the like
+  MenuId user_entry;  // the entry of the instrument's own window; kCount where there is none
+  WindowRecord& (*slot)(Application& app, int number);
+  ChildWindow* (*window)(const Application& app, int number);
+  // Reads the file, with its extension, into the kind's buffer.
+  ChooseResult (*read)(Application& app, const std::string& path);
+  // Shows what the buffer holds in window 1 to 9; `base` is the path without extension.
+  void (*open)(Application& app, int number, const std::string& base, bool read_only);
+};
+
+std::span<const FileKind> FileKinds();
+// Null for a kind that has no windows.
+const FileKind* FileKindOf(int kind);
+
 // The open dialog and the reader of the filter that was left selected. On success the file is in its format's buffer,
 // and CurrentFileDir and CurrentFileName name it.
 ChooseResult OpenChooser(Application& app, int kind);
 
-// The whole flow of mnuApriArr.
-void OpenArrFile(Application& app);
+// The whole flow of mnuApriArr and the like.
+void OpenFile(Application& app, int kind);
 // The same with a path that is known, as of a file dropped on the window or named on the command line.
 void OpenPath(Application& app, const std::string& path);
 void OpenRecentFile(Application& app, int i);
+// Whether the record's type has windows.
+bool CanOpenRecent(const Application& app, int i);
+// Brings the window of the file to the front, or opens the file; `path` has its extension.
+void ShowFile(Application& app, int kind, const std::string& path, bool read_only);
+// The window of what stands in the instrument, with the file of its entry, number 9.
+void OpenInstrumentFile(Application& app, int kind);
+// Brings the window of an entry back; the entry moves to a lower slot that is free, the instrument's own never does. A
+// file that has gone leaves no window and no message.
+void ReopenWindow(Application& app, int kind, int entry);
 
 // Saves the window's files by its kind. False when something failed; the window then still counts as changed.
 bool SaveFile(Application& app, ChildWindow& window);
 // Asks for a name first. False when that was cancelled, or saving failed.
 bool SaveFileAs(Application& app, ChildWindow& window);
+// The question before a changed window closes; false keeps it open.
+bool SaveBeforeClosing(Application& app, ChildWindow& window);
 
 // `path` with its extension.
 void AddRecentFile(Application& app, const std::string& path, bool read_only);
 // What mnuRecentFile(i) shows; empty for a free record.
 std::string RecentCaption(const Application& app, int i);
 
-// The arrangement window numbers, 1 to 8: the first that is free, 0 when none is. And whether the open entry is
-// enabled.
-int FreeArrWindow(const Application& app);
+// The first window number from 1 to 8 that is free, 0 when none is. And whether the open entries are enabled.
+int FreeWindow(Application& app, int kind);
 void RefreshOpenEntries(Application& app);
 
 }  // namespace zentaline

@@ -1,22 +1,34 @@
-// What the open and the save dialogs share; for this folder alone.
+// What the open and the save flows share; for this folder alone.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "files/api.h"
 #include "ui/types.h"
 
 namespace zentaline {
 
-struct Application;
-
 inline constexpr std::string_view kDialogTitle = "Zentaline - Zentaline Console v 4.0 ";
+
+// Filters of the open dialog, which count from 1.
+enum OpenFilter : int { kFilterArr = 1, kFilterSty, kFilterPrg, kFilterGbl, kFilterBsq, kFilterPcg, kFilterAll };
 
 // "text|patterns|" again and again.
 std::vector<ui::FileFilter> ParseFilters(std::string_view text);
 
-// The box for a path that can't be kept.
+// The box for a path that can't be kept, and whether it can be: at most 238 bytes without its extension.
 void ShowNameNotValid(Application& app, const std::string& path);
+bool PathFits(Application& app, const std::string& path);
+// A file of another format than its name says; its box.
+ChooseResult RefuseData(Application& app, const std::string& path);
+
+// 0 read, 1 and 2 failed and shown, 3 absent or empty.
+ChooseResult ReaderResult(int result);
+// Reads a file whose kind, or path, is known, after asking whether it is open already. CurrentFileDir and
+// CurrentFileName, and the kind's last directory and name, are its own afterwards.
+ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::string& path);
+void RememberPlace(Application& app, int filter, const std::string& path);
 
 }  // namespace zentaline

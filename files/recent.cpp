@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "core/application.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "files/api.h"
 #include "files/paths.h"
 

@@ -5,11 +5,12 @@
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/file_reading.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/window_image.h"
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
+#include "program/api.h"
 #include "program/prg_format.h"
 #include "style/api.h"
 
@@ -19,8 +20,12 @@ namespace {
 
 constexpr int kTextSaveAs = 75;
 constexpr int kMessageOpenAlready = 16;
+constexpr int kAskFileSave = 1;
+constexpr int kTypeArr = 1;
+constexpr int kTypeSty = 2;
 constexpr int kTypePrg = 3;
 constexpr int kTypePgg = 4;
+constexpr std::string_view kUntitled = "Untitled";
 
 // Filters of the save dialog, which count from 1. The first four are file types too.
 enum SaveFilter : int { kSaveArr = 1, kSaveSty, kSavePrg, kSavePgg, kSaveGbl, kSaveAll };
@@ -29,65 +34,139 @@ constexpr std::string_view kSaveFilters =
     "Arrangements (*.arr)|*.arr| Styles (*.sty)|*.sty| Programs (*.prg)|*.prg| Programs (*.pgg)| *.pgg|"
     " Global (*.gbl)| *.gbl| All files (*.*)|*.*|";
 
-// The path without the extension of this type; any other ending belongs to the name.
-std::string BasePath(const std::string& path, int type) {
-  return FileType(path) == type ? WithoutExtension(path) : path;
+// The kinds that are saved, by what they hold.
+enum class Content { kArrangements, kPrograms, kStyles };
+
+Content ContentOf(int kind) {
+  switch (kind) {
+    case kKindPrg:
+    case kKindNewPrg:
+    case kKindPcg:
+      return Content::kPrograms;
+    case kKindSty:
+    case kKindNewSty:
+      return Content::kStyles;
+    default:
+      return Content::kArrangements;
+  }
 }
 
-bool OpenElsewhere(const Application& app, const ChildWindow& window, const std::string& path) {
-  for (std::size_t i = 1; i <= kFileWindows; ++i) {
-    if (app.arr_windows[i] != nullptr && app.arr_windows[i] != &window && app.core.ArrWindows[i].path == path)
-      return true;
+// The type of the window's own file, which for programs follows from the records.
+int OwnType(const Bytes& image) {
+  switch (ContentOf(ByteAt(image, kKindPosition))) {
+    case Content::kPrograms:
+      return ByteAt(image, kPggPosition) == 0 ? kTypePrg : kTypePgg;
+    case Content::kStyles:
+      return kTypeSty;
+    default:
+      return kTypeArr;
+  }
+}
+
+bool SaveContent(Application& app, Bytes& image) {
+  switch (ContentOf(ByteAt(image, kKindPosition))) {
+    case Content::kPrograms:
+      return SavePrgFile(app, image);
+    case Content::kStyles:
+      return SaveStyFile(app, image);
+    default:
+      return SaveArrFile(app, image);
+  }
+}
+
+ui::FileDialogRequest SaveRequest(const Application& app, const Bytes& image) {
+  ui::FileDialogRequest request;
+  request.save = true;
+  request.title = GetText(app, kTextSaveAs);
+  request.filters = ParseFilters(kSaveFilters);
+  request.shows_read_only = false;
+  request.filter = OwnType(image);
+  request.default_extension = ExtensionOf(request.filter);
+  const std::string ending = "." + request.default_extension;
+  const int kind = ByteAt(image, kKindPosition);
+  switch (ContentOf(kind)) {
+    case Content::kPrograms:
+      request.directory = kind == kKindNewPrg ? app.files.LastPrgDirectory : FileDirectory(WindowPath(image));
+      request.name = std::string(kind == kKindNewPrg ? kUntitled : WindowBaseName(image)) + ending;
+      break;
+    case Content::kStyles:
+      request.directory = app.files.LastArrDirectory;
+      request.name = std::string(kUntitled) + ending;
+      break;
+    case Content::kArrangements:
+      request.directory = app.files.LastArrDirectory;
+      request.name = std::string(WindowPath(image)) + ending;
+      break;
+  }
+  return request;
+}
+
+// The path without the extension of one of these types; any other ending belongs to the name.
+std::string BasePath(const std::string& path, int type, int other_type) {
+  const int found = FileType(path);
+  return found == type || found == other_type ? WithoutExtension(path) : path;
+}
+
+bool OpenElsewhere(Application& app, const ChildWindow& window, const std::string& base) {
+  const FileKind* kind = FileKindOf(window.Kind());
+  for (int number = 1; kind != nullptr && number <= kFileWindows; ++number) {
+    const ChildWindow* other = kind->window(app, number);
+    if (other != nullptr && other != &window && kind->slot(app, number).path == base) return true;
   }
   return false;
 }
 
-// The window's file under another name, with all its styles; on a failure the window keeps the old one.
-bool SaveArrAs(Application& app, ChildWindow& window, const std::string& base) {
+// The window's file under another name, with all that belongs to it; on a failure the window keeps the old one.
+bool SaveWholeAs(Application& app, ChildWindow& window, const std::string& base) {
   Bytes image = window.window_image();
   PutWindowPath(image, base);
-  PutByte(image, kReadOnlyPosition, 0);
-  PutByte(image, kNoFilePosition, 0);
-  if (ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
-  if (!SaveArrFile(app, image)) return false;
+  for (const std::size_t position : {kReadOnlyPosition, kNoFilePosition, kNeverSavedPosition})
+    PutByte(image, position, 0);
+  const bool arrangements = ContentOf(window.Kind()) == Content::kArrangements;
+  if (arrangements && ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
+  if (!SaveContent(app, image)) return false;
   window.window_image() = std::move(image);
-  const auto slot = static_cast<std::size_t>(window.WindowNumber());
-  app.core.ArrWindows[slot].path = base;
-  app.core.ArrWindows[slot].second = 0;
-  app.files.LastArrDirectory = FileDirectory(base);
-  app.files.LastArrName = FileBaseName(base);
-  window.ShowName();
-  AddRecentFile(app, base + ".arr", false);
+  window.TakePath(base);
+  std::string& directory =
+      ContentOf(window.Kind()) == Content::kPrograms ? app.files.LastPrgDirectory : app.files.LastArrDirectory;
+  directory = FileDirectory(base);
+  AddRecentFile(app, base + "." + std::string(ExtensionOf(OwnType(window.window_image()))), false);
   return true;
 }
 
-// The styles, or the programs, that are attached to the window, under a name of their own. The window stays as it is.
+// The styles, or the programs, that are attached to an arrangement window, under a name of their own. The window stays
+// as it is.
 bool SavePart(Application& app, const Bytes& image, const std::string& base, int filter) {
   if (filter == kSaveSty) {
     Bytes copy = image;
     PutWindowPath(copy, base);
     return StyFileWrite(app, copy);
   }
-  const bool pgg = filter == kSavePgg;
-  const std::string_view extension = ExtensionOf(pgg ? kTypePgg : kTypePrg);
-  const std::string_view other = ExtensionOf(pgg ? kTypePrg : kTypePgg);
+  const int other = filter == kSavePgg ? kTypePrg : kTypePgg;
   const Bytes programs = Slice(image, kArrImageProgramPosition, kPrgFileLength);
-  if (!WriteDataFile(app, base + "." + std::string(extension), programs)) return false;
+  if (!WriteDataFile(app, base + "." + std::string(ExtensionOf(filter)), programs)) return false;
   // One name never stands in both formats.
-  app.disk.Remove(base + "." + std::string(other));
+  app.disk.Remove(base + "." + std::string(ExtensionOf(other)));
   return true;
 }
 
 bool HasPart(const Bytes& image, int filter) {
+  if (ContentOf(ByteAt(image, kKindPosition)) != Content::kArrangements) return false;
   if (filter == kSaveSty) return ByteAt(image, kStyStatePosition) != 0;
   return (filter == kSavePrg || filter == kSavePgg) && ByteAt(image, kPrgAttachedPosition) == 1;
+}
+
+// Whether the filter that was left selected is the window's own file.
+bool IsWhole(const Bytes& image, int filter) {
+  const bool programs = ContentOf(ByteAt(image, kKindPosition)) == Content::kPrograms;
+  return filter == kSaveAll || filter == OwnType(image) || (programs && (filter == kSavePrg || filter == kSavePgg));
 }
 
 }  // namespace
 
 bool SaveFile(Application& app, ChildWindow& window) {
   if (ByteAt(window.window_image(), kNeverSavedPosition) == 1) return SaveFileAs(app, window);
-  const bool saved = SaveArrFile(app, window.window_image());
+  const bool saved = SaveContent(app, window.window_image());
   if (saved) PutByte(window.window_image(), kNoFilePosition, 0);
   if (app.main != nullptr) app.main->RefreshMenus();
   return saved;
@@ -95,20 +174,13 @@ bool SaveFile(Application& app, ChildWindow& window) {
 
 bool SaveFileAs(Application& app, ChildWindow& window) {
   const Bytes& image = window.window_image();
-  ui::FileDialogRequest request;
-  request.save = true;
-  request.title = GetText(app, kTextSaveAs);
-  request.filters = ParseFilters(kSaveFilters);
-  request.filter = kSaveArr;
-  request.directory = app.files.LastArrDirectory;
-  request.default_extension = "arr";
-  request.name = std::string(WindowPath(image)) + ".arr";
-  request.shows_read_only = false;
-  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(request);
+  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(SaveRequest(app, image));
   if (answer.cancelled || answer.path.empty()) return false;
   // The selected filter decides what is written.
-  const bool whole = answer.filter == kSaveArr || answer.filter == kSaveAll;
-  const std::string base = BasePath(answer.path, whole ? static_cast<int>(kSaveArr) : answer.filter);
+  const bool whole = IsWhole(image, answer.filter);
+  const int type = whole ? OwnType(image) : answer.filter;
+  const bool programs = type == kTypePrg || type == kTypePgg;
+  const std::string base = BasePath(answer.path, type, programs ? kTypePrg + kTypePgg - type : type);
   if (base.size() > kLongestPath || (!whole && !HasPart(image, answer.filter))) {
     ShowNameNotValid(app, answer.path);
     return false;
@@ -118,9 +190,23 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
     ShowMessage(app, kMessageOpenAlready, ShownPath(FileBaseName(answer.path)), {});
     return false;
   }
-  const bool saved = SaveArrAs(app, window, base);
+  const bool saved = SaveWholeAs(app, window, base);
   if (app.main != nullptr) app.main->RefreshMenus();
   return saved;
+}
+
+bool SaveBeforeClosing(Application& app, ChildWindow& window) {
+  const Bytes& image = window.window_image();
+  switch (AskYesNoCancel(app, kAskFileSave, window.caption())) {
+    case ui::BoxAnswer::kYes: {
+      const bool has_file = ByteAt(image, kNoFilePosition) == 0 && ByteAt(image, kNeverSavedPosition) == 0;
+      return has_file ? SaveFile(app, window) : SaveFileAs(app, window);
+    }
+    case ui::BoxAnswer::kNo:
+      return true;
+    default:
+      return false;
+  }
 }
 
 }  // namespace zentaline

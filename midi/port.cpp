@@ -3,7 +3,7 @@
 
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "midi/api.h"
 
 namespace zentaline {
@@ -205,7 +205,7 @@ void CloseMidi(Application& app) {
 
 void ChooseMidiOut(Application& app, int device) {
   MidiState& midi = app.midi;
-  frmMain& main = *app.main;
+  MainWindow& main = *app.main;
   if (midi.MidiOutDevice == kNoMidiDevice) midi.MidiOutDevice = device;
   ui::MenuEntry& entry = main.mnuDevMIDIOut(device);
   if (midi.MidiOutDevice == device && entry.checked()) {
@@ -228,7 +228,7 @@ void ChooseMidiOut(Application& app, int device) {
 
 void ChooseMidiIn(Application& app, int device) {
   MidiState& midi = app.midi;
-  frmMain& main = *app.main;
+  MainWindow& main = *app.main;
   ui::MenuEntry& thru = main.Menu(MenuId::mnuMIDIThru);
   if (midi.MidiInDevice == kNoMidiDevice) midi.MidiInDevice = device;
   ui::MenuEntry& entry = main.mnuDevMIDIIn(device);

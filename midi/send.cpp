@@ -3,7 +3,7 @@
 
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "midi/api.h"
 #include "midi/messages.h"
 

@@ -15,6 +15,10 @@ int ReadProgramFile(Application& app, const std::string& path);
 // With or without extension; 4 is a good .pgg. Leaves "prg" or "pgg" in ProgramExtension.
 int ReadProgramByName(Application& app, const std::string& path);
 
+// Writes the bank of a window's image under the extension that its records call for, and removes the file of the other
+// one. False when it failed, which was shown.
+bool SavePrgFile(Application& app, Bytes& image);
+
 // "Piano 1 (A11)" for the bank codes 0 to 2, "F/User", a drum kit's name or "Drum"; empty for any other code. UTF-8.
 std::string PrgLabel(int number, int bank_code);
 

@@ -3,7 +3,7 @@
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/file_reading.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/names.h"
@@ -61,6 +61,16 @@ int ReadProgramByName(Application& app, const std::string& path) {
   if (result != kPrgAbsent) return result;
   app.program.ProgramExtension = "pgg";
   return ReadWith(app, path + ".pgg", CheckPgg);
+}
+
+bool SavePrgFile(Application& app, Bytes& image) {
+  const std::string base(WindowPath(image));
+  const bool pgg = ProgramExtension(image) == "pgg";
+  if (!WriteDataFile(app, base + (pgg ? ".pgg" : ".prg"), PrgFileBytes(image))) return false;
+  PutByte(image, kPrgChangedPosition, 0);
+  // One name never stands in both formats.
+  app.disk.Remove(base + (pgg ? ".prg" : ".pgg"));
+  return true;
 }
 
 std::string PrgLabel(int number, int bank_code) {

@@ -59,6 +59,13 @@ bool StyFileWrite(Application& app, Bytes& image) {
   return WriteDataFile(app, std::string(WindowPath(image)) + ".sty", StyFileBytes(image));
 }
 
+bool SaveStyFile(Application& app, Bytes& image) {
+  Bytes copy = image;
+  if (!StyFileWrite(app, copy)) return false;
+  PutByte(image, kStyChangedPosition, 0);
+  return true;
+}
+
 bool StyFileDelete(Application& app, const Bytes& image) {
   const DiskResult result = app.disk.Remove(std::string(WindowPath(image)) + ".sty");
   if (result == DiskResult::kOk || result == DiskResult::kAbsent) return true;

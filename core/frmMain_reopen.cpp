@@ -1,0 +1,110 @@
+// The windows of the last run come back: a chain of timers, one window a tick, so that the main window appears first.
+#include <algorithm>
+#include <utility>
+
+#include "core/application.h"
+#include "core/frmMain.h"
+#include "core/window_image.h"
+#include "files/api.h"
+
+namespace zentaline {
+
+namespace {
+
+using enum MenuId;
+
+// The rest of the load must run once: whichever of the two timers fires first stops the other.
+constexpr int kSecondTimer = 20;
+
+// The windows that TimerAuto brings back: its index, which is the form's too, and their menu entry.
+struct AutoWindow {
+  int index;
+  MenuId entry;
+};
+constexpr AutoWindow kAutoWindows[] = {
+    {2, mnuArrA},   {3, mnuArrB},   {4, mnuWProgA}, {5, mnuWProgB},       {6, mnuWProgC},
+    {7, mnuWProgD}, {8, mnuWProgE}, {9, mnuDrum},   {10, mnuGlobalParam}, {11, mnuWFindID},
+};
+
+// The tables of file windows in the order in which they come back.
+struct FileTable {
+  int kind;
+  const char* timer;
+  int entries;
+};
+constexpr FileTable kFileTables[] = {
+    {kKindArr, "TimerArrU", kInstrumentWindow},
+    {kKindPrg, "TimerPrgU", kInstrumentWindow},
+    {kKindSty, "TimerStyU", kFileWindows},
+};
+
+}  // namespace
+
+void frmMain::MakeReopeningTimers() {
+  Timer2.SetInterval(kSecondTimer);
+  Timer0.on_timer = Timer2.on_timer = [this] { FinishLoad(); };
+  for (const AutoWindow& window : kAutoWindows) {
+    const std::size_t i = TimerAuto.size();
+    TimerAuto.push_back(std::make_unique<ui::Timer>(*this, "TimerAuto", window.index));
+    TimerAuto.back()->on_timer = [this, i] { ReopenAuto(i); };
+  }
+  for (const FileTable& table : kFileTables) {
+    for (int entry = 1; entry <= table.entries; ++entry) {
+      const std::size_t i = file_timers_.size();
+      file_timers_.push_back({table.kind, entry, std::make_unique<ui::Timer>(*this, table.timer, entry)});
+      file_timers_.back().timer->on_timer = [this, i] { ReopenFile(i); };
+    }
+  }
+}
+
+void frmMain::FinishLoad() {
+  Timer0.Stop();
+  Timer2.Stop();
+  to_reopen_ =
+      static_cast<int>(std::count_if(std::begin(kAutoWindows), std::end(kAutoWindows), [this](const auto& row) {
+        return app().core.FormStates[static_cast<std::size_t>(row.index)].state != 0 && Menu(row.entry).Usable();
+      }));
+  TimerAuto.front()->Start();
+}
+
+void frmMain::ReopenAuto(std::size_t i) {
+  const AutoWindow& window = kAutoWindows[i];
+  if (app().core.FormStates[static_cast<std::size_t>(window.index)].state != 0 && Menu(window.entry).Usable()) {
+    Menu(window.entry).Press();
+    ++reopened_;
+  }
+  if (reopened_ >= to_reopen_ || i + 1 == TimerAuto.size()) {
+    app().core.ReopeningFiles = true;
+    file_timers_.front().timer->Start();
+  } else {
+    TimerAuto[i + 1]->Start();
+  }
+}
+
+void frmMain::ReopenFile(std::size_t i) {
+  ReopenWindow(app(), file_timers_[i].kind, file_timers_[i].entry);
+  if (i + 1 < file_timers_.size()) {
+    file_timers_[i + 1].timer->Start();
+  } else {
+    ChainEnded();
+  }
+}
+
+void frmMain::ChainEnded() {
+  app().core.ReopeningFiles = false;
+  app().reopening_chain = false;
+  RefreshOpenEntries(app());
+  ShowArrUEntry();
+  RefreshMenus();
+  OpenWhenReady(std::exchange(files_to_open_, {}));
+}
+
+void frmMain::OpenWhenReady(std::vector<std::string> paths) {
+  if (app().reopening_chain) {
+    files_to_open_.insert(files_to_open_.end(), paths.begin(), paths.end());
+    return;
+  }
+  for (const std::string& path : paths) OpenPath(app(), path);
+}
+
+}  // namespace zentaline

@@ -1,0 +1,115 @@
+#include "core/main_window.h"
+
+#include <utility>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/child_window.h"
+#include "core/window_image.h"
+#include "files/api.h"
+
+namespace zentaline {
+
+using enum MenuId;
+
+MainWindow::MainWindow(Application& app) : Form(app.toolkit, ui::FormKind::kMain, "frmMain"), app_(app) {
+  MakeMenus();
+  for (ui::Label* label : {&LabelNomeAppl, &Label1, &LabelMode, &LabelArr, &LabelSty, &LabelPrg}) label->sunken = true;
+  Label1.least_characters = {30, 1};
+  LabelMode.least_characters = {10, 1};
+  layout = ui::Inside(Picture1, ui::Row({ui::Item(LabelNomeAppl), ui::Item(Label1, 2), ui::Item(LabelMode),
+                                         ui::Item(LabelArr, 1), ui::Item(LabelSty, 1), ui::Item(LabelPrg, 1)}));
+}
+
+void MainWindow::MakeMenus() {
+  for (const MenuRow& row : MenuRows()) {
+    ui::MenuEntry* parent = row.parent == kCount ? nullptr : menus_[static_cast<std::size_t>(row.parent)].get();
+    menus_.push_back(std::make_unique<ui::MenuEntry>(*this, parent, row.name));
+    ui::MenuEntry& entry = *menus_.back();
+    entry.separator_before = row.separator_before;
+    entry.shortcut = row.shortcut;
+    if (row.waits_for_window) entry.SetEnabled(false);
+    if (row.id == mnuExit) {
+      for (int i = 0; i < static_cast<int>(recent_files_.size()); ++i) {
+        auto& recent = recent_files_[static_cast<std::size_t>(i)];
+        recent = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuFile), "mnuRecentFile", i);
+        recent->separator_before = i == 0;
+      }
+    }
+  }
+  for (int i = 0; i < static_cast<int>(out_devices_.size()); ++i) {
+    auto& out = out_devices_[static_cast<std::size_t>(i)];
+    out = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuMIDIOut), "mnuDevMIDIOut", i);
+    auto& in = in_devices_[static_cast<std::size_t>(i)];
+    in = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuMIDIIn), "mnuDevMIDIIn", i);
+  }
+}
+
+ui::MenuEntry& MainWindow::mnuDevMIDIOut(int device) const {
+  return *out_devices_[static_cast<std::size_t>(device) % out_devices_.size()];
+}
+
+ui::MenuEntry& MainWindow::mnuDevMIDIIn(int device) const {
+  return *in_devices_[static_cast<std::size_t>(device) % in_devices_.size()];
+}
+
+ChildWindow* MainWindow::ActiveChild() const {
+  return static_cast<ChildWindow*>(toolkit().active_child());
+}
+
+void MainWindow::ShowDeviceMenus() {
+  const MidiState& midi = app_.midi;
+  for (int i = 0; i < kMostMidiDevices; ++i) {
+    const auto device = static_cast<std::size_t>(i);
+    ui::MenuEntry& out = mnuDevMIDIOut(i);
+    out.SetCaption(midi.MidiOutCaps[device].product_name);
+    out.SetVisible(midi.MidiDeviceOk[kOutputRow][device] == 1);
+    out.SetChecked(midi.MidiOutDevice == i);
+    ui::MenuEntry& in = mnuDevMIDIIn(i);
+    in.SetCaption(midi.MidiInCaps[device].product_name);
+    in.SetVisible(midi.MidiDeviceOk[kInputRow][device] == 1);
+    in.SetChecked(midi.MidiInDevice == i);
+  }
+  Menu(mnuMIDIOut).SetEnabled(midi.MidiOutCount > 0);
+  Menu(mnuMIDIThru).SetEnabled(midi.OutputOpen && midi.InputOpen);
+  Menu(mnuMIDIThru).SetChecked(midi.ThruOn);
+}
+
+void MainWindow::ShowToggles() {
+  for (const Toggle& toggle : kToggles) Menu(toggle.entry).SetChecked(app_.core.settings.*toggle.flag);
+  Picture1.SetVisible(app_.core.settings.VisBarraStato);
+  Menu(mnuItaliano).SetChecked(app_.core.LanguageCode == 1);
+  Menu(mnuInglese).SetChecked(app_.core.LanguageCode == 2);
+}
+
+void MainWindow::ShowRecentFiles() {
+  for (int i = 0; i < static_cast<int>(recent_files_.size()); ++i) {
+    const std::string caption = RecentCaption(app_, i);
+    mnuRecentFile(i).SetCaption(caption);
+    mnuRecentFile(i).SetVisible(!caption.empty());
+    mnuRecentFile(i).SetEnabled(CanOpenRecent(app_, i));
+  }
+}
+
+void MainWindow::EnableDatabaseEntries(bool usable) {
+  for (const MenuId id : {mnuWEditDBArr, mnuAggArr, mnuWFindID}) {
+    Menu(id).SetEnabled(usable && !MenuRows()[static_cast<std::size_t>(id)].waits_for_window);
+  }
+}
+
+void MainWindow::ShowArrUEntry() {
+  const WindowRecord& record = app_.core.ArrWindows[kInstrumentWindow];
+  if (!record.path.empty()) {
+    Menu(mnuArrU).SetCaption("Arrangement User (" + ShownPath(FileBaseName(record.path)) + ".arr)");
+  }
+  Menu(mnuArrU).SetEnabled(!record.path.empty() && app_.arr_windows[kInstrumentWindow] == nullptr);
+}
+
+void MainWindow::ShowPrgUEntry() {
+  const WindowRecord& record = app_.core.PrgWindows[kInstrumentWindow];
+  if (record.path.empty()) return;
+  Menu(mnuPrgU).SetCaption("Program F/User (" + ShownPath(FileBaseName(record.path)) +
+                           (record.pgg == 1 ? ".pgg)" : ".prg)"));
+}
+
+}  // namespace zentaline

@@ -1,0 +1,101 @@
+// The main window as the rest of the program uses it: its menus, its status strip, and what they show.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/child_window.h"
+#include "core/menus.h"
+#include "core/state.h"
+#include "ui/form.h"
+
+namespace zentaline {
+
+struct Application;
+class MainWindow : public ui::Form {
+ public:
+  ui::PictureBox Picture1{*this, "Picture1"};
+  ui::Label LabelNomeAppl{*this, "LabelNomeAppl"};
+  ui::Label Label1{*this, "Label1"};
+  ui::Label LabelMode{*this, "LabelMode"};
+  ui::Label LabelArr{*this, "LabelArr"};
+  ui::Label LabelSty{*this, "LabelSty"};
+  ui::Label LabelPrg{*this, "LabelPrg"};
+
+  ui::MenuEntry& Menu(MenuId id) const { return *menus_[static_cast<std::size_t>(id)]; }
+  // By device, 0 to 18; entries of devices that are not there are hidden.
+  ui::MenuEntry& mnuDevMIDIOut(int device) const;
+  ui::MenuEntry& mnuDevMIDIIn(int device) const;
+  ui::MenuEntry& mnuRecentFile(int i) const { return *recent_files_[static_cast<std::size_t>(i)]; }
+
+  // Enables the entries that the window in front can serve.
+  void RefreshMenus();
+  // The captions of mnuRecentFile.
+  void ShowRecentFiles();
+  // Whether i40DBArr is usable: the entries that need it.
+  void EnableDatabaseEntries(bool usable);
+  // The captions of mnuArrU and mnuPrgU, and whether there is a file for them to open.
+  void ShowArrUEntry();
+  void ShowPrgUEntry();
+
+  // Opens these files when the windows of the last run are back, at once if they are.
+  virtual void OpenWhenReady(std::vector<std::string> paths) = 0;
+
+ protected:
+  explicit MainWindow(Application& app);
+  Application& app() const { return app_; }
+  // The child window in front, null when there is none.
+  ChildWindow* ActiveChild() const;
+  void ShowDeviceMenus();
+  void ShowToggles();
+
+ private:
+  void MakeMenus();
+  void EnableForKind(ChildWindow& child);
+
+  Application& app_;
+  std::vector<std::unique_ptr<ui::MenuEntry>> menus_;
+  std::array<std::unique_ptr<ui::MenuEntry>, 19> out_devices_;
+  std::array<std::unique_ptr<ui::MenuEntry>, 19> in_devices_;
+  std::array<std::unique_ptr<ui::MenuEntry>, 8> recent_files_;
+};
+
+// The entries that let the window in front do the work, as if its own button had been pressed.
+struct ActiveEntry {
+  MenuId entry;
+  WindowFunction function;
+};
+inline constexpr std::array<ActiveEntry, 12> kActiveEntries = {{
+    {MenuId::mnuLoadAll, WindowFunction::kLoadAll},
+    {MenuId::mnuLoadArr, WindowFunction::kLoadArr},
+    {MenuId::mnuLoadSty, WindowFunction::kLoadSty},
+    {MenuId::mnuShowSty, WindowFunction::kShowSty},
+    {MenuId::mnuLoadPrg, WindowFunction::kLoadPrg},
+    {MenuId::mnuShowPrg, WindowFunction::kShowPrg},
+    {MenuId::mnuEdit, WindowFunction::kEdit},
+    {MenuId::mnuEditPerf, WindowFunction::kEditPerf},
+    {MenuId::mnui40DBArr, WindowFunction::kAddToDatabase},
+    {MenuId::mnuCancella, WindowFunction::kDelete},
+    {MenuId::mnuDBArrApri, WindowFunction::kOpen},
+    {MenuId::mnuAddAll, WindowFunction::kAddAll},
+}};
+
+// The entries that flip a setting.
+struct Toggle {
+  MenuId entry;
+  bool Settings::*flag;
+};
+inline constexpr std::array<Toggle, 8> kToggles = {{
+    {MenuId::mnuCaricaArr, &Settings::CaricaArr},
+    {MenuId::mnuCaricaSty, &Settings::CaricaSty},
+    {MenuId::mnuCaricaStyNuovoArr, &Settings::CaricaStyNuovoArr},
+    {MenuId::mnuCaricaPrg, &Settings::CaricaPrg},
+    {MenuId::mnuAutoPrgSel, &Settings::AutoPrgSel},
+    {MenuId::mnuRdOnly, &Settings::RdOnly},
+    {MenuId::mnuVisBarraStato, &Settings::VisBarraStato},
+    {MenuId::mnuAddi40DBArr, &Settings::Add40DBArr},
+}};
+
+}  // namespace zentaline

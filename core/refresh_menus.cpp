@@ -1,0 +1,49 @@
+// Which menu entries the window in front can serve.
+#include "core/application.h"
+#include "core/child_window.h"
+#include "core/main_window.h"
+#include "core/window_image.h"
+
+namespace zentaline {
+
+namespace {
+
+using enum MenuId;
+
+// What RefreshMenus turns off first.
+constexpr MenuId kChildEntries[] = {
+    mnuIngrandisci, mnuTaglia,        mnuIncolla,  mnuCopia,    mnuSalva,    mnuSalvaAs,   mnuStampa,
+    mnuStampaLista, mnuStampaTabella, mnuLoadArr,  mnuLoadSty,  mnuLoadAll,  mnuShowSty,   mnuLoadPrg,
+    mnuShowPrg,     mnuEdit,          mnuEditPerf, mnui40DBArr, mnuCancella, mnuDBArrApri, mnuAddAll,
+};
+
+bool Waits(MenuId id) {
+  return MenuRows()[static_cast<std::size_t>(id)].waits_for_window;
+}
+
+bool Grows(int kind) {
+  return kind == kKindArr || kind == kKindNewArr;
+}
+
+}  // namespace
+
+void MainWindow::RefreshMenus() {
+  if (app_.core.Closing) return;
+  for (const MenuId id : kChildEntries) Menu(id).SetEnabled(false);
+  const bool any = app_.core.OpenChildCount > 0;
+  Menu(mnuWindow).SetEnabled(any);
+  Menu(mnuChiudi).SetEnabled(any);
+  if (ChildWindow* child = ActiveChild(); any && child != nullptr) EnableForKind(*child);
+}
+
+void MainWindow::EnableForKind(ChildWindow& child) {
+  const bool saves = child.CanSave();
+  Menu(mnuSalva).SetEnabled(saves && !child.ReadOnly() && !app_.core.settings.RdOnly);
+  Menu(mnuSalvaAs).SetEnabled(saves);
+  Menu(mnuIngrandisci).SetEnabled(Grows(child.Kind()));
+  for (const ActiveEntry& row : kActiveEntries) {
+    Menu(row.entry).SetEnabled(!Waits(row.entry) && child.Offers(row.function));
+  }
+}
+
+}  // namespace zentaline

@@ -1,0 +1,222 @@
+// The open dialog, and the readers of its filters.
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/file_reading.h"
+#include "core/window_image.h"
+#include "files/api.h"
+#include "files/dialogs.h"
+#include "files/paths.h"
+#include "program/prg_format.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kTextOpenFile = 67;
+constexpr int kTextNameNotValid = 48;
+constexpr int kMessageText = 1;
+constexpr int kMessageErrorReading = 4;
+constexpr int kMessageDataFormat = 32;
+
+constexpr std::string_view kOpenFilters =
+    "Arrangements (*.arr)|*.arr|Style (*.sty)|*.sty|Programs (*.prg/pgg)|*.prg;*.pgg|Global (*.gbl)|*.gbl|"
+    "Backing Sequence (*.bsq)|*.bsq|Programs (*.pcg)|*.pcg| All files (*.*)|*.*|";
+
+// What a file must be when another filter than the caller's own was left selected. The caller isn't told of the choice:
+// its window then opens on what its own buffer holds, and that is kept so.
+struct OtherFormat {
+  std::size_t largest;
+  bool exact;  // the file is just so long, else at most
+  std::string_view header;
+};
+constexpr OtherFormat kGblFormat = {448, true, {"KORG\x4D\x00\x06\x01", 8}};
+constexpr OtherFormat kBsqFormat = {3 * 32200, false, {"KORG\x4D\x00\x05", 7}};
+constexpr OtherFormat kPcgFormat = {1 << 20, false, {"KORG", 4}};
+
+ChooseResult ReadOther(Application& app, const std::string& path, const OtherFormat& format) {
+  Bytes file;
+  const FileReadResult result = ReadDataFile(app, path, format.largest, file);
+  if (result == kFileFailed || result == kFileAbsent) return ReaderResult(result);
+  const bool good = result == kFileRead && (!format.exact || file.size() == format.largest) &&
+                    std::string_view(file).starts_with(format.header);
+  if (good) return kChosen;
+  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
+  return kChooseFailed;
+}
+
+// Any program file but the kind of a program window goes to the reader of the earlier instrument's files.
+ChooseResult ReadI30Program(Application& app, const std::string& path) {
+  Bytes file;
+  const FileReadResult result = ReadDataFile(app, path, kPrgFileLength, file);
+  if (result == kFileFailed || result == kFileAbsent) return ReaderResult(result);
+  if (result == kFileTooLarge || CheckI30ProgramFile(file) != kPrgGood) return RefuseData(app, path);
+  app.program.ProgramFileBuffer = I30ProgramBank(file, 1);
+  return kChosen;
+}
+
+bool HasExtension(const std::string& path, std::string_view extension) {
+  return LowerCase(path).ends_with("." + std::string(extension));
+}
+
+// Whether a window of the kind shows the file; its kind need not have windows yet.
+bool OpenAlready(Application& app, int kind, const std::string& base) {
+  const FileKind* row = FileKindOf(kind);
+  for (int number = 1; row != nullptr && number <= kFileWindows; ++number) {
+    const WindowRecord& slot = row->slot(app, number);
+    if (slot.state != 0 && slot.path == base) return true;
+  }
+  return false;
+}
+
+int PresetFilter(int kind) {
+  switch (kind) {
+    case kKindArrA:
+    case kKindArrB:
+    case kKindArr:
+    case kKindI30Arr:
+      return kFilterArr;
+    case kKindPrg:
+    case kKindI30Prg:
+      return kFilterPrg;
+    case kKindSty:
+    case kKindI30Sty:
+      return kFilterSty;
+    case kKindGbl:
+      return kFilterGbl;
+    case kKindBsq:
+      return kFilterBsq;
+    case kKindPcg:
+      return kFilterPcg;
+    default:
+      return kFilterAll;
+  }
+}
+
+// The preferred directory, or the other one where it isn't set.
+const std::string& PresetDirectory(const FilesState& files, int filter) {
+  const auto first_set = [](const std::string& a, const std::string& b) -> const std::string& {
+    return a.empty() ? b : a;
+  };
+  switch (filter) {
+    case kFilterPrg:
+    case kFilterPcg:
+      return first_set(files.LastPrgDirectory, files.LastArrDirectory);
+    case kFilterGbl:
+      return first_set(files.LastGblDirectory, files.LastArrDirectory);
+    default:
+      return first_set(files.LastArrDirectory, files.LastPrgDirectory);
+  }
+}
+
+}  // namespace
+
+ChooseResult ReaderResult(int result) {
+  return result == kFileRead ? kChosen : result == kFileAbsent ? kChooseEmpty : kChooseFailed;
+}
+
+ChooseResult RefuseData(Application& app, const std::string& path) {
+  app.core.OperationTitle = ShownPath(FileBaseName(path));
+  ShowMessage(app, kMessageDataFormat, app.core.OperationTitle, {});
+  return kChooseFailed;
+}
+
+void RememberPlace(Application& app, int filter, const std::string& path) {
+  FilesState& files = app.files;
+  const std::string base = WithoutExtension(path);
+  files.CurrentFileDir = FileDirectory(base);
+  files.CurrentFileName = FileBaseName(base);
+  switch (filter) {
+    case kFilterArr:
+    case kFilterSty:
+    case kFilterBsq:
+      files.LastArrDirectory = files.CurrentFileDir;
+      files.LastArrName = files.CurrentFileName;
+      return;
+    case kFilterPrg:
+    case kFilterPcg:
+      files.LastPrgDirectory = files.CurrentFileDir;
+      files.LastPrgName = files.CurrentFileName;
+      return;
+    case kFilterGbl:
+      files.LastGblDirectory = files.CurrentFileDir;
+      files.LastGblName = files.CurrentFileName;
+      return;
+    default:
+      return;
+  }
+}
+
+// The reader that the selected filter has for this kind. Where it has none, nothing is read, and that is success.
+ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::string& path) {
+  const std::string base = WithoutExtension(path);
+  const FileKind* own = FileKindOf(kind);
+  const bool is_own = own != nullptr && own->filter == filter;
+  switch (filter) {
+    case kFilterArr:
+      if (OpenAlready(app, kKindArr, base)) return kChooseOpenAlready;
+      return is_own ? own->read(app, path) : kChosen;
+    case kFilterSty:
+      if (!is_own) return kChosen;
+      return OpenAlready(app, kKindSty, base) ? kChooseOpenAlready : own->read(app, path);
+    case kFilterPrg:
+      if (!HasExtension(path, "prg") && !HasExtension(path, "pgg")) return RefuseData(app, path);
+      if (OpenAlready(app, kKindPrg, base)) return kChooseOpenAlready;
+      return is_own ? own->read(app, path) : ReadI30Program(app, path);
+    case kFilterGbl:
+      return HasExtension(path, "gbl") ? ReadOther(app, path, kGblFormat) : RefuseData(app, path);
+    case kFilterBsq:
+      return ReadOther(app, path, kBsqFormat);
+    case kFilterPcg:
+      return HasExtension(path, "pcg") ? ReadOther(app, path, kPcgFormat) : RefuseData(app, path);
+    case kFilterAll:
+      if (HasExtension(path, "arr")) return ReadByFilter(app, kind, kFilterArr, path);
+      if (HasExtension(path, "pcc") || HasExtension(path, "pcg")) return ReadByFilter(app, kind, kFilterPrg, path);
+      return kChosen;
+    default:
+      return kChosen;
+  }
+}
+
+bool PathFits(Application& app, const std::string& path) {
+  if (WithoutExtension(path).size() <= kLongestPath) return true;
+  ShowNameNotValid(app, path);
+  return false;
+}
+
+std::vector<ui::FileFilter> ParseFilters(std::string_view text) {
+  std::vector<ui::FileFilter> filters;
+  while (!text.empty()) {
+    const std::size_t middle = text.find('|');
+    const std::size_t end = text.find('|', middle + 1);
+    filters.push_back(
+        {std::string(text.substr(0, middle)), std::string(Trim(text.substr(middle + 1, end - middle - 1)))});
+    text.remove_prefix(end + 1);
+  }
+  return filters;
+}
+
+void ShowNameNotValid(Application& app, const std::string& path) {
+  ShowMessage(app, kMessageText, ShownPath(FileBaseName(path)), GetText(app, kTextNameNotValid));
+}
+
+ChooseResult OpenChooser(Application& app, int kind) {
+  ui::FileDialogRequest request;
+  request.title = std::string(kDialogTitle) + "- " + GetText(app, kTextOpenFile);
+  request.filters = ParseFilters(kOpenFilters);
+  request.filter = PresetFilter(kind);
+  request.directory = PresetDirectory(app.files, request.filter);
+  request.read_only = app.core.settings.RdOnly;
+  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(request);
+  if (answer.cancelled || answer.path.empty()) return kChooseFailed;
+  app.files.ReadOnlyAnswer = answer.read_only;
+  app.files.ChosenPath = answer.path;
+  if (!PathFits(app, answer.path)) return kChooseFailed;
+  const ChooseResult result = ReadByFilter(app, kind, answer.filter, answer.path);
+  if (result == kChosen) {
+    const bool arr_by_name = answer.filter == kFilterAll && HasExtension(answer.path, "arr");
+    RememberPlace(app, arr_by_name ? static_cast<int>(kFilterArr) : answer.filter, answer.path);
+  }
+  return result;
+}
+
+}  // namespace zentaline

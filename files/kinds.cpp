@@ -1,0 +1,62 @@
+// The kinds of file that have windows.
+#include <array>
+
+#include "arrangement/api.h"
+#include "arrangement/arr_format.h"
+#include "core/application.h"
+#include "core/main_window.h"
+#include "core/window_image.h"
+#include "files/api.h"
+#include "files/dialogs.h"
+
+namespace zentaline {
+
+namespace {
+
+WindowRecord& ArrSlot(Application& app, int number) {
+  return app.core.ArrWindows[static_cast<std::size_t>(number)];
+}
+
+ChildWindow* ArrWindow(const Application& app, int number) {
+  return app.arr_windows[static_cast<std::size_t>(number)];
+}
+
+ChooseResult ReadArr(Application& app, const std::string& path) {
+  return ReaderResult(ReadArrFile(app, path));
+}
+
+void OpenArr(Application& app, int number, const std::string& base, bool read_only) {
+  OpenArrWindow(app, number, base, read_only);
+}
+
+constexpr std::array kKinds = {
+    FileKind{kKindArr, 1, kFilterArr, MenuId::mnuApriArr, MenuId::mnuArrU, ArrSlot, ArrWindow, ReadArr, OpenArr},
+};
+
+}  // namespace
+
+std::span<const FileKind> FileKinds() {
+  return kKinds;
+}
+
+const FileKind* FileKindOf(int kind) {
+  for (const FileKind& row : kKinds) {
+    if (row.kind == kind) return &row;
+  }
+  return nullptr;
+}
+
+int FreeWindow(Application& app, int kind) {
+  const FileKind* row = FileKindOf(kind);
+  for (int number = 1; row != nullptr && number <= kFileWindows; ++number) {
+    if (row->slot(app, number).state == 0) return number;
+  }
+  return 0;
+}
+
+void RefreshOpenEntries(Application& app) {
+  if (app.main == nullptr) return;
+  for (const FileKind& row : kKinds) app.main->Menu(row.open_entry).SetEnabled(FreeWindow(app, row.kind) != 0);
+}
+
+}  // namespace zentaline
