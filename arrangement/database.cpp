@@ -54,7 +54,7 @@ bool WriteDatabase(Application& app) {
 
 // The first file added settles the directory.
 void MakeDatabase(Application& app, int kind) {
-  if (AskYesNo(app, kAskDirectory) != ui::BoxAnswer::kYes) return;
+  if (AskYesNo(app, kAskDirectory, {}, kWindowTitle) != ui::BoxAnswer::kYes) return;
   Bytes image = NewDatabase();
   int id = 0;
   if (kind == kKindArr) id = DBAddEntry(image, app.files.CurrentFileName).id;

@@ -56,8 +56,9 @@ void ShowMessage(Application& app, int code, const std::string& title, const std
   app.toolkit.MessageBox(ui::BoxStyle::kOk, title, text);
 }
 
-ui::BoxAnswer AskYesNo(Application& app, int code, const std::string& name) {
-  return app.toolkit.MessageBox(ui::BoxStyle::kYesNo, ActiveCaption(app), QuestionText(app, YesNoTexts(code), name));
+ui::BoxAnswer AskYesNo(Application& app, int code, const std::string& name, const std::string& title) {
+  return app.toolkit.MessageBox(ui::BoxStyle::kYesNo, title.empty() ? ActiveCaption(app) : title,
+                                QuestionText(app, YesNoTexts(code), name));
 }
 
 ui::BoxAnswer AskYesNoCancel(Application& app, int code, const std::string& title, const std::string& name) {
