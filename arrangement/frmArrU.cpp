@@ -170,7 +170,10 @@ void frmArrU::Load() {
   AttachSiblingPrograms();
   app().core.FormLoading = false;
   if (state.FindActive) {
+    // The search clicks the row itself, when all that it needs has been sent.
+    state.ListBusy = true;
     List1.SetRow(state.FindRow);
+    state.ListBusy = false;
     TimerFindID.Start();
   }
 }
