@@ -21,6 +21,8 @@ namespace zentaline {
 
 namespace {
 
+constexpr int kTextClose = 8;
+constexpr int kTextEdit = 71;
 constexpr int kMessageErrorReading = 4;
 constexpr int kMessageReadOnlyFile = 17;
 constexpr int kAskArrKeep = 2;
@@ -60,11 +62,11 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
   CommShowSty.SetCaption("Show Styles");
   CommLoadPrg.SetCaption("Load &Prog");
   CommShowPrg.SetCaption("Show Prog");
-  CommEdit.SetCaption("&Edit");
+  CommEdit.SetCaption(GetText(app, kTextEdit));
   CommAdd.SetCaption("+ i40DBArr");
   CommArrPlay.SetCaption("&ARR PLAY");
   CommSongPlay.SetCaption("SO&NG PLAY");
-  CommClose.SetCaption("&Close");
+  CommClose.SetCaption(GetText(app, kTextClose));
   Label1[0].SetCaption("User/UPPER1");
   Label1[1].SetCaption("Style");
 
