@@ -411,6 +411,7 @@ bool frmArrU::QueryClose() {
 }
 
 void frmArrU::Unload() {
+  if (Sending()) ShowWait(app(), 0);
   app().arr_windows[static_cast<std::size_t>(number_)] = nullptr;
   app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = 0;
   ChildWindow::Unload();

@@ -73,11 +73,13 @@ class frmArrU : public ChildWindow {
   void PressLoadSty();
   void EndOfStyles();
   void PressLoadPrg();
-  void SendPrograms(const Bytes& image);
+  void SendPrograms(const Bytes& image, bool pgg);
   void PressAdd();
   void StepSearch();
   // Lets a search that is under way go on at this step.
   void ContinueSearch(int step);
+  // A wait text stands for work that is still due.
+  bool Sending() const;
   void KeyInList(const ui::Key& key);
   bool KeepsEdits();
 
@@ -88,6 +90,7 @@ class frmArrU : public ChildWindow {
   int number_;
   bool adding_ = false;     // CommAdd has shown its wait text, the work is due
   Bytes programs_to_send_;  // a bank read for CommLoadPrg, until it goes out
+  bool pgg_to_send_ = false;
 
   ui::Timer& MakeTimer(const char* name, int index, ui::Handler handler);
   std::vector<std::unique_ptr<ui::Timer>> timers_;

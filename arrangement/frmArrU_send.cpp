@@ -47,6 +47,8 @@ void frmArrU::PressLoadArr() {
     TimerLoadArr.Start();
     return;
   }
+  // Stopped, since a second press may have come before the timer.
+  TimerLoadArr.Stop();
   TimerLoadArr.SetInterval(kTimerIdle);
   // The song mode makes the instrument leave the arrangement that it plays before the dump arrives.
   SendModeSongPlay(app());
@@ -64,8 +66,10 @@ void frmArrU::PressLoadArr() {
 void frmArrU::PressLoadSty() {
   MidiState& midi = app().midi;
   if (TimerTxSty0.interval() == kTimerIdle) {
-    midi.StyleGroupCount = StyUsedGroups(window_image());
+    midi.StyleGroupCount = StyGroupsToSend(window_image());
     if (midi.StyleGroupCount == 0) {
+      // Whoever waits for the end of the styles goes on without them.
+      if (TimerList1.interval() == kClickStySent) TimerList1.Start();
       ContinueSearch(kFindPrg);
       return List1.SetFocus();
     }
@@ -76,6 +80,7 @@ void frmArrU::PressLoadSty() {
     TimerTxSty0.Start();
     return;
   }
+  TimerTxSty0.Stop();
   const bool more = midi.StyleGroupIndex < midi.StyleGroupCount;
   if (more && SendStyleDump(app(), midi.StyleGroupIndex, window_image()) == 0) {
     ++midi.StyleGroupIndex;
@@ -88,7 +93,7 @@ void frmArrU::PressLoadSty() {
 void frmArrU::EndOfStyles() {
   ShowWait(app(), 0);
   TimerTxSty0.SetInterval(kTimerIdle);
-  TimerTxSty0.Stop();
+  TimerTxSty1.Stop();
   app().style.StyInInstrument = NameForInstrument();
   if (app().main != nullptr) app().main->LabelSty.SetCaption(ShownPath(NameForInstrument()));
   if (int row = List1.Row(); row >= 0) SelectArrangement(app(), row, kKindArr);
@@ -98,6 +103,7 @@ void frmArrU::EndOfStyles() {
 }
 
 void frmArrU::PressLoadPrg() {
+  TimerLoadPrg.Stop();
   switch (TimerLoadPrg.interval()) {
     case kPrgWindowWait:
     case kPrgFileWait:
@@ -106,20 +112,22 @@ void frmArrU::PressLoadPrg() {
       return TimerLoadPrg.Start();
     case kPrgWindowSend:
       // The window may have been closed meanwhile.
-      if (const Bytes* image = FindOpenProgram(app(), Path())) SendPrograms(*image);
+      if (const Bytes* image = FindOpenProgram(app(), Path())) SendPrograms(*image, ProgramExtension(*image) == "pgg");
       break;
     case kPrgFileSend:
-      SendPrograms(programs_to_send_);
+      SendPrograms(programs_to_send_, pgg_to_send_);
       break;
     default:
       if (FindOpenProgram(app(), Path()) != nullptr) {
         TimerLoadPrg.SetInterval(kPrgWindowWait);
         return TimerLoadPrg.Start();
       }
-      if (const int result = ReadProgramByName(app(), Path()); result != kPrgGood && result != kPggGood) {
+      const int result = ReadProgramByName(app(), Path());
+      if (result != kPrgGood && result != kPggGood) {
         ContinueSearch(kFindAfterPrg);
         return List1.SetFocus();
       }
+      pgg_to_send_ = result == kPggGood;
       programs_to_send_ = BuildPrgWindowImage(app().program.ProgramFileBuffer);
       TimerLoadPrg.SetInterval(kPrgFileWait);
       return TimerLoadPrg.Start();
@@ -131,14 +139,13 @@ void frmArrU::PressLoadPrg() {
   List1.SetFocus();
 }
 
-void frmArrU::SendPrograms(const Bytes& image) {
+void frmArrU::SendPrograms(const Bytes& image, bool pgg) {
   SendPrgBankDump(app(), image);
-  const std::string_view extension = ProgramExtension(image);
   app().program.PrgInInstrument = NameForInstrument();
   if (app().main != nullptr) {
-    app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + "." + std::string(extension));
+    app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + (pgg ? ".pgg" : ".prg"));
   }
-  SlotTakePrg(app(), Path(), extension == "pgg");
+  SlotTakePrg(app(), Path(), pgg);
 }
 
 void frmArrU::PressAdd() {
@@ -146,6 +153,7 @@ void frmArrU::PressAdd() {
     ShowWait(app(), kWaitUpdate, "i40DBArr");
     return TimerAdd.Start();
   }
+  TimerAdd.Stop();
   app().files.CurrentFileDir = FileDirectory(Path());
   app().files.CurrentFileName = FileBaseName(Path());
   DBAddFile(app(), kKindArr);
@@ -187,6 +195,11 @@ void frmArrU::StepSearch() {
   state.FindActive = false;
   TimerFindID.SetInterval(kFindStart);
   List1.Click();
+}
+
+bool frmArrU::Sending() const {
+  return adding_ || TimerLoadArr.interval() != kTimerIdle || TimerTxSty0.interval() != kTimerIdle ||
+         TimerLoadPrg.interval() != kTimerIdle;
 }
 
 void frmArrU::ContinueSearch(int step) {

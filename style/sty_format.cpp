@@ -135,6 +135,13 @@ int StyUsedGroups(std::string_view image) {
   return 0;
 }
 
+int StyGroupsToSend(std::string_view image) {
+  for (int e = kStyEntryCount - 1; e >= 0; --e) {
+    if (WindowStyEntrySize(e, image) != 0 && WindowStyName(e, image) != kStyEmptyName) return e / kStyGroupEntries + 1;
+  }
+  return 0;
+}
+
 int StyEntryRow(int entry) {
   return entry + entry / kStyGroupEntries;
 }

@@ -69,6 +69,8 @@ int StyGroupSpan(int entry, std::string_view image);
 std::size_t StyTotalSize(std::string_view image);
 // Groups up to the last entry that isn't named "- empty -", 0 to 4; always 4 in a style window.
 int StyUsedGroups(std::string_view image);
+// Groups up to the last entry that exists and isn't named "- empty -", 0 to 4: what there is to send.
+int StyGroupsToSend(std::string_view image);
 
 // The list row of entry 0 to 15: the rows 4, 9 and 14 are blank. And back; -1 for a blank row or one outside.
 int StyEntryRow(int entry);
