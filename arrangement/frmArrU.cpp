@@ -115,9 +115,11 @@ void frmArrU::LayOut() {
                                         ui::Item(LabelId), ui::Item(Text1)}),
                            ui::Row({ui::Column({buttons(Frame1[0], {ui::Item(CommLoadArr), ui::Item(CommLoadSty),
                                                                     ui::Item(CommLoadPrg)}),
-                                                buttons(Frame1[3], {ui::Item(CommArrPlay), ui::Item(CommSongPlay)})}),
+                                                buttons(Frame1[3], {ui::Item(CommArrPlay), ui::Item(CommSongPlay)})},
+                                               1),
                                     ui::Column({buttons(Frame1[1], {ui::Item(CommShowSty), ui::Item(CommShowPrg)}),
-                                                buttons(Frame1[2], {ui::Item(CommEdit), ui::Item(CommAdd)})})}),
+                                                buttons(Frame1[2], {ui::Item(CommEdit), ui::Item(CommAdd)})},
+                                               1)}),
                            ui::Space(), ui::Row({ui::Space(), ui::Item(CommClose)})})});
 }
 
