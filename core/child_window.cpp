@@ -12,6 +12,25 @@ namespace zentaline {
 namespace {
 
 constexpr int kTextReadOnly = 122;
+constexpr int kMessageReadOnlyFile = 17;
+
+// The size of a window that fills the main window, or is an icon, is not one to come back to.
+template <typename Kept>
+void KeepNormalPlace(Kept& kept, const ui::Placement& placement) {
+  if (placement.state != ui::WindowState::kNormal && kept.width > 0) return;
+  kept.left = placement.left;
+  kept.top = placement.top;
+  kept.width = placement.width;
+  kept.height = placement.height;
+}
+
+ui::Placement OnScreen(const Application& app, ui::Placement placement) {
+  const ui::Size screen = app.toolkit.ScreenSize();
+  const bool beyond = placement.left + placement.width <= 0 || placement.left >= screen.width ||
+                      placement.top + placement.height <= 0 || placement.top >= screen.height;
+  if (beyond) placement.left = placement.top = 0;
+  return placement;
+}
 
 }  // namespace
 
@@ -45,16 +64,35 @@ void ChildWindow::Load() {
   if (WindowRecord* record = Record(); record != nullptr && record->width > 0) {
     SetPlacement(PlacementOf(app_, *record));
   }
+  if (FormState* state = FormPlace()) {
+    if (state->width > 0) SetPlacement(PlacementOf(app_, *state));
+    state->state = placement().state == ui::WindowState::kMaximised ? 2 : 1;
+  }
 }
 
 void ChildWindow::Unload() {
   --app_.core.OpenChildCount;
-  if (WindowRecord* record = Record()) KeepPlacement(*record, placement());
+  KeepPlace();
+  if (FormState* state = FormPlace(); state != nullptr && !app_.core.Closing) state->state = 0;
   if (app_.main != nullptr) app_.main->RefreshMenus();
 }
 
 void ChildWindow::Resized() {
+  KeepPlace();
+}
+
+void ChildWindow::KeepPlace() {
   if (WindowRecord* record = Record()) KeepPlacement(*record, placement());
+  if (FormState* state = FormPlace()) KeepPlacement(*state, placement());
+}
+
+void ChildWindow::PopupEditMenu() {
+  if (app_.main != nullptr) toolkit().PopupMenu(app_.main->Menu(MenuId::mnuModifica));
+}
+
+bool ChildWindow::RefusesChanges() {
+  if (ReadOnly()) ShowMessage(app_, kMessageReadOnlyFile, ShownPath(BaseName()), {});
+  return ReadOnly();
 }
 
 bool ChildWindow::Offers(WindowFunction function) {
@@ -97,24 +135,24 @@ void DressForm(const Application& app, ui::Form& form) {
 }
 
 ui::Placement PlacementOf(const Application& app, const WindowRecord& record) {
-  ui::Placement placement{record.left, record.top, record.width, record.height,
-                          static_cast<ui::WindowState>(record.window_state)};
-  const ui::Size screen = app.toolkit.ScreenSize();
-  const bool beyond = placement.left + placement.width <= 0 || placement.left >= screen.width ||
-                      placement.top + placement.height <= 0 || placement.top >= screen.height;
-  if (beyond) placement.left = placement.top = 0;
-  return placement;
+  return OnScreen(
+      app, {record.left, record.top, record.width, record.height, static_cast<ui::WindowState>(record.window_state)});
 }
 
 void KeepPlacement(WindowRecord& record, const ui::Placement& placement) {
   record.window_state = static_cast<int>(placement.state);
   if (record.state != 0) record.state = placement.state == ui::WindowState::kMaximised ? 2 : 1;
-  // The size of a window that fills the main window, or is an icon, is not one to come back to.
-  if (placement.state != ui::WindowState::kNormal && record.width > 0) return;
-  record.left = placement.left;
-  record.top = placement.top;
-  record.width = placement.width;
-  record.height = placement.height;
+  KeepNormalPlace(record, placement);
+}
+
+ui::Placement PlacementOf(const Application& app, const FormState& state) {
+  const ui::WindowState shown = state.state == 2 ? ui::WindowState::kMaximised : ui::WindowState::kNormal;
+  return OnScreen(app, {state.left, state.top, state.width, state.height, shown});
+}
+
+void KeepPlacement(FormState& state, const ui::Placement& placement) {
+  if (state.state != 0) state.state = placement.state == ui::WindowState::kMaximised ? 2 : 1;
+  KeepNormalPlace(state, placement);
 }
 
 std::string ReadOnlySuffix(const Application& app, bool read_only) {

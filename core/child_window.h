@@ -66,12 +66,19 @@ class ChildWindow : public ui::Form {
   void FilesDropped(const std::vector<std::string>& paths) override;
 
  protected:
-  // The record that keeps the window's place; null when it has none.
+  // What keeps the window's place: the record of a file's window, or the entry of a form that there is once. Null when
+  // it has none.
   virtual WindowRecord* Record() { return nullptr; }
+  virtual FormState* FormPlace() { return nullptr; }
+  // The Edit menu under the pointer, for a right click.
+  void PopupEditMenu();
+  // True, and the box tells so, when the file was opened read-only.
+  bool RefusesChanges();
   Application& app() const { return app_; }
 
  private:
   static ui::Toolkit& app_toolkit(Application& app);
+  void KeepPlace();
 
   Application& app_;
   Bytes window_image_;
@@ -84,6 +91,8 @@ void DressForm(const Application& app, ui::Form& form);
 // A record's place as a window takes it, and back. A place beyond the screen is left to the toolkit.
 ui::Placement PlacementOf(const Application& app, const WindowRecord& record);
 void KeepPlacement(WindowRecord& record, const ui::Placement& placement);
+ui::Placement PlacementOf(const Application& app, const FormState& state);
+void KeepPlacement(FormState& state, const ui::Placement& placement);
 
 // What stands behind the caption of a read-only window: " - " and the text, or nothing.
 std::string ReadOnlySuffix(const Application& app, bool read_only);
