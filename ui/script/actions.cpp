@@ -42,43 +42,49 @@ ScriptEngine::Outcome ScriptEngine::Reach(const std::string& name, ScriptTarget&
   return Refused(*target.control, target.control->enabled() ? "stands in what is disabled or hidden" : "is disabled");
 }
 
-ScriptEngine::Outcome ScriptEngine::ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds,
-                                                 Control*& control) {
+Control* ScriptEngine::ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds,
+                                    Outcome& refusal) {
   ScriptTarget target;
-  Outcome outcome = Reach(name, target);
-  if (outcome.status != kScriptDone) return outcome;
-  if (target.control == nullptr) return Refused(name + " is a window");
-  if (std::find(kinds.begin(), kinds.end(), target.control->kind()) == kinds.end()) {
-    return Refused(*target.control, "is no control for this command");
+  refusal = Reach(name, target);
+  if (refusal.status != kScriptDone) return nullptr;
+  if (target.control == nullptr) {
+    refusal = Refused(name + " is a window");
+  } else if (std::find(kinds.begin(), kinds.end(), target.control->kind()) == kinds.end()) {
+    refusal = Refused(*target.control, "is no control for this command");
+    return nullptr;
   }
-  control = target.control;
-  return outcome;
+  return target.control;
 }
 
 // A hand on the frame of a child window brings it to the front.
-ScriptEngine::Outcome ScriptEngine::ReachForm(const std::string& name, Form*& form) {
-  form = host_.toolkit().FindForm(name);
-  if (form == nullptr) return Refused("no window is called " + name);
-  if (!form->Reachable()) return Refused(name + " can't be reached while another window waits to be closed");
+Form* ScriptEngine::ReachForm(const std::string& name, Outcome& refusal) {
+  Form* const form = host_.toolkit().FindForm(name);
+  if (form == nullptr || !form->Reachable()) {
+    refusal = Refused(form == nullptr ? "no window is called " + name
+                                      : name + " can't be reached while another window waits to be closed");
+    return nullptr;
+  }
   if (form->kind() == FormKind::kChild) driver_.Activate(*form);
-  return form->open() ? Outcome() : Refused(name + " has been closed");
+  if (form->open()) return form;
+  refusal = Refused(name + " has been closed");
+  return nullptr;
 }
 
 ScriptEngine::Outcome ScriptEngine::Press(Words words) {
   const UserEvent event(host_.toolkit());
-  Control* control = nullptr;
-  Outcome outcome =
-      ReachControl(words[0].text, {ControlKind::kButton, ControlKind::kOptionButton, ControlKind::kMenuEntry}, control);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Control* const control =
+      ReachControl(words[0].text, {ControlKind::kButton, ControlKind::kOptionButton, ControlKind::kMenuEntry}, refusal);
+  if (control == nullptr) return refusal;
   return DoneBy(driver_.Press(*control), words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::Select(Words words) {
   const UserEvent event(host_.toolkit());
   const std::vector<int> chosen = *ScriptRows(words.subspan(1));
-  Control* control = nullptr;
-  Outcome outcome = ReachControl(words[0].text, {ControlKind::kListBox, ControlKind::kComboBox}, control);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Control* const control = ReachControl(words[0].text, {ControlKind::kListBox, ControlKind::kComboBox}, refusal);
+  if (control == nullptr) return refusal;
   const bool is_list = control->kind() == ControlKind::kListBox;
   const int rows = is_list ? static_cast<ListBox*>(control)->rows() : static_cast<ComboBox*>(control)->rows();
   if (!std::all_of(chosen.begin(), chosen.end(), [rows](int row) { return InRange(row, rows); })) {
@@ -92,10 +98,10 @@ ScriptEngine::Outcome ScriptEngine::Select(Words words) {
 ScriptEngine::Outcome ScriptEngine::Set(Words words) {
   const UserEvent event(host_.toolkit());
   const int value = *ScriptNumber(words[1].text);
-  Control* control = nullptr;
-  Outcome outcome =
-      ReachControl(words[0].text, {ControlKind::kScrollBar, ControlKind::kCheckBox, ControlKind::kTabs}, control);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Control* const control =
+      ReachControl(words[0].text, {ControlKind::kScrollBar, ControlKind::kCheckBox, ControlKind::kTabs}, refusal);
+  if (control == nullptr) return refusal;
   int low = 0;
   int high = 1;
   if (control->kind() == ControlKind::kScrollBar) {
@@ -111,31 +117,31 @@ ScriptEngine::Outcome ScriptEngine::Set(Words words) {
 ScriptEngine::Outcome ScriptEngine::Type(Words words) {
   const UserEvent event(host_.toolkit());
   const std::string& text = words[1].text;
-  Control* control = nullptr;
-  Outcome outcome = ReachControl(words[0].text, {ControlKind::kTextBox, ControlKind::kComboBox}, control);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Control* const control = ReachControl(words[0].text, {ControlKind::kTextBox, ControlKind::kComboBox}, refusal);
+  if (control == nullptr) return refusal;
   if (!IsUtf8(text) || text.find('\0') != std::string::npos) return Refused("this can't be typed");
   return DoneBy(driver_.Type(*control, text), words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::PressKey(Words words) {
   const UserEvent event(host_.toolkit());
-  Control* control = nullptr;
-  Outcome outcome = ReachControl(words[0].text,
-                                 {ControlKind::kButton, ControlKind::kTextBox, ControlKind::kListBox,
-                                  ControlKind::kComboBox, ControlKind::kScrollBar, ControlKind::kCheckBox,
-                                  ControlKind::kOptionButton, ControlKind::kTabs, ControlKind::kPictureBox},
-                                 control);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Control* const control = ReachControl(words[0].text,
+                                        {ControlKind::kButton, ControlKind::kTextBox, ControlKind::kListBox,
+                                         ControlKind::kComboBox, ControlKind::kScrollBar, ControlKind::kCheckBox,
+                                         ControlKind::kOptionButton, ControlKind::kTabs, ControlKind::kPictureBox},
+                                        refusal);
+  if (control == nullptr) return refusal;
   return DoneBy(driver_.PressKey(*control, *ScriptKey(words[1].text)), words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::DoubleClick(Words words) {
   const UserEvent event(host_.toolkit());
   const int row = *ScriptNumber(words[1].text);
-  Control* control = nullptr;
-  Outcome outcome = ReachControl(words[0].text, {ControlKind::kListBox}, control);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Control* const control = ReachControl(words[0].text, {ControlKind::kListBox}, refusal);
+  if (control == nullptr) return refusal;
   if (!InRange(row, static_cast<ListBox*>(control)->rows())) return Refused(*control, "has no such row");
   return DoneBy(driver_.DoubleClick(*control, row), words[0].text);
 }
@@ -163,27 +169,27 @@ ScriptEngine::Outcome ScriptEngine::Menu(Words words) {
 
 ScriptEngine::Outcome ScriptEngine::Activate(Words words) {
   const UserEvent event(host_.toolkit());
-  Form* form = nullptr;
-  Outcome outcome = ReachForm(words[0].text, form);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Form* const form = ReachForm(words[0].text, refusal);
+  if (form == nullptr) return refusal;
   return DoneBy(form->kind() == FormKind::kChild, words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::Close(Words words) {
   const UserEvent event(host_.toolkit());
-  Form* form = nullptr;
-  Outcome outcome = ReachForm(words[0].text, form);
-  if (outcome.status == kScriptDone) driver_.Close(*form);
-  return outcome;
+  Outcome refusal;
+  Form* const form = ReachForm(words[0].text, refusal);
+  if (form != nullptr) driver_.Close(*form);
+  return refusal;
 }
 
 ScriptEngine::Outcome ScriptEngine::Resize(Words words) {
   const UserEvent event(host_.toolkit());
   const int width = *ScriptNumber(words[1].text);
   const int height = *ScriptNumber(words[2].text);
-  Form* form = nullptr;
-  Outcome outcome = ReachForm(words[0].text, form);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Form* const form = ReachForm(words[0].text, refusal);
+  if (form == nullptr) return refusal;
   if (width < 1 || height < 1 || width > kFarthest || height > kFarthest) return Refused("no window has such a size");
   Placement placement = form->placement();
   if (placement.state != WindowState::kNormal) return Refused(words[0].text + " is minimised or maximised");
@@ -196,9 +202,9 @@ ScriptEngine::Outcome ScriptEngine::Move(Words words) {
   const UserEvent event(host_.toolkit());
   const int left = *ScriptNumber(words[1].text);
   const int top = *ScriptNumber(words[2].text);
-  Form* form = nullptr;
-  Outcome outcome = ReachForm(words[0].text, form);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Form* const form = ReachForm(words[0].text, refusal);
+  if (form == nullptr) return refusal;
   if (std::max(left, top) > kFarthest || std::min(left, top) < -kFarthest) return Refused("no window has such a place");
   Placement placement = form->placement();
   if (placement.state != WindowState::kNormal) return Refused(words[0].text + " is minimised or maximised");
@@ -209,9 +215,9 @@ ScriptEngine::Outcome ScriptEngine::Move(Words words) {
 
 ScriptEngine::Outcome ScriptEngine::ChangeState(const std::string& name, WindowState state) {
   const UserEvent event(host_.toolkit());
-  Form* form = nullptr;
-  Outcome outcome = ReachForm(name, form);
-  if (outcome.status != kScriptDone) return outcome;
+  Outcome refusal;
+  Form* const form = ReachForm(name, refusal);
+  if (form == nullptr) return refusal;
   Placement placement = form->placement();
   placement.state = state;
   return DoneBy(driver_.Place(*form, placement), name);

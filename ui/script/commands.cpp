@@ -23,6 +23,11 @@ int Times(ScriptWords words) {
   return words.size() > 2 ? *ScriptNumber(words[2].text) : 1;
 }
 
+std::string Absolute(const std::string& directory, const std::string& path) {
+  if (path.front() == '/') return path;
+  return directory.ends_with('/') ? directory + path : directory + '/' + path;
+}
+
 bool HasExtension(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
@@ -118,7 +123,7 @@ ScriptEngine::Outcome ScriptEngine::File(Words words) {
     return Refused("the dialog has no such filter");
   }
   if (file.read_only.value_or(false) && !dialog_->shows_read_only) return Refused("the dialog has no read-only box");
-  answer.path = file.path.front() == '/' ? file.path : host_.Directory() + '/' + file.path;
+  answer.path = Absolute(host_.Directory(), file.path);
   if (dialog_->save && !dialog_->default_extension.empty() && !HasExtension(answer.path)) {
     answer.path += '.' + dialog_->default_extension;
   }

@@ -95,9 +95,10 @@ class ScriptEngine : public ScriptQuestions {
 
   // Finds what a user can get at, and has brought its window to the front when it is a child window.
   Outcome Reach(const std::string& name, ScriptTarget& target);
-  Outcome ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds, Control*& control);
+  // Null, with the reason, when there is no such control of one of the kinds.
+  Control* ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds, Outcome& refusal);
   // The same for a window itself.
-  Outcome ReachForm(const std::string& name, Form*& form);
+  Form* ReachForm(const std::string& name, Outcome& refusal);
   Outcome ChangeState(const std::string& name, WindowState state);
 
   // Before and around the program.
