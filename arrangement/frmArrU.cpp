@@ -44,14 +44,14 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
       TimerTxSty1(MakeTimer("TimerTxSty", 1, [this] { CommLoadSty.Press(); })),
       TimerList1(MakeTimer("TimerList1", -1, [this] { List1.Click(); })),
       TimerFindID(MakeTimer("TimerFindID", -1, [this] { StepSearch(); })),
-      TimerAdd(MakeTimer("Timer", 4, [this] { CommAdd.Press(); })) {
+      TimerAdd(MakeTimer("Timer", 4, [this] { CommAdd.Press(); })),
+      TimerEdit(MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); })) {
   window_image() = std::move(image);
   MakeTimer("TimerCaricaArr", -1, [this] { CommLoadArr.Press(); });
   MakeTimer("TimerCaricaSty", -1, [this] { CommLoadSty.Press(); });
   MakeTimer("TimerCaricaPrg", -1, [this] { CommLoadPrg.Press(); });
   MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); });
   MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); });
-  MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); });
   MakeTimer("Timer", 0, [this] { List1.Click(); });
   MakeTimer("Timer", 2, [this] { CommLoadSty.Press(); });
   MakeTimer("Timer", 3, [this] { CommLoadPrg.Press(); });
@@ -78,6 +78,7 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
   CommLoadArr.on_click = [this] { PressLoadArr(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
   CommLoadPrg.on_click = [this] { PressLoadPrg(); };
+  List1.on_double_click = CommEdit.on_click = [this] { PressEdit(); };
   CommAdd.on_click = [this] { PressAdd(); };
   CommArrPlay.on_click = [this] {
     SendModeArrPlay(this->app());
@@ -285,9 +286,8 @@ void frmArrU::ShowRecordName(int index) {
 void frmArrU::ClickRow() {
   const int row = List1.Row();
   if (app().arrangement.ListBusy || row < 0) return;
-  if (TrimRight(List1.RowText(row)).size() == kLabelLength) {
-    CommEdit.SetEnabled(false);
-    if (app().main != nullptr) app().main->Menu(MenuId::mnuEdit).SetEnabled(false);
+  if (IsEmptyRow(row)) {
+    EnableEdit(false);
     Combo1.ShowText({});
     Text1.SetText({});
     Text2.SetText({});
@@ -304,6 +304,9 @@ void frmArrU::ClickRow() {
     if (app().arrangement.EditorOpen) {
       KeepsEdits();
       app().arrangement.ArrEditRecord = PrepareEditRecord(window_image(), row, StyleName);
+      FillArrEditor(app());
+    } else {
+      EnableEdit(true);
     }
     if (app().midi.CurrentMode != kModeArrPlay) SendModeArrPlay(app());
     ShowSelected(row);
@@ -317,6 +320,27 @@ void frmArrU::ClickRow() {
   int number = row;
   SelectArrangement(app(), number, kKindArr);
   ShowWait(app(), 0);
+}
+
+bool frmArrU::IsEmptyRow(int row) const {
+  return TrimRight(List1.RowText(row)).size() == kLabelLength;
+}
+
+void frmArrU::EnableEdit(bool enabled) {
+  CommEdit.SetEnabled(enabled);
+  if (app().main != nullptr && toolkit().active_child() == this) app().main->RefreshMenus();
+}
+
+void frmArrU::PressEdit() {
+  const int row = List1.Row();
+  if (row < 0 || IsEmptyRow(row)) return EnableEdit(false);
+  KeepsEdits();
+  EnableEdit(false);
+  OpenArrEditor(app(), *this, row);
+}
+
+void frmArrU::EditorClosed() {
+  if (const int row = List1.Row(); row >= 0 && !IsEmptyRow(row)) EnableEdit(true);
 }
 
 void frmArrU::ShowSelected(int row) {
@@ -396,6 +420,8 @@ ui::Timer* frmArrU::TimerOf(WindowFunction function) {
       return &TimerLoadPrg;
     case WindowFunction::kAddToDatabase:
       return &TimerAdd;
+    case WindowFunction::kEdit:
+      return &TimerEdit;
     default:
       return nullptr;
   }
@@ -408,6 +434,7 @@ bool frmArrU::CanSave() const {
 // --- Closing ---
 
 bool frmArrU::QueryClose() {
+  if (!CloseArrEditorOf(app(), *this)) return false;
   if (ByteAt(window_image(), kChangedPosition) != 1) return true;
   return SaveBeforeClosing(app(), *this);
 }

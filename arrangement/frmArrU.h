@@ -34,6 +34,8 @@ class frmArrU : public ChildWindow {
   ui::Frame Frame1[4] = {{*this, "Frame1", 0}, {*this, "Frame1", 1}, {*this, "Frame1", 2}, {*this, "Frame1", 3}};
 
   void ShowRecordName(int index);
+  // The editor has gone: CommEdit is usable again on a written row.
+  void EditorClosed();
 
   ui::Button* ButtonOf(WindowFunction function) override;
   ui::Timer* TimerOf(WindowFunction function) override;
@@ -75,6 +77,9 @@ class frmArrU : public ChildWindow {
   void PressLoadPrg();
   void SendPrograms(const Bytes& image, bool pgg);
   void PressAdd();
+  void PressEdit();
+  void EnableEdit(bool enabled);
+  bool IsEmptyRow(int row) const;
   void StepSearch();
   // Lets a search that is under way go on at this step.
   void ContinueSearch(int step);
@@ -102,6 +107,7 @@ class frmArrU : public ChildWindow {
   ui::Timer& TimerList1;
   ui::Timer& TimerFindID;
   ui::Timer& TimerAdd;
+  ui::Timer& TimerEdit;
 };
 
 }  // namespace zentaline

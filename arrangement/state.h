@@ -30,6 +30,11 @@ struct ArrangementState {
   std::array<int, 19> ArrPartSlots{};
   bool ArrStyleArmed = false;  // the style waits for a style
   bool ArrNameArmed = false;
+  // Of the editor.
+  int ArrSignFlag = 0;              // 1: the value being sent is negative
+  int ArrEditPos = 0;               // position in ArrEditRecord that the last list or horizontal bar wrote; 0 none yet
+  bool EditorFilling = false;       // FillArrEditor runs
+  bool EditorCloseRefused = false;  // the question at its closing was cancelled
 
   // The database.
   Bytes DBImage;

@@ -40,6 +40,12 @@ void SlotTakeFile(Application& app, const std::string& path) {
   if (app.main != nullptr) app.main->ShowArrUEntry();
 }
 
+void ArrEditorClosed(Application& app) {
+  for (ChildWindow* window : app.arr_windows) {
+    if (window != nullptr) static_cast<frmArrU*>(window)->EditorClosed();
+  }
+}
+
 void ShowRecordName(ChildWindow& window, int index) {
   static_cast<frmArrU&>(window).ShowRecordName(index);
 }

@@ -47,7 +47,7 @@ constexpr std::array<MenuRow, kMenuCount> kRows = {{
     {mnuShowSty, mnuModifica, "mnuShowSty", 0, "", false, kWaits},
     {mnuLoadPrg, mnuModifica, "mnuLoadPrg", 70, "", false, false},
     {mnuShowPrg, mnuModifica, "mnuShowPrg", 69, "", false, kWaits},
-    {mnuEdit, mnuModifica, "mnuEdit", 71, "", kLine, kWaits},
+    {mnuEdit, mnuModifica, "mnuEdit", 71, "", kLine, false},
     {mnuEditPerf, mnuModifica, "mnuEditPerf", 0, "", false, kWaits},
     {mnui40DBArr, mnuModifica, "mnui40DBArr", 0, "", false, false},
     {mnuArrPlay, mnuModifica, "mnuArrPlay", 0, "", kLine, false},

@@ -1,0 +1,169 @@
+// The arrangement editor: one record on two pages, edited live. Every change goes into ArrEditRecord, and most of them
+// in the same moment to the instrument; the file's image stays as it is until the change is kept. What each control
+// stands for is told by the tables.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "arrangement/arr_format.h"
+#include "arrangement/editor_tables.h"
+#include "core/child_window.h"
+
+namespace zentaline {
+
+// An array of controls of one name.
+template <class Control>
+class ControlArray {
+ public:
+  ControlArray(ui::Form& form, const char* name, int first, int last) {
+    controls_.resize(static_cast<std::size_t>(last) + 1);
+    for (int i = first; i <= last; ++i) Make(form, name, i);
+  }
+  ControlArray(ui::Form& form, const char* name, std::initializer_list<int> indices) {
+    controls_.resize(static_cast<std::size_t>(std::max(indices)) + 1);
+    for (const int i : indices) Make(form, name, i);
+  }
+  Control& operator[](int index) const { return *controls_[static_cast<std::size_t>(index)]; }
+
+ private:
+  void Make(ui::Form& form, const char* name, int i) {
+    controls_[static_cast<std::size_t>(i)] = std::make_unique<Control>(form, name, i);
+  }
+  std::vector<std::unique_ptr<Control>> controls_;
+};
+
+class frmEditArr : public ChildWindow {
+ public:
+  explicit frmEditArr(Application& app);
+
+  // Text1: the record's name, its style; of part t 2 + 2t the program's name, 3 + 2t its number.
+  static constexpr int kNameBox = 0;
+  static constexpr int kStyleBox = 1;
+  static constexpr int kFirstPartBox = 2;
+  static constexpr int kTextBoxes = kFirstPartBox + 2 * kArrPartCount;
+  static constexpr int kFirstPartBar = 1;
+  static constexpr int kBars = kFirstPartBar + kPartBarStep * kArrPartCount;
+  static constexpr int kPartLists = kPartListStep * kArrPartCount;
+
+  ControlArray<ui::Label> Label{*this, "Label", 0, 1};
+  ControlArray<ui::TextBox> Text1{*this, "Text1", 0, kTextBoxes - 1};
+  ui::Tabs SSTab1{*this, "SSTab1"};
+  ui::PictureBox General{*this, "General"};
+  ui::Frame Frame1{*this, "Frame1"};
+  ui::Frame Frame2{*this, "Frame2"};
+  ui::Frame Frame3{*this, "Frame3"};
+  ui::Frame Frame4{*this, "Frame4"};
+  ui::Frame Frame5{*this, "Frame5"};
+  ui::Frame Frame6{*this, "Frame6"};
+  ui::Frame Drum{*this, "Drum"};
+  ui::Frame Percussion{*this, "Percussion"};
+  ui::Frame FrBass{*this, "FrBass"};
+  ui::Frame FrAcc1{*this, "FrAcc1"};
+  ui::Frame FrACC2{*this, "FrACC2"};
+  ui::Frame FrACC3{*this, "FrACC3"};
+  ui::Frame UPPER1{*this, "UPPER1"};
+  ui::Frame UPPER2{*this, "UPPER2"};
+  ui::Frame LOWER{*this, "LOWER"};
+  // Values beside bars: 0 tempo, 3 split point, 4 drum map; Label2 has the index of its bar.
+  ControlArray<ui::Label> Label1{*this, "Label1", {0, 3, 4}};
+  ControlArray<ui::Label> Label2{*this, "Label2", 1, kBars - 1};
+  ControlArray<ui::Label> EffLab1{*this, "EffLab1", 0, 1};
+  ControlArray<ui::ScrollBar> VScroll1{*this, "VScroll1", 0, kBars - 1};
+  ControlArray<ui::ScrollBar> HScroll1{*this, "HScroll1", 0, 1};
+  ControlArray<ui::ComboBox> Combo1{*this, "Combo1", 0, 9};
+  ControlArray<ui::ComboBox> Combo2{*this, "Combo2", 0, kPartLists - 1};
+  ControlArray<ui::CheckBox> Check1{*this, "Check1", 0, 9};
+  ControlArray<ui::ComboBox> EffCombo{*this, "EffCombo", 0, 1};
+  ControlArray<ui::Button> EffComm{*this, "EffComm", 0, 1};
+  ControlArray<ui::Button> CommM{*this, "CommM", 0, kArrPartCount - 1};
+  ControlArray<ui::Button> CommS{*this, "CommS", 0, kArrPartCount - 1};
+
+  // Shows ArrEditRecord.
+  void Fill();
+  void PickProgram(const Bytes& image, int row);
+  void PickStyle(const Bytes& image, int row, const std::string& row_text);
+  // Writes the note's name into Label1(3).
+  void ShowSplitNote(int note);
+
+  void Load() override;
+  bool QueryClose() override;
+  void Unload() override;
+  void Resized() override;
+
+ private:
+  // A control of the tables: where it stands, and what it edits.
+  struct Field {
+    const EditRow& row;
+    int part;              // 0 to 8, or kGeneral
+    std::size_t position;  // in ArrEditRecord
+    int id;
+    ui::Control& control;
+    ui::Label* name = nullptr;  // for controls that don't carry their name themselves
+    ui::Label* value = nullptr;
+  };
+  static constexpr int kGeneral = -1;
+
+  // Making, in frmEditArr_make.cpp.
+  void MakeFields();
+  void AddField(const EditRow& row, int part);
+  ui::Control& ControlOf(EditArray array, int index) const;
+  void SetUp(Field& field);
+  void MakeLabels(Field& field);
+  void ConnectButtons();
+  void ConnectTextBoxes();
+  ui::Frame& PartFrame(int part);
+  void LayOut();
+  ui::Layout GeneralPage();
+  ui::Layout Strip(int part);
+  const Field& FieldOf(EditArray array, int index) const;
+  void ShowToolTips();
+
+  // What is shown, and what the user does.
+  int Shown(const Field& field) const;
+  void Show(const Field& field);
+  void ShowValue(const Field& field);
+  void Edit(Field& field);
+  void Store(const Field& field, int stored);
+  void Send(const Field& field, EditValue value, int shown);
+  void ChooseVariation(const Field& field);
+  void TypeInList(ui::ComboBox& list);
+  void ShowPart(int part);
+  void ShowTitle();
+  void ShowNames();
+  void TypeName();
+
+  // Arming, and mute and solo, which are carried out by mutes at the instrument: in frmEditArr_press.cpp.
+  void PressTextBox(int index);
+  void PressGround(const ui::MouseEvent& event);
+  void SetNameHighlight(int index);
+  void ClearNameHighlight();
+  void PressMute(int part);
+  void PressSolo(int part);
+  void SetMuted(int part, bool muted);
+  void SetSoloed(int part, bool soloed);
+  void SendMute(int part);
+  void PressEffectSwitch(int effect);
+
+  Bytes& record() const;
+  std::size_t NamePosition(int part) const;
+
+  std::vector<Field> fields_;
+  Field* drum_map_ = nullptr;  // of HScroll1(1)
+  std::vector<std::unique_ptr<ui::Label>> names_;
+  std::array<bool, kArrPartCount> PartMuted{};
+  std::array<bool, kArrPartCount> PartSoloed{};
+  struct Colours {
+    std::optional<ui::Colour> back;
+    std::optional<ui::Colour> fore;
+  };
+  std::array<Colours, kTextBoxes> saved_colours_;
+};
+
+}  // namespace zentaline
