@@ -344,6 +344,7 @@ void frmArrU::EditorClosed() {
 }
 
 void frmArrU::ShowSelected(int row) {
+  app().core.settings.LastListIndex = row;
   ShowId(List1.RowText(row).substr(0, kLabelLength));
   std::string program;
   for (int part = 0; part < kArrPartCount && program.empty(); ++part) {
