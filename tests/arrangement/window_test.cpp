@@ -70,7 +70,7 @@ TEST_F(Window, ARowThatWasNeverWrittenIsItsLabelAloneAndANameOfBlanksIsNot) {
   // The blank name counts as written, so its style is among the file's; its row counts as empty when it is clicked.
   EXPECT_THAT(desk_.Rows("frmArrU(1).Combo1"), ElementsAre("8 Beat 2 (A12)", "8 Beat 3 (A13)"));
   desk_.Select(2);
-  EXPECT_EQ(Text("Combo1"), " (U14)");
+  EXPECT_EQ(Text("Combo1"), "- empty - (U14)");
   desk_.Select(1);
   EXPECT_EQ(Text("Combo1"), "");
 }
@@ -96,7 +96,9 @@ TEST_F(Window, EveryByteOfANameIsShownAndComesBackUnchanged) {
     arr.replace(32, 16, name);
     OpenSong(arr);
     const std::string row = desk_.Rows("frmArrU(1).List1").at(0);
-    EXPECT_EQ(BytesFromUtf8(row.substr(4)), name) << first;
+    Bytes back;
+    ASSERT_TRUE(BytesFromUtf8(row.substr(4), back));
+    EXPECT_EQ(back, name) << first;
     desk_.program.Arr(1)->UserClose();
     EXPECT_EQ(desk_.folder.Get("Song.arr"), arr);
   }
