@@ -9,7 +9,7 @@
 #include "app/desktop_options.h"
 #include "app/directory.h"
 #include "core/application.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/posix_disk.h"
 #include "midi/recorder/recorder.h"
 #include "midi/virtual/virtual_midi.h"

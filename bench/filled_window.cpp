@@ -8,7 +8,7 @@
 
 #include "bench/first_frame.h"
 #include "core/application.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/posix_disk.h"
 #include "midi/virtual/virtual_midi.h"
 #include "ui/qt/long_sender.h"

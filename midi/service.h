@@ -78,7 +78,8 @@ class MidiService {
   virtual void SetProgress(MidiProgress progress) { (void)progress; }
 };
 
-// The number of data bytes that follow a short message's status byte: 1 for program change and channel pressure, 2 else.
+// The number of data bytes that follow a short message's status byte: 1 for program change and channel pressure, 2
+// else.
 constexpr int ShortMessageDataBytes(std::uint32_t word) {
   return (word & 0xE0U) == 0xC0U ? 1 : 2;
 }

@@ -12,7 +12,7 @@
 #include "core/application.h"
 #include "core/child_window.h"
 #include "core/faulty_disk.h"
-#include "core/frmMain.h"
+#include "core/main_window.h"
 #include "core/posix_disk.h"
 #include "midi/listening.h"
 #include "midi/recorder/recorder.h"
