@@ -49,14 +49,6 @@ void frmEditArr::Load() {
   window_image() = {static_cast<char>(kKindArrEditor), '\0'};
   ChildWindow::Load();
   ShowToolTips();
-  WindowRecord place;
-  const FormState& kept = app().core.FormStates[kKindArrEditor];
-  place.left = kept.left;
-  place.top = kept.top;
-  place.width = kept.width;
-  place.height = kept.height;
-  if (place.width > 0) SetPlacement(PlacementOf(app(), place));
-
   state.EditorOpen = true;
   state.EditorChanged = state.ArrNameChanged = state.EditorCloseRefused = false;
   state.ArrSignFlag = 0;
@@ -88,19 +80,12 @@ bool frmEditArr::QueryClose() {
 void frmEditArr::Unload() {
   ClearNameHighlight();
   app().arrangement.EditorOpen = app().arrangement.EditorChanged = false;
-  Resized();
   ArrEditorClosed(app());
   ChildWindow::Unload();
 }
 
-void frmEditArr::Resized() {
-  const ui::Placement& now = placement();
-  if (now.state != ui::WindowState::kNormal) return;
-  FormState& kept = app().core.FormStates[kKindArrEditor];
-  kept.left = now.left;
-  kept.top = now.top;
-  kept.width = now.width;
-  kept.height = now.height;
+FormState* frmEditArr::FormPlace() {
+  return &app().core.FormStates[kKindArrEditor];
 }
 
 // --- Showing ---

@@ -95,7 +95,9 @@ class frmEditArr : public ChildWindow {
   void Load() override;
   bool QueryClose() override;
   void Unload() override;
-  void Resized() override;
+
+ protected:
+  FormState* FormPlace() override;
 
  private:
   // A control of the tables: where it stands, and what it edits.

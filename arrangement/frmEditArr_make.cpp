@@ -174,7 +174,8 @@ using ui::Row;
 using ui::Space;
 
 constexpr ui::Size kNameSize = {18, 1};
-constexpr ui::Size kProgramSize = {14, 1};
+constexpr ui::Size kProgramSize = {12, 1};
+constexpr ui::Size kPanSize = {10, 1};
 constexpr ui::Size kNumberSize = {5, 1};
 constexpr ui::Size kValueSize = {4, 1};
 
@@ -233,6 +234,7 @@ Layout frmEditArr::Strip(int part) {
   const int box = kFirstPartBox + 2 * part;
   Text1[box].least_characters = kProgramSize;
   Text1[box + 1].least_characters = kNumberSize;
+  VScroll1[pan].least_characters = kPanSize;
   CommM[part].least_characters = CommS[part].least_characters = kValueSize;
   std::vector<Layout> strip = {
       Item(Text1[box]), Item(Text1[box + 1]), Row({Item(*FieldOf(kVScroll1, pan).name), Space(), Item(Label2[pan])}),

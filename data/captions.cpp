@@ -55,11 +55,19 @@ constexpr Row kCaptions[] = {
     {"frmMain", "mnuMIDIThru", "MIDI Thru", "MIDI Thru"},
     {"frmMain", "mnuHelp", "A&iuto", "&Help"},
 
+    {"frmStyUN", "LabelTotal", "Totale (byte)", "Total (bytes)"},
+    {"frmMIDI", "frmMIDI", "Canali MIDI", "MIDI Channels"},
+
     {"frmArrU", "LabelId", "Id", "Id"},
     {"frmArrU", "Frame1(0)", "Allo strumento", "To the instrument"},
     {"frmArrU", "Frame1(1)", "Mostra", "Show"},
     {"frmArrU", "Frame1(2)", "Modifica e numera", "Edit and number"},
     {"frmArrU", "Frame1(3)", "Modo", "Mode"},
+
+    {"frmEditArr", "SSTab1(1)", "Parti", "Parts"},
+    {"frmEditArr", "Frame3", "Esecuzione", "Playing"},
+    {"frmEditArr", "Frame4", "Tastiera", "Keyboard"},
+    {"frmEditArr", "Frame6", "Batteria", "Drums"},
 };
 // clang-format on
 

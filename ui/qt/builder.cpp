@@ -30,6 +30,13 @@ bool Grows(const Layout& layout) {
                      [](const Layout& child) { return child.kind != Kind::kSpace && Grows(child); });
 }
 
+// Takes the room that its content needs, where there is so much.
+class Scroller : public QScrollArea {
+ public:
+  using QScrollArea::QScrollArea;
+  QSize sizeHint() const override { return widget() == nullptr ? QScrollArea::sizeHint() : widget()->sizeHint(); }
+};
+
 class Builder {
  public:
   Builder(Form& form, Gate& gate) : form_(form), gate_(gate) {}
@@ -38,6 +45,7 @@ class Builder {
     built_.body = new QWidget(parent);
     auto* box = new QVBoxLayout(built_.body);
     if (form_.kind() == FormKind::kMain) box->setContentsMargins(2, 2, 2, 2);
+    if (form_.layout.tight) box->setContentsMargins(0, 0, 0, 0);
     Layout whole = form_.layout.kind == Kind::kNothing ? ColumnOfAll() : form_.layout;
     if (whole.stretch == 0) whole.stretch = 1;
     parent_ = built_.body;
@@ -173,7 +181,7 @@ class Builder {
   }
 
   void AddScrolled(QBoxLayout& box, const Layout& layout, int stretch) {
-    auto* area = new QScrollArea(parent_);
+    auto* area = new Scroller(parent_);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     auto* content = new QWidget(area);
@@ -181,6 +189,9 @@ class Builder {
     inside.scrolls = false;
     Fill(*content, {inside}, 0);
     area->setWidget(content);
+    // The ground is that of the page or window around it.
+    area->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
     area->setFocusPolicy(Qt::NoFocus);
     box.addWidget(area, std::max(stretch, 1));
   }
@@ -189,6 +200,7 @@ class Builder {
   // none of these either the room stays empty at the end.
   void AddLine(QBoxLayout& outer, QBoxLayout& line, const Layout& layout, int stretch) {
     outer.addLayout(&line, stretch);
+    if (layout.tight) line.setSpacing(0);
     const bool told = std::any_of(layout.children.begin(), layout.children.end(),
                                   [](const Layout& child) { return child.stretch > 0; });
     bool grows = told;

@@ -41,6 +41,19 @@ class Bar : public CalmWheel<QScrollBar> {
   using CalmWheel::CalmWheel;
 
  protected:
+  // A notch of the wheel is one step, as an arrow key is.
+  void wheelEvent(QWheelEvent* event) override {
+    if (!hasFocus()) {
+      event->ignore();
+      return;
+    }
+    const QPoint turned = event->angleDelta();
+    turned_ += std::abs(turned.y()) >= std::abs(turned.x()) ? turned.y() : turned.x();
+    const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
+    turned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+    setValue(value() - notches * singleStep());
+    event->accept();
+  }
   void paintEvent(QPaintEvent* event) override {
     CalmWheel::paintEvent(event);
     if (!hasFocus()) return;
@@ -48,6 +61,9 @@ class Bar : public CalmWheel<QScrollBar> {
     painter.setPen(palette().color(QPalette::Highlight));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
+
+ private:
+  int turned_ = 0;  // of a notch, in eighths of a degree
 };
 
 class ScrollBarView : public View {
