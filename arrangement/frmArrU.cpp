@@ -24,7 +24,6 @@ namespace {
 constexpr int kTextClose = 8;
 constexpr int kTextEdit = 71;
 constexpr int kMessageErrorReading = 4;
-constexpr int kMessageReadOnlyFile = 17;
 constexpr int kAskArrKeep = 2;
 constexpr int kFirstBankPlaces = 64;
 
@@ -45,13 +44,13 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
       TimerList1(MakeTimer("TimerList1", -1, [this] { List1.Click(); })),
       TimerFindID(MakeTimer("TimerFindID", -1, [this] { StepSearch(); })),
       TimerAdd(MakeTimer("Timer", 4, [this] { CommAdd.Press(); })),
-      TimerEdit(MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); })) {
+      TimerEdit(MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); })),
+      TimerShowSty(MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); })),
+      TimerShowPrg(MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); })) {
   window_image() = std::move(image);
   MakeTimer("TimerCaricaArr", -1, [this] { CommLoadArr.Press(); });
   MakeTimer("TimerCaricaSty", -1, [this] { CommLoadSty.Press(); });
   MakeTimer("TimerCaricaPrg", -1, [this] { CommLoadPrg.Press(); });
-  MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); });
-  MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); });
   MakeTimer("Timer", 0, [this] { List1.Click(); });
   MakeTimer("Timer", 2, [this] { CommLoadSty.Press(); });
   MakeTimer("Timer", 3, [this] { CommLoadPrg.Press(); });
@@ -72,12 +71,12 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
 
   List1.on_click = [this] { ClickRow(); };
   List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
-  List1.on_context = on_context = [this] {
-    if (this->app().main != nullptr) toolkit().PopupMenu(this->app().main->Menu(MenuId::mnuModifica));
-  };
+  List1.on_context = on_context = [this] { PopupEditMenu(); };
   CommLoadArr.on_click = [this] { PressLoadArr(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
+  CommShowSty.on_click = [this] { ShowFile(this->app(), kKindSty, Path() + ".sty", ReadOnly()); };
   CommLoadPrg.on_click = [this] { PressLoadPrg(); };
+  CommShowPrg.on_click = [this] { ShowProgramFile(this->app(), Path(), ReadOnly()); };
   List1.on_double_click = CommEdit.on_click = [this] { PressEdit(); };
   CommAdd.on_click = [this] { PressAdd(); };
   CommArrPlay.on_click = [this] {
@@ -166,8 +165,6 @@ void frmArrU::Load() {
   }
   SettingsChanged();
   CommEdit.SetEnabled(false);
-  CommShowSty.SetEnabled(false);
-  CommShowPrg.SetEnabled(false);
   state.FindNeedsPrg = false;
   state.FindUserStyle = false;
   FillRows();
@@ -245,6 +242,7 @@ void frmArrU::AttachSiblingStyles() {
   }
   const bool attached = ByteAt(image, kStyStatePosition) == 2;
   CommLoadSty.SetEnabled(attached);
+  CommShowSty.SetEnabled(attached);
   for (int entry = 0; attached && entry < kStyEntryCount; ++entry) {
     if (WindowStyEntrySize(entry, image) == 0) continue;
     Combo1.AddRow(Utf8FromBytes(WindowStyName(entry, image)) + " (" + UserStyleLabel(entry) + ")");
@@ -260,7 +258,9 @@ void frmArrU::AttachSiblingPrograms() {
       AttachPrograms(image, app().program.ProgramFileBuffer, true);
     }
   }
-  CommLoadPrg.SetEnabled(ByteAt(image, kPrgAttachedPosition) == 1);
+  const bool attached = ByteAt(image, kPrgAttachedPosition) == 1;
+  CommLoadPrg.SetEnabled(attached);
+  CommShowPrg.SetEnabled(attached);
 }
 
 void frmArrU::ShowName() {
@@ -383,8 +383,11 @@ bool frmArrU::KeepsEdits() {
 }
 
 void frmArrU::KeyInList(const ui::Key& key) {
-  if (key.name != ui::Key::kDelete) return;
-  if (ReadOnly()) return ShowMessage(app(), kMessageReadOnlyFile, ShownPath(BaseName()), {});
+  if (key.name == ui::Key::kSpace && app().core.settings.AutoPrgSel && !app().arrangement.EditorOpen &&
+      ByteAt(window_image(), kPrgAttachedPosition) == 1) {
+    return ShowUserPrograms(app(), Path(), ByteAt(window_image(), kPggPosition) == 1);
+  }
+  if (key.name != ui::Key::kDelete || RefusesChanges()) return;
   if (app().main != nullptr) app().main->Menu(MenuId::mnuCancella).UserPress();
 }
 
@@ -423,6 +426,10 @@ ui::Timer* frmArrU::TimerOf(WindowFunction function) {
       return &TimerAdd;
     case WindowFunction::kEdit:
       return &TimerEdit;
+    case WindowFunction::kShowSty:
+      return &TimerShowSty;
+    case WindowFunction::kShowPrg:
+      return &TimerShowPrg;
     default:
       return nullptr;
   }

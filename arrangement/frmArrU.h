@@ -73,7 +73,6 @@ class frmArrU : public ChildWindow {
   void ShowSelected(int row);
   void PressLoadArr();
   void PressLoadSty();
-  void EndOfStyles();
   void PressLoadPrg();
   void SendPrograms(const Bytes& image, bool pgg);
   void PressAdd();
@@ -108,6 +107,8 @@ class frmArrU : public ChildWindow {
   ui::Timer& TimerFindID;
   ui::Timer& TimerAdd;
   ui::Timer& TimerEdit;
+  ui::Timer& TimerShowSty;
+  ui::Timer& TimerShowPrg;
 };
 
 }  // namespace zentaline

@@ -11,6 +11,7 @@
 #include "program/api.h"
 #include "program/prg_format.h"
 #include "style/sty_format.h"
+#include "style/transmission.h"
 
 namespace zentaline {
 
@@ -19,7 +20,6 @@ namespace {
 // The states that the timers carry in their intervals, which are milliseconds too.
 constexpr int kTimerIdle = 10;
 constexpr int kTimerDue = 9;
-constexpr int kFirstGroupDelay = 20;
 constexpr int kPauseBetweenGroups = 1000;  // the instrument stores a group meanwhile
 constexpr int kPrgWindowWait = 9;
 constexpr int kPrgWindowSend = 8;
@@ -32,7 +32,6 @@ constexpr int kFindAfterArr = 800;
 constexpr int kFindAfterSty = 820;
 constexpr int kFindAfterPrg = 40;
 
-constexpr int kWaitLoadingSty = 2;
 constexpr int kWaitLoadingArr = 3;
 constexpr int kWaitLoadingPrg = 4;
 constexpr int kWaitUpdate = 8;
@@ -64,38 +63,18 @@ void frmArrU::PressLoadArr() {
 }
 
 void frmArrU::PressLoadSty() {
-  MidiState& midi = app().midi;
-  if (TimerTxSty0.interval() == kTimerIdle) {
-    midi.StyleGroupCount = StyGroupsToSend(window_image());
-    if (midi.StyleGroupCount == 0) {
+  const StyleTimers timers{TimerTxSty0, TimerTxSty1, kPauseBetweenGroups};
+  switch (PressLoadStyles(app(), timers, window_image(), StyGroupsToSend(window_image()), BaseName())) {
+    case StyleStep::kNothingToSend:
       // Whoever waits for the end of the styles goes on without them.
       if (TimerList1.interval() == kClickStySent) TimerList1.Start();
       ContinueSearch(kFindPrg);
       return List1.SetFocus();
-    }
-    midi.StyleGroupIndex = 0;
-    TimerTxSty1.SetInterval(kPauseBetweenGroups);
-    ShowWait(app(), kWaitLoadingSty);
-    TimerTxSty0.SetInterval(kFirstGroupDelay);
-    TimerTxSty0.Start();
-    return;
+    case StyleStep::kUnderWay:
+      return;
+    case StyleStep::kEnded:
+      break;
   }
-  TimerTxSty0.Stop();
-  const bool more = midi.StyleGroupIndex < midi.StyleGroupCount;
-  if (more && SendStyleDump(app(), midi.StyleGroupIndex, window_image()) == 0) {
-    ++midi.StyleGroupIndex;
-    TimerTxSty1.Start();
-    return;
-  }
-  EndOfStyles();
-}
-
-void frmArrU::EndOfStyles() {
-  ShowWait(app(), 0);
-  TimerTxSty0.SetInterval(kTimerIdle);
-  TimerTxSty1.Stop();
-  app().style.StyInInstrument = NameForInstrument();
-  if (app().main != nullptr) app().main->LabelSty.SetCaption(ShownPath(NameForInstrument()));
   if (int row = List1.Row(); row >= 0) SelectArrangement(app(), row, kKindArr);
   if (TimerList1.interval() == kClickStySent) TimerList1.Start();
   ContinueSearch(kFindAfterSty);

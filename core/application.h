@@ -51,6 +51,7 @@ struct Application {
   std::array<ChildWindow*, 10> arr_windows{};
   std::array<ChildWindow*, 17> prg_windows{};
   std::array<ChildWindow*, 9> sty_windows{};
+  std::array<ChildWindow*, 9> new_sty_windows{};
 };
 
 }  // namespace zentaline

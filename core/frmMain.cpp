@@ -97,6 +97,11 @@ void frmMain::ConnectMenus() {
       RefreshMenus();
     };
   }
+  Menu(mnuNuovoSty).on_click = [this] { NewStyFile(app()); };
+  Menu(mnuStyA).on_click = [this] { OpenStyBank(app(), kKindStyA); };
+  Menu(mnuStyB).on_click = [this] { OpenStyBank(app(), kKindStyB); };
+  Menu(mnuMsgEx).on_click = [this] { ToggleMonitor(app()); };
+  Menu(mnuMIDI).on_click = [this] { ShowChannels(app()); };
   Menu(mnuWCascade).on_click = [this] { Cascade(); };
   Menu(mnuInfo).on_click = [this] { toolkit().OpenModal(std::make_unique<frmAbout>(app())); };
 }

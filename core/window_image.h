@@ -24,6 +24,7 @@ enum WindowKind : int {
   kKindDatabase = 12,
   kKindArrEditor = 13,
   kKindGlobal = 14,  // global parameters without a file
+  kKindMonitor = 16,
   kKindStyA = 17,
   kKindStyB = 18,
   kKindArr = 19,

@@ -28,6 +28,7 @@ struct FileKind {
   ChooseResult (*read)(Application& app, const std::string& path);
   // Shows what the buffer holds in window 1 to 9; `base` is the path without extension.
   void (*open)(Application& app, int number, const std::string& base, bool read_only);
+  int new_kind = 0;  // of the windows of new files, which have numbers of their own; 0 where there are none
 };
 
 std::span<const FileKind> FileKinds();

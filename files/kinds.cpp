@@ -8,6 +8,8 @@
 #include "core/window_image.h"
 #include "files/api.h"
 #include "files/dialogs.h"
+#include "style/api.h"
+#include "style/sty_format.h"
 
 namespace zentaline {
 
@@ -29,8 +31,33 @@ void OpenArr(Application& app, int number, const std::string& base, bool read_on
   OpenArrWindow(app, number, base, read_only);
 }
 
+WindowRecord& StySlot(Application& app, int number) {
+  return app.core.StyWindows[static_cast<std::size_t>(number)];
+}
+
+ChildWindow* StyWindow(const Application& app, int number) {
+  return app.sty_windows[static_cast<std::size_t>(number)];
+}
+
+ChooseResult ReadSty(Application& app, const std::string& path) {
+  switch (StyFileRead(app, path)) {
+    case kStyGood:
+      return kChosen;
+    case kStyAbsent:
+      return kChooseEmpty;
+    default:
+      return kChooseFailed;
+  }
+}
+
+void OpenSty(Application& app, int number, const std::string& base, bool read_only) {
+  OpenStyWindow(app, number, base, read_only);
+}
+
 constexpr std::array kKinds = {
     FileKind{kKindArr, 1, kFilterArr, MenuId::mnuApriArr, MenuId::mnuArrU, ArrSlot, ArrWindow, ReadArr, OpenArr},
+    FileKind{kKindSty, 2, kFilterSty, MenuId::mnuApriSty, MenuId::kCount, StySlot, StyWindow, ReadSty, OpenSty,
+             kKindNewSty},
 };
 
 }  // namespace

@@ -74,4 +74,11 @@ void SendAllNotesOff(Application& app, int channel);
 // An empty text clears it, any other adds a line of hexadecimal. Nothing happens while it is closed or MonitorOn clear.
 void MonitorLog(Application& app, std::string_view bytes);
 
+// --- The windows ---
+
+// mnuMsgEx: opens the monitor, or closes it.
+void ToggleMonitor(Application& app);
+// mnuMIDI: shows the window of the channels.
+void ShowChannels(Application& app);
+
 }  // namespace zentaline

@@ -8,6 +8,7 @@
 namespace zentaline {
 
 struct Application;
+class ChildWindow;
 
 // Reads the .sty at `path`, which has its extension, into StyleImage; a path that ends in i40Sty, into EmptyStyleImage.
 // 0 done, 1 a wrong header or the file system's error (both shown), 2 absent or empty.
@@ -20,5 +21,12 @@ bool SaveStyFile(Application& app, Bytes& image);
 bool StyFileDelete(Application& app, const Bytes& image);
 // Splits an i30 file, `path` with its extension, into three .sty beside it: 0 done, 1 and 2 as StyFileRead.
 int StyImportI30(Application& app, const std::string& path);
+
+// Shows StyleImage in window 1 to 8, whose slot is marked open already; `path` is without extension.
+ChildWindow& OpenStyWindow(Application& app, int number, const std::string& path, bool read_only);
+// The whole of mnuNuovoSty: a new file of four empty styles, which has no name yet.
+void NewStyFile(Application& app);
+// Shows the bank of kind 17 or 18, or brings its window to the front.
+void OpenStyBank(Application& app, int kind);
 
 }  // namespace zentaline

@@ -62,7 +62,9 @@ class TextBox : public Control {
   bool multi_line = false;
   bool read_only = false;
   std::size_t max_length = 0;  // in characters; 0 is without limit
-  bool bytes_only = false;     // takes only characters that Windows-1252 holds
+  bool right_aligned = false;
+  bool flat = false;        // without a frame of its own, filling its place in a column of others
+  bool bytes_only = false;  // takes only characters that Windows-1252 holds
   Handler on_change;
   // Replaces the whole text. Refused when read-only, too long, or with a character that can't be taken.
   bool UserType(const std::string& text);
@@ -78,6 +80,8 @@ class ListBox : public Control {
       : Control(form, ControlKind::kListBox, std::move(name), index) {}
   bool multi_select = false;
   int group_rows = 0;  // shown in groups of so many rows, 0 for none
+  // All rows share the height of the list in equal parts; other controls can stand beside them.
+  bool fills_height = false;
   Handler on_click;
   Handler on_double_click;
 

@@ -18,6 +18,7 @@ struct Layout {
   int columns = 0;               // of kGrid; the children fill it row by row
   int stretch = 0;               // how much it takes of the room that is left over; 0 keeps its size
   bool scrolls = false;          // what doesn't fit is scrolled to
+  bool tight = false;            // no room between the children, nor around the whole form
 };
 
 inline Layout Item(Control& control, int stretch = 0) {
@@ -60,6 +61,11 @@ inline Layout Inside(Control& container, Layout content, int stretch = 0) {
 inline Layout Pages(Control& tabs, std::vector<Layout> pages, int stretch = 1) {
   Layout layout = Group(Layout::Kind::kPages, std::move(pages), stretch);
   layout.control = &tabs;
+  return layout;
+}
+
+inline Layout Tight(Layout layout) {
+  layout.tight = true;
   return layout;
 }
 

@@ -44,6 +44,8 @@ class Toolkit {
   virtual Size ScreenSize() = 0;
   // In pixels.
   virtual int TextWidth(const Font& font, const std::string& text) = 0;
+  // From one line of text to the next. Without a screen a character is twice as high as it is wide.
+  virtual int LineHeight(const Font& font) { return 2 * TextWidth(font, "0"); }
   // The date in the system's short form.
   virtual std::string ShortDate() = 0;
 

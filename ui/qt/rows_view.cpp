@@ -18,6 +18,7 @@ constexpr int kLeastRows = 4;   // of a list in a small window
 constexpr int kWidestRow = 72;  // characters; a longer one is scrolled to
 constexpr int kRowsOfAPage = 10;
 constexpr int kRowRoom = 2;   // pixels between two rows
+constexpr int kRoomyRow = 6;  // the same where other controls stand beside the rows
 constexpr int kGroupGap = 7;  // pixels between two groups, with a line in their middle
 
 // A line that is seen on a light desktop and on a dark one, and louder on neither.
@@ -60,6 +61,10 @@ class RowsView::RowPainter : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
+    if (view_.box_ != nullptr && view_.box_->fills_height) {
+      size.setHeight(view_.PartOfHeight(index.row()));
+      return size;
+    }
     size.rheight() += kRowRoom;
     if (BeginsGroup(index)) size.rheight() += kGroupGap;
     return size;
@@ -86,7 +91,11 @@ class RowsView::RowPainter : public QStyledItemDelegate {
 RowsView::RowsView(ListBox& box, QWidget* parent) : QListView(parent), box_(&box), rows_(new Rows(*this)) {
   setModel(rows_);
   setItemDelegate(new RowPainter(*this));
-  setUniformItemSizes(box.group_rows == 0);
+  setUniformItemSizes(box.group_rows == 0 && !box.fills_height);
+  if (box.fills_height) {
+    setResizeMode(Adjust);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  }
   setEditTriggers(NoEditTriggers);
   setSelectionMode(box.multi_select ? ExtendedSelection : SingleSelection);
   setHorizontalScrollMode(ScrollPerPixel);
@@ -121,8 +130,20 @@ int RowsView::RowAt(const QPoint& place) const {
   return indexAt(place).row();
 }
 
+// From the top of the row to that of the next, so that all rows together are as high as the list.
+int RowsView::PartOfHeight(int row) const {
+  const int rows = std::max(model()->rowCount(), 1);
+  const int height = std::max(viewport()->height(), rows * LeastRowHeight());
+  return (row + 1) * height / rows - row * height / rows;
+}
+
+int RowsView::LeastRowHeight() const {
+  return fontMetrics().height() + kRoomyRow;
+}
+
 int RowsView::HeightOfRows(int rows) const {
   if (rows <= 0) return 0;
+  if (box_ != nullptr && box_->fills_height) return rows * LeastRowHeight();
   const int row = model()->rowCount() > 0 ? std::max(sizeHintForRow(0), 1) : fontMetrics().height() + kRowRoom;
   const int gaps = box_ != nullptr && box_->group_rows > 0 ? (rows - 1) / box_->group_rows : 0;
   return rows * row + gaps * kGroupGap;
@@ -137,7 +158,8 @@ QSize RowsView::sizeHint() const {
 }
 
 QSize RowsView::minimumSizeHint() const {
-  return {sizeHint().width(), HeightOfRows(kLeastRows) + 2 * frameWidth() + 2};
+  const bool all = box_ != nullptr && box_->fills_height;
+  return {sizeHint().width(), HeightOfRows(all ? model()->rowCount() : kLeastRows) + 2 * frameWidth() + 2};
 }
 
 void RowsView::SelectRange(int from, int to) {

@@ -41,6 +41,8 @@ class RowsView : public QListView {
   class RowPainter;
   int RowAt(const QPoint& place) const;
   int HeightOfRows(int rows) const;
+  int PartOfHeight(int row) const;
+  int LeastRowHeight() const;
   int TargetOf(const QKeyEvent& event) const;
   void SelectRange(int from, int to);
 

@@ -18,6 +18,14 @@ class LineView : public View {
       : View(box, gate, new QLineEdit(parent)), box_(box), widget_(static_cast<QLineEdit*>(View::widget())) {
     // Files that are dropped on it are meant for the main window.
     widget_->setAcceptDrops(false);
+    if (box.right_aligned) widget_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    if (box.flat) {
+      widget_->setFrame(false);
+      widget_->setFocusPolicy(Qt::ClickFocus);
+      // Its height is that of its place.
+      widget_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+      widget_->setMinimumHeight(widget_->fontMetrics().height());
+    }
     connect(widget_, &QLineEdit::textEdited, this, [this](const QString& text) {
       const int before = cursor_;
       User([this, text, before] {

@@ -101,6 +101,10 @@ int QtToolkit::TextWidth(const Font& font, const std::string& text) {
   return QFontMetrics(ToQt(font)).horizontalAdvance(ToQt(text));
 }
 
+int QtToolkit::LineHeight(const Font& font) {
+  return QFontMetrics(ToQt(font)).lineSpacing();
+}
+
 std::string QtToolkit::ShortDate() {
   return FromQt(QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
 }

@@ -38,6 +38,7 @@ class QtToolkit : public Toolkit {
   void ShowWait(const std::string& text) override;
   Size ScreenSize() override;
   int TextWidth(const Font& font, const std::string& text) override;
+  int LineHeight(const Font& font) override;
   std::string ShortDate() override;
   bool PrintText(int left, int top, const Font& font, const std::string& text) override;
   bool EndPrint() override;

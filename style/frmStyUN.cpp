@@ -1,0 +1,248 @@
+#include "style/frmStyUN.h"
+
+#include <utility>
+
+#include "arrangement/api.h"
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/main_window.h"
+#include "core/window_image.h"
+#include "files/api.h"
+#include "midi/api.h"
+#include "style/windows.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kTextClose = 8;
+constexpr int kTextUntitled = 81;
+constexpr int kTextNewStyle = 121;
+constexpr int kWaitLoadingSty = 2;
+
+// The states of TimerLoadStyGrp, which are its milliseconds too.
+constexpr int kGroupIdle = 10;
+constexpr int kGroupDue = 11;
+
+constexpr std::size_t kNumberLength = 2;                     // of a row; what is no longer than that shows no style
+constexpr int kRowsOfGroup = kStyGroupEntries + 1;           // with the blank one behind it
+constexpr int kInstrumentBank = static_cast<int>(kKindArr);  // the user's arrangements
+
+}  // namespace
+
+frmStyUN::frmStyUN(Application& app, int number, Bytes image)
+    : ChildWindow(app, "frmStyUN", (ByteAt(image, kKindPosition) == kKindNewSty ? "n" : "") + std::to_string(number)),
+      number_(number) {
+  window_image() = std::move(image);
+  CommLoadSty.SetCaption("Load &Styles");
+  for (int group = 0; group < kStyGroupCount; ++group) {
+    CommLoadStyGrp[group].SetCaption("Load Styles");
+    const int first = group * kStyGroupEntries;
+    LabelGroup[group].SetCaption(UserStyleNumber(first) + " - " + UserStyleNumber(first + kStyGroupEntries - 1));
+  }
+  CommClose.SetCaption(GetText(app, kTextClose));
+  Connect();
+  LayOut();
+}
+
+void frmStyUN::Connect() {
+  List1.on_click = [this] { ClickRow(); };
+  List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
+  List1.on_context = on_context = [this] { PopupEditMenu(); };
+  CommLoadSty.on_click = [this] { PressLoadSty(); };
+  TimerTxSty[0].on_timer = TimerTxSty[1].on_timer = [this] { CommLoadSty.Press(); };
+  for (int group = 0; group < kStyGroupCount; ++group) {
+    CommLoadStyGrp[group].on_click = [this, group] { PressLoadStyGrp(group); };
+    TimerLoadStyGrp[group].on_timer = [this, group] { CommLoadStyGrp[group].Press(); };
+  }
+  CommClose.on_click = [this] { Close(); };
+}
+
+// The rows and the boxes share one height in the same parts, so that each size stands beside its style, and each sum
+// beside its group.
+void frmStyUN::LayOut() {
+  List1.multi_select = true;
+  List1.fills_height = true;
+  List1.least_characters = {22, 0};
+  for (int entry = 0; entry < kStyEntryCount; ++entry) {
+    Text1[entry].read_only = Text1[entry].right_aligned = Text1[entry].flat = true;
+    Text1[entry].least_characters = {7, 1};
+  }
+  for (int group = 0; group < kStyGroupCount; ++group) {
+    Text2[group].read_only = Text2[group].right_aligned = true;
+    Text2[group].least_characters = {8, 1};
+  }
+  Text3.read_only = Text3.right_aligned = true;
+  Text3.least_characters = {8, 1};
+
+  std::vector<ui::Layout> groups;
+  for (int group = 0; group < kStyGroupCount; ++group) {
+    std::vector<ui::Layout> sizes;
+    for (int entry = group * kStyGroupEntries; entry < (group + 1) * kStyGroupEntries; ++entry) {
+      sizes.push_back(ui::Item(Text1[entry], 1));
+    }
+    ui::Layout sum =
+        ui::Column({ui::Space(), ui::Row({ui::Item(LabelGroup[group]), ui::Space(), ui::Item(Text2[group])}),
+                    ui::Item(CommLoadStyGrp[group]), ui::Space()});
+    groups.push_back(ui::Row({ui::Tight(ui::Column(std::move(sizes))), std::move(sum)}, kStyGroupEntries));
+    if (group + 1 < kStyGroupCount) groups.push_back(ui::Space());
+  }
+  ui::Layout table = ui::Row({ui::Item(List1, 1), ui::Tight(ui::Column(std::move(groups)))}, 1);
+  ui::Layout foot = ui::Row(
+      {ui::Item(CommLoadSty), ui::Space(), ui::Item(LabelTotal), ui::Item(Text3), ui::Space(), ui::Item(CommClose)});
+  layout = ui::Column({std::move(table), std::move(foot)});
+  layout.scrolls = true;
+}
+
+bool frmStyUN::IsNew() const {
+  return Kind() == kKindNewSty;
+}
+
+bool frmStyUN::NeverSaved() const {
+  return ByteAt(window_image(), kNeverSavedPosition) == 1;
+}
+
+ChildWindow*& frmStyUN::Slot() {
+  auto& slots = IsNew() ? app().new_sty_windows : app().sty_windows;
+  return slots[static_cast<std::size_t>(number_)];
+}
+
+// New files have slots of their own, which the configuration doesn't keep.
+WindowRecord* frmStyUN::Record() {
+  return IsNew() ? nullptr : &app().core.StyWindows[static_cast<std::size_t>(number_)];
+}
+
+// --- Opening ---
+
+void frmStyUN::Load() {
+  app().core.FormLoading = true;
+  Slot() = this;
+  ChildWindow::Load();
+  ShowName();
+  FillRows();
+  app().core.FormLoading = false;
+}
+
+void frmStyUN::FillRows() {
+  std::vector<std::string> rows;
+  for (int row = 0; row < kStyRowCount; ++row) rows.push_back(RowText(row));
+  List1.SetRows(std::move(rows));
+  for (int entry = 0; entry < kStyEntryCount; ++entry) {
+    Text1[entry].SetText(std::to_string(StyEntrySize(entry, styles())) + " ");
+  }
+  for (int group = 0; group < kStyGroupCount; ++group) {
+    const int sum = StyGroupSize(group * kStyGroupEntries, styles());
+    Text2[group].SetText(std::to_string(sum));
+    CommLoadStyGrp[group].SetEnabled(sum != 0);
+  }
+  Text3.SetText(std::to_string(styles().size()));
+}
+
+// Number and name; the number alone where there is no style, and a blank between two groups.
+std::string frmStyUN::RowText(int row) const {
+  const int entry = StyRowEntry(row);
+  if (entry < 0) return " ";
+  std::string text = UserStyleNumber(entry);
+  if (StyEntryPos(entry, styles()) == 0 || StyEntrySize(entry, styles()) == 0) return text;
+  return text + "  " + Utf8FromBytes(StyEntryName(entry, styles()));
+}
+
+void frmStyUN::ShowName() {
+  const std::string number = " (" + std::to_string(number_) + ")";
+  const std::string name = NeverSaved() ? GetText(app(), kTextUntitled) : ShownPath(BaseName());
+  const std::string what = IsNew() ? GetText(app(), kTextNewStyle) : "File Sty";
+  SetCaption(what + " - " + name + ".sty" + number + ReadOnlySuffix(app(), ReadOnly()));
+}
+
+// --- The list ---
+
+void frmStyUN::ClickRow() {
+  MainWindow* main = app().main;
+  const int row = List1.focus_row();
+  if (main == nullptr || row < 0) return;
+  main->RefreshMenus();
+  if (StyRowEntry(row) < 0) {
+    main->Menu(MenuId::mnuLoadSty).SetEnabled(false);
+  } else if (!IsNew()) {
+    main->Menu(MenuId::mnuLoadSty).SetEnabled(List1.RowText(row).size() > kNumberLength);
+  }
+  // The editor takes it when it is open and waits for a style; a new file's styles have no place to be named by.
+  if (Kind() == kKindSty) PickStyle(app(), window_image(), row, List1.RowText(row));
+}
+
+void frmStyUN::KeyInList(const ui::Key& key) {
+  if (key.name != ui::Key::kDelete || RefusesChanges()) return;
+  if (app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
+}
+
+// --- Sending ---
+
+void frmStyUN::PressLoadSty() {
+  if (PressLoadStyles(app(), timers(), window_image(), StyUsedGroups(window_image()), BaseName()) !=
+      StyleStep::kEnded) {
+    return;
+  }
+  int first = 0;
+  SelectArrangement(app(), first, kInstrumentBank);
+}
+
+// A second press isn't held off: it sends at once, and the timer that still runs begins anew.
+void frmStyUN::PressLoadStyGrp(int group) {
+  ui::Timer& timer = TimerLoadStyGrp[group];
+  if (timer.interval() == kGroupIdle) {
+    ShowWait(app(), kWaitLoadingSty);
+    timer.SetInterval(kGroupDue);
+    timer.Start();
+    return;
+  }
+  timer.SetInterval(kGroupIdle);
+  SendStyleDump(app(), group, window_image());
+  ShowWait(app(), 0);
+}
+
+bool frmStyUN::Sending() {
+  for (int group = 0; group < kStyGroupCount; ++group) {
+    if (TimerLoadStyGrp[group].interval() != kGroupIdle) return true;
+  }
+  return LoadingStyles(timers());
+}
+
+// --- The main window asks ---
+
+// The group of the row that has the focus.
+ui::Timer* frmStyUN::TimerOf(WindowFunction function) {
+  const int row = List1.focus_row();
+  if (function != WindowFunction::kLoadSty || row < 0) return nullptr;
+  return &TimerLoadStyGrp[row / kRowsOfGroup];
+}
+
+bool frmStyUN::Offers(WindowFunction function) {
+  const int row = List1.focus_row();
+  if (function != WindowFunction::kLoadSty || List1.Row() < 0 || StyRowEntry(row) < 0) return false;
+  if (!IsNew() && List1.RowText(row).size() <= kNumberLength) return false;
+  return CommLoadStyGrp[row / kRowsOfGroup].enabled();
+}
+
+bool frmStyUN::CanSave() const {
+  return NeverSaved() || ByteAt(window_image(), kStyChangedPosition) == 1;
+}
+
+// --- Closing ---
+
+bool frmStyUN::QueryClose() {
+  if (!CanSave()) return true;
+  return SaveBeforeClosing(app(), *this);
+}
+
+void frmStyUN::Unload() {
+  if (Sending()) ShowWait(app(), 0);
+  Slot() = nullptr;
+  ChildWindow::Unload();
+  if (app().core.Closing) return;
+  if (WindowRecord* record = Record()) record->state = 0;
+  if (!NeverSaved()) AddRecentFile(app(), std::string(WindowPath(window_image())) + ".sty", ReadOnly());
+  RefreshOpenEntries(app());
+  RefreshNewStyEntry(app());
+}
+
+}  // namespace zentaline
