@@ -28,15 +28,7 @@ ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path
 }
 
 void SlotTakeFile(Application& app, const std::string& path) {
-  ChildWindow* window = app.arr_windows[kInstrumentWindow];
-  // A window that would rather keep its changes stays as it is.
-  if (window != nullptr && !window->Close()) return;
-  app.core.ArrWindows[kInstrumentWindow].path = path;
-  if (window != nullptr) {
-    ui::Form* front = app.toolkit.active_child();
-    OpenInstrumentFile(app, kKindArr);
-    if (front != nullptr) app.toolkit.Activate(*front);
-  }
+  InstrumentTakes(app, kKindArr, path, false);
   if (app.main != nullptr) app.main->ShowArrUEntry();
 }
 

@@ -14,6 +14,7 @@
 #include "files/api.h"
 #include "files/paths.h"
 #include "midi/api.h"
+#include "program/api.h"
 #include "style/api.h"
 
 namespace zentaline {
@@ -102,6 +103,9 @@ void frmMain::ConnectMenus() {
   Menu(mnuStyB).on_click = [this] { OpenStyBank(app(), kKindStyB); };
   Menu(mnuMsgEx).on_click = [this] { ToggleMonitor(app()); };
   Menu(mnuMIDI).on_click = [this] { ShowChannels(app()); };
+  for (const ProgramBank& bank : ProgramBanks()) {
+    Menu(bank.entry).on_click = [this, kind = bank.kind] { ShowProgramBank(app(), kind); };
+  }
   Menu(mnuWCascade).on_click = [this] { Cascade(); };
   Menu(mnuInfo).on_click = [this] { toolkit().OpenModal(std::make_unique<frmAbout>(app())); };
 }

@@ -95,6 +95,7 @@ void frmMain::ChainEnded() {
   app().reopening_chain = false;
   RefreshOpenEntries(app());
   ShowArrUEntry();
+  ShowPrgUEntry();
   RefreshMenus();
   OpenWhenReady(std::exchange(files_to_open_, {}));
 }

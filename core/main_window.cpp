@@ -107,9 +107,11 @@ void MainWindow::ShowArrUEntry() {
 
 void MainWindow::ShowPrgUEntry() {
   const WindowRecord& record = app_.core.PrgWindows[kInstrumentWindow];
-  if (record.path.empty()) return;
-  Menu(mnuPrgU).SetCaption("Program F/User (" + ShownPath(FileBaseName(record.path)) +
-                           (record.pgg == 1 ? ".pgg)" : ".prg)"));
+  if (!record.path.empty()) {
+    Menu(mnuPrgU).SetCaption("Program F/User (" + ShownPath(FileBaseName(record.path)) +
+                             (record.pgg == 1 ? ".pgg)" : ".prg)"));
+  }
+  Menu(mnuPrgU).SetEnabled(!record.path.empty() && app_.prg_windows[kInstrumentWindow] == nullptr);
 }
 
 }  // namespace zentaline

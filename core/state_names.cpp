@@ -64,6 +64,7 @@ constexpr NumberRow kNumbers[] = {
     {"ArrEditPos", [](const Application& app) -> long { return app.arrangement.ArrEditPos; }},
     {"EditorFilling", [](const Application& app) -> long { return app.arrangement.EditorFilling; }},
     {"EditorCloseRefused", [](const Application& app) -> long { return app.arrangement.EditorCloseRefused; }},
+    {"UserProgram", [](const Application& app) -> long { return app.program.UserProgram; }},
     {"DBWindowOpen", [](const Application& app) -> long { return app.arrangement.DBWindowOpen; }},
     {"SilentStart", [](const Application& app) -> long { return app.arrangement.SilentStart; }},
     {"ArrFileId", [](const Application& app) -> long { return app.arrangement.ArrFileId; }},
@@ -99,6 +100,7 @@ constexpr TextRow kImages[] = {
     {"StyleImage", [](const Application& app) -> const Bytes& { return app.style.StyleImage; }},
     {"EmptyStyleImage", [](const Application& app) -> const Bytes& { return app.style.EmptyStyleImage; }},
     {"ProgramFileBuffer", [](const Application& app) -> const Bytes& { return app.program.ProgramFileBuffer; }},
+    {"EditRecord", [](const Application& app) -> const Bytes& { return app.program.EditRecord; }},
     {"SysExBuffer", [](const Application& app) -> const Bytes& { return app.midi.SysExBuffer; }},
 };
 // clang-format on

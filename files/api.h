@@ -15,12 +15,14 @@ class ChildWindow;
 
 enum ChooseResult : int { kChosen = 0, kChooseFailed = 1, kChooseOpenAlready = 2, kChooseEmpty = 3 };
 
+inline constexpr int kNoType = -1;
+
 // A kind of file that has windows: where its slots are, how it is read, and how its window opens.
 struct FileKind {
-  int kind;           // a WindowKind
-  int type;           // of the recent files, 1 to 6; programs have two, of which this is the first
-  int filter;         // of the open dialog
-  MenuId open_entry;  // mnuApriArr and the like
+  int kind;    // a WindowKind
+  int type;    // of the recent files, 1 to 6; programs have two, of which this is the first; kNoType for new files
+  int filter;  // of the open dialog
+  MenuId open_entry;  // mnuApriArr and the like, mnuNuovoPrg for new files
   MenuId user_entry;  // the entry of the instrument's own window; kCount where there is none
   WindowRecord& (*slot)(Application& app, int number);
   ChildWindow* (*window)(const Application& app, int number);
@@ -50,6 +52,11 @@ bool CanOpenRecent(const Application& app, int i);
 void ShowFile(Application& app, int kind, const std::string& path, bool read_only);
 // The window of what stands in the instrument, with the file of its entry, number 9.
 void OpenInstrumentFile(Application& app, int kind);
+// A file stands in the instrument now: slot 9 of its kind takes its path, and window 9, when it is open, shows it. The
+// window in front stays in front.
+void InstrumentTakes(Application& app, int kind, const std::string& path, bool pgg);
+// Brings the window of the program file of this base name to the front, or opens the one of both formats that is there.
+void ShowProgramFile(Application& app, const std::string& base, bool read_only);
 // Brings the window of an entry back; the entry moves to a lower slot that is free, the instrument's own never does. A
 // file that has gone leaves no window and no message.
 void ReopenWindow(Application& app, int kind, int entry);

@@ -200,6 +200,11 @@ void ShowNameNotValid(Application& app, const std::string& path) {
 }
 
 ChooseResult OpenChooser(Application& app, int kind) {
+  if (kind == kKindNewPrg) {
+    // Nothing is asked: a new bank begins as the template.
+    app.files.ChosenPath = app.core.InternalPrg;
+    return FileKindOf(kind)->read(app, app.core.InternalPrg);
+  }
   ui::FileDialogRequest request;
   request.title = std::string(kDialogTitle) + "- " + GetText(app, kTextOpenFile);
   request.filters = ParseFilters(kOpenFilters);

@@ -13,6 +13,7 @@ namespace zentaline {
 inline constexpr std::string_view kDialogTitle = "Zentaline - Zentaline Console v 4.0 ";
 
 // Filters of the open dialog, which count from 1.
+inline constexpr int kNoFilter = 0;
 enum OpenFilter : int { kFilterArr = 1, kFilterSty, kFilterPrg, kFilterGbl, kFilterBsq, kFilterPcg, kFilterAll };
 
 // "text|patterns|" again and again.

@@ -8,6 +8,8 @@
 #include "core/window_image.h"
 #include "files/api.h"
 #include "files/dialogs.h"
+#include "program/api.h"
+#include "program/prg_format.h"
 #include "style/api.h"
 #include "style/sty_format.h"
 
@@ -54,8 +56,38 @@ void OpenSty(Application& app, int number, const std::string& base, bool read_on
   OpenStyWindow(app, number, base, read_only);
 }
 
+WindowRecord& PrgSlot(Application& app, int number) {
+  return app.core.PrgWindows[static_cast<std::size_t>(number)];
+}
+
+ChildWindow* PrgWindow(const Application& app, int number) {
+  return app.prg_windows[static_cast<std::size_t>(number)];
+}
+
+ChooseResult ReadPrg(Application& app, const std::string& path) {
+  return ReaderResult(ReadProgramFile(app, path));
+}
+
+void OpenPrg(Application& app, int number, const std::string& base, bool read_only) {
+  OpenPrgWindow(app, number, base, read_only);
+}
+
+// The template with its programs cleared.
+ChooseResult ReadNewPrg(Application& app, const std::string& path) {
+  const ChooseResult result = ReadPrg(app, path);
+  if (result == kChosen) ClearNewProgramBank(app.program.ProgramFileBuffer);
+  return result;
+}
+
+void OpenNewPrg(Application& app, int number, const std::string&, bool) {
+  OpenNewPrgWindow(app, number);
+}
+
 constexpr std::array kKinds = {
     FileKind{kKindArr, 1, kFilterArr, MenuId::mnuApriArr, MenuId::mnuArrU, ArrSlot, ArrWindow, ReadArr, OpenArr},
+    FileKind{kKindPrg, 3, kFilterPrg, MenuId::mnuApriPrg, MenuId::mnuPrgU, PrgSlot, PrgWindow, ReadPrg, OpenPrg},
+    FileKind{kKindNewPrg, kNoType, kNoFilter, MenuId::mnuNuovoPrg, MenuId::kCount, PrgSlot, PrgWindow, ReadNewPrg,
+             OpenNewPrg},
     FileKind{kKindSty, 2, kFilterSty, MenuId::mnuApriSty, MenuId::kCount, StySlot, StyWindow, ReadSty, OpenSty,
              kKindNewSty},
 };

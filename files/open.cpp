@@ -8,6 +8,8 @@
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
+#include "program/api.h"
+#include "program/prg_format.h"
 
 namespace zentaline {
 
@@ -25,6 +27,28 @@ void ShowNamed(Application& app, int code, const std::string& path) {
 const FileKind* KindOfType(int type) {
   for (const FileKind& row : FileKinds()) {
     if (row.type == (type == kTypePgg ? kTypePrg : type)) return &row;
+  }
+  return nullptr;
+}
+
+// The path with the extension of its type. Only programs may be found under the other extension, since a bank changes
+// its own with what it holds.
+std::string FoundPath(Application& app, const std::string& base, int type) {
+  const std::string path = base + "." + std::string(ExtensionOf(type));
+  if ((type != kTypePrg && type != kTypePgg) || app.disk.Exists(path)) return path;
+  const std::string other = base + "." + std::string(ExtensionOf(kTypePrg + kTypePgg - type));
+  return app.disk.Exists(other) ? other : path;
+}
+
+std::string FoundPath(Application& app, const FileKind& kind, const WindowRecord& slot) {
+  return FoundPath(app, slot.path, slot.pgg == 1 ? kTypePgg : kind.type);
+}
+
+// The open window 1 to 8 of the file, null when there is none.
+ChildWindow* WindowOf(Application& app, const FileKind& kind, const std::string& base) {
+  for (int number = 1; number <= kFileWindows; ++number) {
+    ChildWindow* window = kind.window(app, number);
+    if (window != nullptr && kind.slot(app, number).path == base) return window;
   }
   return nullptr;
 }
@@ -79,13 +103,7 @@ void OpenRecentFile(Application& app, int i) {
   const RecentFile recent = app.core.RecentFiles[static_cast<std::size_t>(i)];
   const FileKind* kind = KindOfType(recent.type);
   if (kind == nullptr) return;
-  std::string path = recent.path + "." + std::string(ExtensionOf(recent.type));
-  // Only programs may be found under the other extension, since a bank changes its own with what it holds.
-  if (kind->type == kTypePrg && !app.disk.Exists(path)) {
-    const std::string other = recent.path + "." + std::string(ExtensionOf(kTypePrg + kTypePgg - recent.type));
-    if (app.disk.Exists(other)) path = other;
-  }
-  OpenKnown(app, *kind, path, recent.read_only);
+  OpenKnown(app, *kind, FoundPath(app, recent.path, recent.type), recent.read_only);
 }
 
 bool CanOpenRecent(const Application& app, int i) {
@@ -95,18 +113,27 @@ bool CanOpenRecent(const Application& app, int i) {
 void ShowFile(Application& app, int kind, const std::string& path, bool read_only) {
   const FileKind* row = FileKindOf(kind);
   if (row == nullptr) return;
-  const std::string base = WithoutExtension(path);
-  for (int number = 1; number <= kFileWindows; ++number) {
-    ChildWindow* window = row->window(app, number);
-    if (window != nullptr && row->slot(app, number).path == base) return app.toolkit.Activate(*window);
-  }
+  if (ChildWindow* window = WindowOf(app, *row, WithoutExtension(path))) return app.toolkit.Activate(*window);
   OpenKnown(app, *row, path, read_only);
+}
+
+void ShowProgramFile(Application& app, const std::string& base, bool read_only) {
+  const FileKind& kind = *FileKindOf(kKindPrg);
+  if (ChildWindow* window = WindowOf(app, kind, base)) return app.toolkit.Activate(*window);
+  const int number = FreeWindow(app, kKindPrg);
+  if (number == 0) return;
+  const int result = ReadProgramByName(app, base);
+  const std::string path = base + "." + app.program.ProgramExtension;
+  if (result == kPrgAbsent) return ShowNamed(app, kMessageFileNotFound, path);
+  if (result != kPrgGood && result != kPggGood) return;
+  RememberPlace(app, kind.filter, path);
+  ShowChosen(app, kind, number, path, read_only);
 }
 
 void OpenInstrumentFile(Application& app, int kind) {
   const FileKind* row = FileKindOf(kind);
   WindowRecord& slot = row->slot(app, kInstrumentWindow);
-  const std::string path = slot.path + "." + std::string(ExtensionOf(slot.pgg == 1 ? kTypePgg : row->type));
+  const std::string path = FoundPath(app, *row, slot);
   switch (row->read(app, path)) {
     case kChosen:
       slot.state = 1;
@@ -116,6 +143,20 @@ void OpenInstrumentFile(Application& app, int kind) {
     default:
       return;
   }
+}
+
+void InstrumentTakes(Application& app, int kind, const std::string& path, bool pgg) {
+  const FileKind* row = FileKindOf(kind);
+  ChildWindow* window = row->window(app, kInstrumentWindow);
+  // A window that would rather keep its changes stays as it is.
+  if (window != nullptr && !window->Close()) return;
+  WindowRecord& slot = row->slot(app, kInstrumentWindow);
+  slot.path = path;
+  slot.pgg = pgg ? 1 : 0;
+  if (window == nullptr) return;
+  ui::Form* front = app.toolkit.active_child();
+  OpenInstrumentFile(app, kind);
+  if (front != nullptr) app.toolkit.Activate(*front);
 }
 
 void ReopenWindow(Application& app, int kind, int entry) {
@@ -129,9 +170,11 @@ void ReopenWindow(Application& app, int kind, int entry) {
     number = FreeWindow(app, kind);
     row->slot(app, number) = record;
   }
-  const std::string path = record.path + "." + std::string(ExtensionOf(record.pgg == 1 ? kTypePgg : row->type));
+  const std::string path = FoundPath(app, *row, record);
   if (app.disk.Exists(path) && row->read(app, path) == kChosen) {
-    row->open(app, number, record.path, record.second == 1);
+    // What programs keep there is their kind of window; they come back as files open now.
+    const bool read_only = kind == kKindPrg ? app.core.settings.RdOnly : record.second == 1;
+    row->open(app, number, record.path, read_only);
   } else {
     row->slot(app, number) = {};
   }

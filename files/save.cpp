@@ -83,11 +83,11 @@ ui::FileDialogRequest SaveRequest(const Application& app, const Bytes& image) {
   request.filter = OwnType(image);
   request.default_extension = ExtensionOf(request.filter);
   const std::string ending = "." + request.default_extension;
-  const int kind = ByteAt(image, kKindPosition);
-  switch (ContentOf(kind)) {
+  const bool is_new = ByteAt(image, kNeverSavedPosition) == 1;
+  switch (ContentOf(ByteAt(image, kKindPosition))) {
     case Content::kPrograms:
-      request.directory = kind == kKindNewPrg ? app.files.LastPrgDirectory : FileDirectory(WindowPath(image));
-      request.name = std::string(kind == kKindNewPrg ? kUntitled : WindowBaseName(image)) + ending;
+      request.directory = is_new ? app.files.LastPrgDirectory : FileDirectory(WindowPath(image));
+      request.name = std::string(is_new ? kUntitled : WindowBaseName(image)) + ending;
       break;
     case Content::kStyles:
       request.directory = app.files.LastArrDirectory;

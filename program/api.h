@@ -1,13 +1,16 @@
 // Program files, as the rest of the program uses them.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "core/bytes.h"
+#include "core/menus.h"
 
 namespace zentaline {
 
 struct Application;
+class ChildWindow;
 
 // Both read into ProgramFileBuffer. 0 good, 1 the file system's error was shown, 2 a wrong file (shown), 3 absent.
 // The first takes a path with its extension, and either signature.
@@ -24,7 +27,31 @@ std::string PrgLabel(int number, int bank_code);
 
 // The image of the open program window 1 to 8 that shows `path` (without extension), null when none does.
 const Bytes* FindOpenProgram(const Application& app, const std::string& path);
-// The file stands in the instrument now: program slot 9 takes its path.
+// The file stands in the instrument now: program slot 9 takes its path, and window 9, when it is open, shows it.
 void SlotTakePrg(Application& app, const std::string& path, bool pgg);
+
+// --- The windows ---
+
+// Shows the bank in ProgramFileBuffer in window 1 to 9, whose slot is marked open already.
+ChildWindow& OpenPrgWindow(Application& app, int number, const std::string& path, bool read_only);
+// The same as a new bank without a file; the buffer holds the template with its programs cleared.
+ChildWindow& OpenNewPrgWindow(Application& app, int number);
+
+// Brings window 9 to the front with the programs of the file of this path, opening it when it isn't open.
+void ShowUserPrograms(Application& app, const std::string& path, bool pgg);
+
+// Copies record 0 to 63 of a window's image to EditRecord.
+void LoadEditRecord(Application& app, const Bytes& image, int index);
+
+// The banks that the instrument holds for good, and the menu entries that show them: kinds 4 to 10.
+struct ProgramBank {
+  int kind;
+  MenuId entry;
+};
+std::span<const ProgramBank> ProgramBanks();
+MenuId ProgramBankEntry(int kind);
+// Brings the bank's window to the front, opening it when it isn't open, and puts its list on a row, which nobody hears;
+// -1 leaves the list alone.
+void ShowProgramBank(Application& app, int kind, int row = -1);
 
 }  // namespace zentaline

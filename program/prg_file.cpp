@@ -3,7 +3,6 @@
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/file_reading.h"
-#include "core/main_window.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/names.h"
@@ -91,13 +90,6 @@ const Bytes* FindOpenProgram(const Application& app, const std::string& path) {
     if (window != nullptr && app.core.PrgWindows[slot].path == path) return &window->window_image();
   }
   return nullptr;
-}
-
-void SlotTakePrg(Application& app, const std::string& path, bool pgg) {
-  WindowRecord& slot = app.core.PrgWindows[kInstrumentWindow];
-  slot.path = path;
-  slot.pgg = pgg ? 1 : 0;
-  if (app.main != nullptr) app.main->ShowPrgUEntry();
 }
 
 }  // namespace zentaline

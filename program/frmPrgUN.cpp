@@ -1,0 +1,261 @@
+#include "program/frmPrgUN.h"
+
+#include <utility>
+#include <vector>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/main_window.h"
+#include "core/panel_numbers.h"
+#include "core/window_image.h"
+#include "files/api.h"
+#include "midi/api.h"
+#include "program/api.h"
+#include "program/prg_format.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr int kTextNewFileProgram = 88;
+constexpr int kWaitLoadingPrg = 4;
+constexpr std::string_view kUntitled = "Untitled";
+
+// The states that TimerList1 and TimerLoadPrg carry in their intervals, which are milliseconds too.
+constexpr int kTimerIdle = 10;
+constexpr int kTimerDue = 9;
+
+// Of a row's text; what is no longer than that has no name.
+constexpr std::size_t kLabelLength = 2;
+
+}  // namespace
+
+frmPrgUN::frmPrgUN(Application& app, int number, Bytes image)
+    : ProgramListWindow(app, "frmPrgUN", std::to_string(number), std::move(image)), number_(number) {
+  CommLoad.SetCaption("&Load Prog");
+  CommProgram.SetCaption("P&ROGRAM");
+  CommEdit.SetCaption("&Edit");
+  List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
+  CommLoad.on_click = [this] { PressLoad(); };
+  CommProgram.on_click = [this] { SendModeProgram(this->app()); };
+  TimerList1.on_timer = [this] { List1.Click(); };
+  TimerLoadPrg.on_timer = [this] { CommLoad.Press(); };
+  TimerEdit.on_timer = [this] { CommEdit.Press(); };
+  LayOut();
+}
+
+void frmPrgUN::LayOut() {
+  layout = ui::Row(
+      {ui::Item(List1, 1), ui::Column({ui::Row({ui::Item(Label1), ui::Item(Combo1, 1)}),
+                                       ui::Inside(Frame1[0], ui::Column({ui::Item(CommLoad), ui::Item(CommProgram)})),
+                                       ui::Inside(Frame1[1], ui::Column({ui::Item(CommEdit)})), ui::Space(),
+                                       ui::Row({ui::Space(), ui::Item(CommClose)})})});
+}
+
+WindowRecord* frmPrgUN::Record() {
+  return &app().core.PrgWindows[static_cast<std::size_t>(number_)];
+}
+
+bool frmPrgUN::NeverSaved() const {
+  return ByteAt(window_image(), kNeverSavedPosition) == 1;
+}
+
+std::string frmPrgUN::NameForInstrument() const {
+  return CutText(BaseName(), kInstrumentNameLength);
+}
+
+// --- Opening ---
+
+void frmPrgUN::Load() {
+  const bool loading = std::exchange(app().core.FormLoading, true);
+  app().prg_windows[static_cast<std::size_t>(number_)] = this;
+  ChildWindow::Load();
+  CommLoad.SetEnabled(false);
+  // It opens the program editor, which isn't there yet.
+  CommEdit.SetEnabled(false);
+  FillRows();
+  ShowChannel();
+  ShowName();
+  if (number_ == kInstrumentWindow) {
+    ShowRow(app().program.UserProgram);
+    if (app().main != nullptr) app().main->ShowPrgUEntry();
+  }
+  app().core.FormLoading = loading;
+}
+
+void frmPrgUN::FillRows() {
+  std::vector<std::string> rows;
+  rows.reserve(kPrgRecordCount);
+  for (int row = 0; row < kPrgRecordCount; ++row) rows.push_back(NeverSaved() ? PanelNumberText(row) : RowText(row));
+  List1.SetRows(std::move(rows));
+}
+
+// Number, mark, name. A name ends at its first zero byte.
+std::string frmPrgUN::RowText(int row) const {
+  const Bytes name = ProgramPlaceName(window_image(), row);
+  return PanelNumberText(row) + (IsProgramLink(window_image(), row) ? " *" : "  ") +
+         Utf8FromBytes(Padded(name.substr(0, name.find('\0')), name.size()));
+}
+
+// The file's format and its own button follow what the image has become.
+void frmPrgUN::ShowName() {
+  const std::string_view extension = ProgramExtension(window_image());
+  const std::string file = ShownPath(BaseName()) + "." + std::string(extension);
+  const std::string number = " (" + std::to_string(number_) + ")";
+  std::string caption;
+  if (number_ == kInstrumentWindow) {
+    caption = "Prg F/User - " + file;
+  } else if (Kind() == kKindNewPrg) {
+    const std::string name = NeverSaved() ? std::string(kUntitled) : ShownPath(BaseName());
+    caption = GetText(app(), kTextNewFileProgram) + " - " + name + number;
+  } else {
+    caption = "File Prg - " + file + number;
+  }
+  SetCaption(caption + ChannelSuffix() + ReadOnlySuffix(app(), ReadOnly()));
+  Record()->pgg = extension == "pgg" ? 1 : 0;
+  if (!NeverSaved()) CommLoad.SetEnabled(true);
+}
+
+// --- The list ---
+
+bool frmPrgUN::IsEmptyRow(int row) const {
+  return TrimRight(List1.RowText(row)).size() == kLabelLength;
+}
+
+void frmPrgUN::ClickRow() {
+  const int row = ClickedRow();
+  if (row < 0 || IsEmptyRow(row)) return;
+  if (app().main != nullptr) app().main->RefreshMenus();
+  const int state = TimerList1.interval();
+  TimerList1.SetInterval(kTimerIdle);
+  if (state == kTimerIdle && app().core.settings.AutoPrgSel && NameForInstrument() != app().program.PrgInInstrument) {
+    TimerList1.SetInterval(kTimerDue);
+    return CommLoad.Press();  // the end of the send comes back here
+  }
+  if (!IsProgramLink(window_image(), row)) LoadEditRecord(app(), window_image(), row);
+  if (app().arrangement.ArrPartArmed) {
+    AssignRow(row);
+  } else if (app().midi.OutputOpen) {
+    HearRow(row);
+  }
+}
+
+void frmPrgUN::KeyInList(const ui::Key& key) {
+  const int row = List1.Row();
+  switch (key.name) {
+    case ui::Key::kDelete:
+      if (!RefusesChanges() && app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
+      return;
+    case ui::Key::kEnter:
+      List1.Click();
+      if (CommEdit.enabled()) TimerEdit.Start();
+      return;
+    case ui::Key::kSpace:
+      if (row >= 0 && IsProgramLink(window_image(), row)) ShowLinked(row);
+      return;
+    case ui::Key::kCharacter:
+      if (number_ == kInstrumentWindow && row >= 0 && LowerCase(key.character) == "p") app().program.UserProgram = row;
+      return;
+    default:
+      return;
+  }
+}
+
+// The bank that the link points into, on its row. A link that points nowhere shows nothing.
+void frmPrgUN::ShowLinked(int row) {
+  const std::size_t record = ProgramPosition(row) - 1;
+  const ProgramPlace place = ProgramPlaceOf(ByteAt(window_image(), record + program_link::kBankCode),
+                                            ByteAt(window_image(), record + program_link::kNumber));
+  if (place.letter == "Dr") return ShowProgramBank(app(), kKindDrum, place.index);
+  if (place.letter.empty() || place.letter == "U") return;
+  ShowProgramBank(app(), kKindPrgA + place.letter[0] - 'A', place.index);
+}
+
+// --- The buttons ---
+
+void frmPrgUN::PressLoad() {
+  if (TimerLoadPrg.interval() == kTimerIdle) {
+    ShowWait(app(), kWaitLoadingPrg);
+    mode_before_ = app().midi.CurrentMode;
+    if (mode_before_ != kModeArrPlay) SendModeArrPlay(app());
+    TimerLoadPrg.SetInterval(kTimerDue);
+    return TimerLoadPrg.Start();
+  }
+  TimerLoadPrg.Stop();
+  TimerLoadPrg.SetInterval(kTimerIdle);
+  app().midi.MonitorOn = true;
+  SendPrgBankDump(app(), window_image());
+  const std::string extension(ProgramExtension(window_image()));
+  app().program.PrgInInstrument = NameForInstrument();
+  app().program.PrgInInstrumentExtension = extension;
+  if (app().main != nullptr) app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + "." + extension);
+  if (number_ != kInstrumentWindow) SlotTakePrg(app(), std::string(WindowPath(window_image())), extension == "pgg");
+  app().midi.MonitorOn = false;
+  if (mode_before_ != kModeArrPlay) SendMode(app(), mode_before_);
+  ShowWait(app(), 0);
+  if (TimerList1.interval() == kTimerDue) TimerList1.Start();
+}
+
+// A new bank is heard on the channel in its control bytes, and keeps it in its file's header as every bank does.
+void frmPrgUN::KeepChannel(int channel) {
+  PutByte(window_image(), kPrgImageChannelPosition, channel);
+  if (Kind() == kKindNewPrg) PutByte(window_image(), kBankChannelPosition, channel);
+  app().midi.ProgramEditing = false;
+  channel_chosen_ = true;
+  if (app().main != nullptr) app().main->RefreshMenus();
+}
+
+// --- The main window asks ---
+
+ui::Button* frmPrgUN::ButtonOf(WindowFunction function) {
+  switch (function) {
+    case WindowFunction::kLoadPrg:
+      return &CommLoad;
+    case WindowFunction::kEdit:
+      return &CommEdit;
+    default:
+      return nullptr;
+  }
+}
+
+ui::Timer* frmPrgUN::TimerOf(WindowFunction function) {
+  switch (function) {
+    case WindowFunction::kLoadPrg:
+      return &TimerLoadPrg;
+    case WindowFunction::kEdit:
+      return &TimerEdit;
+    default:
+      return nullptr;
+  }
+}
+
+// A channel that was chosen can be saved, though nobody is asked about it.
+bool frmPrgUN::CanSave() const {
+  return ByteAt(window_image(), kPrgChangedPosition) != 0 || NeverSaved() || channel_chosen_;
+}
+
+// --- Closing ---
+
+// What was never saved can't come back at the next start.
+void frmPrgUN::Resized() {
+  ChildWindow::Resized();
+  if (app().core.Closing && NeverSaved()) Record()->state = 0;
+}
+
+bool frmPrgUN::QueryClose() {
+  if (ByteAt(window_image(), kPrgChangedPosition) == 0) return true;
+  if (!SaveBeforeClosing(app(), *this)) return false;
+  PutByte(window_image(), kPrgChangedPosition, 0);
+  return true;
+}
+
+void frmPrgUN::Unload() {
+  app().prg_windows[static_cast<std::size_t>(number_)] = nullptr;
+  ChildWindow::Unload();
+  // The instrument's own window keeps its mark, and so its file.
+  if (number_ != kInstrumentWindow && !app().core.Closing) Record()->state = 0;
+  RefreshOpenEntries(app());
+  if (app().main != nullptr) app().main->ShowPrgUEntry();
+}
+
+}  // namespace zentaline

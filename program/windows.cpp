@@ -1,0 +1,110 @@
+// How the program windows open, and what stands in the instrument.
+#include <memory>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/main_window.h"
+#include "core/window_image.h"
+#include "files/api.h"
+#include "program/api.h"
+#include "program/frmDrum.h"
+#include "program/frmPcgAE.h"
+#include "program/frmPrgUN.h"
+#include "program/prg_format.h"
+
+namespace zentaline {
+
+namespace {
+
+using enum MenuId;
+
+constexpr int kTextUntitled = 81;
+constexpr std::size_t kBlankStart = 10;  // of each record of a new bank
+
+constexpr ProgramBank kBanks[] = {
+    {kKindPrgA, mnuWProgA}, {kKindPrgB, mnuWProgB}, {kKindPrgC, mnuWProgC},     {kKindPrgD, mnuWProgD},
+    {kKindPrgE, mnuWProgE}, {kKindDrum, mnuDrum},   {kKindPercussion, mnuPerc},
+};
+
+ChildWindow& ShowBank(Application& app, int number, Bytes image) {
+  return static_cast<ChildWindow&>(app.toolkit.Open(std::make_unique<frmPrgUN>(app, number, std::move(image))));
+}
+
+std::unique_ptr<ProgramListWindow> MakeBankWindow(Application& app, int kind) {
+  if (kind >= kKindDrum) return std::make_unique<frmDrum>(app, kind);
+  return std::make_unique<frmPcgAE>(app, kind);
+}
+
+}  // namespace
+
+ChildWindow& OpenPrgWindow(Application& app, int number, const std::string& path, bool read_only) {
+  WindowRecord& record = app.core.PrgWindows[static_cast<std::size_t>(number)];
+  record.path = path;
+  record.second = kKindPrg;
+  Bytes image = BuildPrgWindowImage(app.program.ProgramFileBuffer);
+  PutByte(image, kKindPosition, kKindPrg);
+  PutByte(image, kReadOnlyPosition, read_only ? 1 : 0);
+  PutByte(image, kWindowNumberPosition, number);
+  PutByte(image, kSlotStatePosition, record.state);
+  PutWindowPath(image, path);
+  return ShowBank(app, number, std::move(image));
+}
+
+ChildWindow& OpenNewPrgWindow(Application& app, int number) {
+  WindowRecord& record = app.core.PrgWindows[static_cast<std::size_t>(number)];
+  record.path.clear();
+  record.second = kKindNewPrg;
+  Bytes image = BuildPrgWindowImage(app.program.ProgramFileBuffer);
+  PutByte(image, kKindPosition, kKindNewPrg);
+  PutByte(image, kWindowNumberPosition, number);
+  PutByte(image, kSlotStatePosition, record.state);
+  PutByte(image, kNeverSavedPosition, 1);
+  PutByte(image, kPrgImageChannelPosition, 0);
+  PutWindowPath(image, GetText(app, kTextUntitled));
+  for (int n = 0; n < kPrgRecordCount; ++n) PutBytes(image, ProgramPosition(n), Bytes(kBlankStart, ' '));
+  return ShowBank(app, number, std::move(image));
+}
+
+void ShowUserPrograms(Application& app, const std::string& path, bool pgg) {
+  const ChildWindow* const& window = app.prg_windows[kInstrumentWindow];
+  const WindowRecord& slot = app.core.PrgWindows[kInstrumentWindow];
+  if (window == nullptr || slot.path != path) {
+    SlotTakePrg(app, path, pgg);
+    if (window == nullptr) OpenInstrumentFile(app, kKindPrg);
+  }
+  if (ChildWindow* shown = app.prg_windows[kInstrumentWindow]) app.toolkit.Activate(*shown);
+}
+
+void LoadEditRecord(Application& app, const Bytes& image, int index) {
+  app.program.EditRecord = MakeEditRecord(image, index);
+}
+
+std::span<const ProgramBank> ProgramBanks() {
+  return kBanks;
+}
+
+MenuId ProgramBankEntry(int kind) {
+  for (const ProgramBank& bank : kBanks) {
+    if (bank.kind == kind) return bank.entry;
+  }
+  return kCount;
+}
+
+void ShowProgramBank(Application& app, int kind, int row) {
+  const std::string name = (kind >= kKindDrum ? "frmDrum(" : "frmPcgAE(") + std::to_string(kind) + ")";
+  ui::Form* window = app.toolkit.FindForm(name);
+  if (window != nullptr) {
+    app.toolkit.Activate(*window);
+  } else {
+    window = &app.toolkit.Open(MakeBankWindow(app, kind));
+  }
+  auto& list = static_cast<ProgramListWindow&>(*window);
+  if (row >= 0 && row < list.List1.rows()) list.ShowRow(row);
+}
+
+void SlotTakePrg(Application& app, const std::string& path, bool pgg) {
+  InstrumentTakes(app, kKindPrg, path, pgg);
+  if (app.main != nullptr) app.main->ShowPrgUEntry();
+}
+
+}  // namespace zentaline
