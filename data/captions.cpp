@@ -64,6 +64,9 @@ constexpr Row kCaptions[] = {
     {"frmArrU", "Frame1(2)", "Modifica e numera", "Edit and number"},
     {"frmArrU", "Frame1(3)", "Modo", "Mode"},
 
+    {"frmPrgUN", "Frame1(0)", "Allo strumento", "To the instrument"},
+    {"frmPrgUN", "Frame1(1)", "Modifica", "Edit"},
+
     {"frmEditArr", "SSTab1(1)", "Parti", "Parts"},
     {"frmEditArr", "Frame3", "Esecuzione", "Playing"},
     {"frmEditArr", "Frame4", "Tastiera", "Keyboard"},

@@ -53,12 +53,25 @@ ChildWindow* WindowOf(Application& app, const FileKind& kind, const std::string&
   return nullptr;
 }
 
+// A setting that no menu entry changes brings the program file of an arrangement file along, unless it is open or there
+// is no room for it. The arrangements stay in front.
+void OpenSiblingPrograms(Application& app, ChildWindow& arrangements, const std::string& base, bool read_only) {
+  const bool exists = app.disk.Exists(base + ".prg") || app.disk.Exists(base + ".pgg");
+  if (!exists || WindowOf(app, *FileKindOf(kKindPrg), base) != nullptr) return;
+  ShowProgramFile(app, base, read_only);
+  app.toolkit.Activate(arrangements);
+}
+
 // What the buffer holds gets its window, and its place among the recent files.
 void ShowChosen(Application& app, const FileKind& kind, int number, const std::string& path, bool read_only) {
   kind.slot(app, number).state = 1;
-  kind.open(app, number, JoinPath(app.files.CurrentFileDir, app.files.CurrentFileName), read_only);
+  const std::string base = JoinPath(app.files.CurrentFileDir, app.files.CurrentFileName);
+  kind.open(app, number, base, read_only);
   RefreshOpenEntries(app);
   AddRecentFile(app, path, read_only);
+  if (kind.kind == kKindArr && app.core.settings.OpenPrgWithArr) {
+    OpenSiblingPrograms(app, *kind.window(app, number), base, read_only);
+  }
 }
 
 // A path that is known already, so no dialog is shown.

@@ -33,7 +33,7 @@ constexpr std::size_t kLabelLength = 2;
 frmPrgUN::frmPrgUN(Application& app, int number, Bytes image)
     : ProgramListWindow(app, "frmPrgUN", std::to_string(number), std::move(image)), number_(number) {
   CommLoad.SetCaption("&Load Prog");
-  CommProgram.SetCaption("P&ROGRAM");
+  CommProgram.SetCaption("&PROGRAM");
   CommEdit.SetCaption("&Edit");
   List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
   CommLoad.on_click = [this] { PressLoad(); };

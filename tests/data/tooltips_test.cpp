@@ -57,6 +57,15 @@ TEST(ToolTips, EveryControlOfTheArrangementWindowTellsWhatItDoes) {
   for (std::string_view control : kArrControls) ExpectTips("frmArrU", control);
 }
 
+TEST(ToolTips, EveryControlOfTheProgramWindowsTellsWhatItDoes) {
+  for (std::string_view control : {"List1", "Label1", "Combo1", "CommLoad", "CommProgram", "CommEdit", "CommClose"}) {
+    ExpectTips("frmPrgUN", control);
+  }
+  for (std::string_view form : {"frmPcgAE", "frmDrum"}) {
+    for (std::string_view control : {"List1", "Label1", "Combo1", "CommClose"}) ExpectTips(form, control);
+  }
+}
+
 TEST(ToolTips, SmallFormsHaveTipsToo) {
   ExpectTips("frmLingua", "Option1(0)");
   ExpectTips("frmLingua", "Option1(1)");
