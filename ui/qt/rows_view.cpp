@@ -261,6 +261,15 @@ void RowsView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+// The focus is seen also where no row has it yet.
+void RowsView::paintEvent(QPaintEvent* event) {
+  QListView::paintEvent(event);
+  if (!hasFocus()) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::Highlight));
+  painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+}
+
 void RowsView::changeEvent(QEvent* event) {
   QListView::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) updateGeometry();

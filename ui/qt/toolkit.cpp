@@ -37,8 +37,9 @@ class PlainPointer {
 }  // namespace
 
 QtToolkit::QtToolkit() : words_(&EnglishWords()) {
-  QApplication::setWindowIcon(ProgramIcon());
   clock_.start();
+  // Reading the pictures takes longer than all else here: the first frame doesn't wait for them.
+  QTimer::singleShot(0, QCoreApplication::instance(), [] { QApplication::setWindowIcon(ProgramIcon()); });
   due_.setSingleShot(true);
   due_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&due_, &QTimer::timeout, [this] { OnTimer(); });

@@ -232,9 +232,10 @@ void MainFormWindow::Place() {
   if (place.width > 0) {
     // A place on a screen that is gone is no place.
     const QRect wanted(place.left, place.top, place.width, place.height);
-    const bool reachable = QGuiApplication::screenAt(wanted.center()) != nullptr;
-    window_->resize(wanted.size().expandedTo(kLeastSize));
-    window_->move(reachable ? wanted.topLeft() : room.topLeft());
+    const QScreen* screen = QGuiApplication::screenAt(wanted.center());
+    const QRect around = screen == nullptr ? room : screen->availableGeometry();
+    window_->resize(wanted.size().boundedTo(around.size()).expandedTo(kLeastSize));
+    window_->move(screen == nullptr ? room.topLeft() : wanted.topLeft());
   } else if (!window_->isVisible()) {
     window_->resize(kFirstSize.boundedTo(room.size() * 9 / 10));
     window_->move(room.center() - window_->rect().center());
