@@ -174,7 +174,8 @@ using ui::Row;
 using ui::Space;
 
 constexpr ui::Size kNameSize = {18, 1};
-constexpr ui::Size kProgramSize = {12, 1};
+constexpr ui::Size kProgramSize = {11, 1};
+constexpr ui::Size kEffectSize = {16, 1};
 constexpr ui::Size kPanSize = {10, 1};
 constexpr ui::Size kNumberSize = {5, 1};
 constexpr ui::Size kValueSize = {4, 1};
@@ -187,6 +188,8 @@ void frmEditArr::LayOut() {
     if (field.value != nullptr && field.row.label != EditLabel::kEffect) field.value->least_characters = kValueSize;
   }
   const int language = app().core.LanguageOffset == 0 ? 1 : 2;
+  EffCombo[0].least_characters = EffCombo[1].least_characters = kEffectSize;
+  for (int effect = 0; effect < 2; ++effect) EffComm[effect].least_characters = kValueSize;
   SSTab1.captions = {"General", std::string(Caption(name(), "SSTab1(1)", language))};
   std::vector<Layout> strips;
   for (int part = 0; part < kArrPartCount; ++part) strips.push_back(Strip(part));
@@ -224,8 +227,7 @@ Layout frmEditArr::GeneralPage() {
   Layout effects = Column({effect(0), effect(1)});
   return Row({Column({Inside(Frame3, std::move(play)), Inside(Frame4, std::move(keyboard)), Space()}),
               Column({Inside(Frame6, std::move(drums)), Inside(Frame5, std::move(ensemble)), Space()}),
-              Column({Inside(Frame2, std::move(switches)), Space()}),
-              Column({Inside(Frame1, std::move(effects)), Space()}), Space()});
+              Column({Inside(Frame1, std::move(effects)), Inside(Frame2, std::move(switches)), Space()}), Space()});
 }
 
 Layout frmEditArr::Strip(int part) {
