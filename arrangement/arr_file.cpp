@@ -15,15 +15,20 @@ namespace {
 
 constexpr int kMessageErrorReading = 4;
 constexpr int kMessageReadOnlyFile = 17;
+constexpr int kTextOpening = 111;
 
 // The styles of a saved file: the empty template stands for no .sty at all. One that is there nevertheless was found
 // damaged, or has come since: it is set aside under another name, never lost.
 bool SaveStylePart(Application& app, Bytes& image) {
   const int state = ByteAt(image, kStyStatePosition);
   if (state == 1) {
-    const std::string path = std::string(WindowPath(image)) + ".sty";
-    if (app.disk.Exists(path)) app.disk.Rename(path, path + ".bak");
-    if (!StyFileDelete(app, image)) return false;
+    const std::string path = PathOnDisk(app.disk, std::string(WindowPath(image)) + ".sty");
+    const DiskResult result = app.disk.Exists(path) ? app.disk.Rename(path, path + ".bak") : DiskResult::kOk;
+    if (result != DiskResult::kOk) {
+      app.core.OperationTitle = GetText(app, kTextOpening) + ShownPath(FileBaseName(path));
+      FileErrorMessage(app, result);
+      return false;
+    }
   } else if (state == 2 && ByteAt(image, kStyChangedPosition) == 1) {
     if (!StyFileWrite(app, image)) return false;
   }
@@ -46,8 +51,10 @@ int ReadArrFile(Application& app, const std::string& path) {
 
 bool SaveArrFile(Application& app, Bytes& image) {
   if (!WriteDataFile(app, std::string(WindowPath(image)) + ".arr", ArrFileBytes(image))) return false;
-  PutByte(image, kChangedPosition, 0);
-  return SaveStylePart(app, image);
+  const bool whole = SaveStylePart(app, image);
+  // What was saved without its styles is asked for again.
+  PutByte(image, kChangedPosition, whole ? 0 : 1);
+  return whole;
 }
 
 int StoreEditRecord(Application& app) {

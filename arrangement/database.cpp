@@ -4,6 +4,7 @@
 #include "arrangement/db_format.h"
 #include "core/application.h"
 #include "core/boxes.h"
+#include "core/file_reading.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
 #include "files/paths.h"
@@ -107,7 +108,7 @@ void DBPurge(Application& app) {
   Bytes& image = app.arrangement.DBImage;
   const std::string directory(DBDirectoryOf(image));
   DBPurgeEntries(image, [&](std::string_view name) {
-    const std::string path = JoinPath(directory, name) + ".arr";
+    const std::string path = PathOnDisk(app.disk, JoinPath(directory, name) + ".arr");
     Bytes file;
     const DiskResult result = app.disk.Read(path, file, kArrFileLength);
     // What can't be read for a reason of its own isn't gone.

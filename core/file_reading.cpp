@@ -9,6 +9,7 @@ namespace zentaline {
 namespace {
 
 constexpr int kTextOpening = 111;
+constexpr std::size_t kExtensionLength = 3;
 
 void SetTitle(Application& app, const std::string& path) {
   app.core.OperationTitle = GetText(app, kTextOpening) + ShownPath(FileBaseName(path));
@@ -16,9 +17,21 @@ void SetTitle(Application& app, const std::string& path) {
 
 }  // namespace
 
-FileReadResult ReadDataFile(Application& app, const std::string& path, std::size_t largest, Bytes& content) {
-  SetTitle(app, path);
+std::string PathOnDisk(Disk& disk, const std::string& path) {
+  if (path.size() < kExtensionLength || disk.Exists(path)) return path;
+  const std::string base = path.substr(0, path.size() - kExtensionLength);
+  const std::string capitals = UpperCase(path.substr(base.size()));
+  const std::string capital = capitals.substr(0, 1) + LowerCase(capitals.substr(1));
+  for (const std::string& extension : {capitals, capital}) {
+    if (disk.Exists(base + extension)) return base + extension;
+  }
+  return path;
+}
+
+FileReadResult ReadDataFile(Application& app, const std::string& wanted, std::size_t largest, Bytes& content) {
+  SetTitle(app, wanted);
   content.clear();
+  const std::string path = PathOnDisk(app.disk, wanted);
   const DiskResult result = app.disk.Read(path, content, largest);
   switch (result) {
     case DiskResult::kOk:
@@ -37,7 +50,7 @@ FileReadResult ReadDataFile(Application& app, const std::string& path, std::size
 
 bool WriteDataFile(Application& app, const std::string& path, const Bytes& content) {
   SetTitle(app, path);
-  const DiskResult result = app.disk.Write(path, content);
+  const DiskResult result = app.disk.Write(PathOnDisk(app.disk, path), content);
   if (result == DiskResult::kOk) return true;
   FileErrorMessage(app, result);
   return false;

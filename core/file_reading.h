@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/bytes.h"
+#include "core/disk.h"
 
 namespace zentaline {
 
@@ -14,6 +15,10 @@ enum FileReadResult : int { kFileRead = 0, kFileFailed = 1, kFileTooLarge = 2, k
 // Reads a file of at most `largest` bytes whole. OperationTitle becomes "Opening " and the file's name. An empty file
 // counts as absent and is removed. A failure of the file system is shown.
 FileReadResult ReadDataFile(Application& app, const std::string& path, std::size_t largest, Bytes& content);
+
+// The path itself or, where nothing has it, the same with its extension in capitals, as disks of the instrument's time
+// have it, or with a capital; the path itself where there is none of them.
+std::string PathOnDisk(Disk& disk, const std::string& path);
 
 // Writes a file whole, with the same title; false when it failed, which is shown.
 bool WriteDataFile(Application& app, const std::string& path, const Bytes& content);

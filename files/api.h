@@ -63,7 +63,7 @@ void ReopenWindow(Application& app, int kind, int entry);
 
 // Saves the window's files by its kind. False when something failed; the window then still counts as changed.
 bool SaveFile(Application& app, ChildWindow& window);
-// Asks for a name first. False when that was cancelled, or saving failed.
+// Asks for a name first. False when that was cancelled, or saving failed, or only a part was saved apart.
 bool SaveFileAs(Application& app, ChildWindow& window);
 // The question before a changed window closes; false keeps it open.
 bool SaveBeforeClosing(Application& app, ChildWindow& window);

@@ -177,8 +177,12 @@ ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::str
   }
 }
 
+bool CanKeep(std::string_view base) {
+  return base.size() <= kLongestPath && !base.ends_with(' ');
+}
+
 bool PathFits(Application& app, const std::string& path) {
-  if (WithoutExtension(path).size() <= kLongestPath) return true;
+  if (CanKeep(WithoutExtension(path))) return true;
   ShowNameNotValid(app, path);
   return false;
 }

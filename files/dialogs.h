@@ -19,7 +19,9 @@ enum OpenFilter : int { kFilterArr = 1, kFilterSty, kFilterPrg, kFilterGbl, kFil
 // "text|patterns|" again and again.
 std::vector<ui::FileFilter> ParseFilters(std::string_view text);
 
-// The box for a path that can't be kept, and whether it can be: at most 238 bytes without its extension.
+// Whether a path without its extension can be kept: at most 238 bytes, and without a blank at its end, since it is
+// padded with blanks wherever it is stored. The box for one that can't, and both for a path with its extension.
+bool CanKeep(std::string_view base);
 void ShowNameNotValid(Application& app, const std::string& path);
 bool PathFits(Application& app, const std::string& path);
 // A file of another format than its name says; its box.

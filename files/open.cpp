@@ -3,6 +3,7 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
+#include "core/file_reading.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
 #include "files/api.h"
@@ -34,9 +35,9 @@ const FileKind* KindOfType(int type) {
 // The path with the extension of its type. Only programs may be found under the other extension, since a bank changes
 // its own with what it holds.
 std::string FoundPath(Application& app, const std::string& base, int type) {
-  const std::string path = base + "." + std::string(ExtensionOf(type));
+  const std::string path = PathOnDisk(app.disk, base + "." + std::string(ExtensionOf(type)));
   if ((type != kTypePrg && type != kTypePgg) || app.disk.Exists(path)) return path;
-  const std::string other = base + "." + std::string(ExtensionOf(kTypePrg + kTypePgg - type));
+  const std::string other = PathOnDisk(app.disk, base + "." + std::string(ExtensionOf(kTypePrg + kTypePgg - type)));
   return app.disk.Exists(other) ? other : path;
 }
 

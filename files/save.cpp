@@ -127,6 +127,10 @@ bool SaveWholeAs(Application& app, ChildWindow& window, const std::string& base)
   if (!SaveContent(app, image)) return false;
   window.window_image() = std::move(image);
   window.TakePath(base);
+  // An arrangement's slot keeps there whether it comes back read-only.
+  if (const FileKind* kind = FileKindOf(window.Kind()); arrangements && kind != nullptr) {
+    kind->slot(app, window.WindowNumber()).second = 0;
+  }
   std::string& directory =
       ContentOf(window.Kind()) == Content::kPrograms ? app.files.LastPrgDirectory : app.files.LastArrDirectory;
   directory = FileDirectory(base);
@@ -146,7 +150,7 @@ bool SavePart(Application& app, const Bytes& image, const std::string& base, int
   const Bytes programs = Slice(image, kArrImageProgramPosition, kPrgFileLength);
   if (!WriteDataFile(app, base + "." + std::string(ExtensionOf(filter)), programs)) return false;
   // One name never stands in both formats.
-  app.disk.Remove(base + "." + std::string(ExtensionOf(other)));
+  app.disk.Remove(PathOnDisk(app.disk, base + "." + std::string(ExtensionOf(other))));
   return true;
 }
 
@@ -181,11 +185,15 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
   const int type = whole ? OwnType(image) : answer.filter;
   const bool programs = type == kTypePrg || type == kTypePgg;
   const std::string base = BasePath(answer.path, type, programs ? kTypePrg + kTypePgg - type : type);
-  if (base.size() > kLongestPath || (!whole && !HasPart(image, answer.filter))) {
+  if (!CanKeep(base) || (!whole && !HasPart(image, answer.filter))) {
     ShowNameNotValid(app, answer.path);
     return false;
   }
-  if (!whole) return SavePart(app, image, base, answer.filter);
+  if (!whole) {
+    SavePart(app, image, base, answer.filter);
+    // The window's own file isn't saved by that: it stays open, and changed.
+    return false;
+  }
   if (OpenElsewhere(app, window, base)) {
     ShowMessage(app, kMessageOpenAlready, ShownPath(FileBaseName(answer.path)), {});
     return false;

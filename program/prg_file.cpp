@@ -68,7 +68,7 @@ bool SavePrgFile(Application& app, Bytes& image) {
   if (!WriteDataFile(app, base + (pgg ? ".pgg" : ".prg"), PrgFileBytes(image))) return false;
   PutByte(image, kPrgChangedPosition, 0);
   // One name never stands in both formats.
-  app.disk.Remove(base + (pgg ? ".prg" : ".pgg"));
+  app.disk.Remove(PathOnDisk(app.disk, base + (pgg ? ".prg" : ".pgg")));
   return true;
 }
 
