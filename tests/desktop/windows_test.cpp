@@ -131,6 +131,31 @@ TEST_F(Windows, AModalWindowHoldsTheCallerUpUntilItIsClosed) {
   EXPECT_EQ(toolkit.modal(), nullptr);
 }
 
+TEST_F(Windows, AChildClosedFromAModalWindowThatItsOwnHandlerOpenedOutlivesTheHandler) {
+  QPointer<QWidget> frame = Frame(*child);
+  child->Comm1.on_click = [this] {
+    QTimer::singleShot(0, [this] {
+      child->CloseWithoutAsking();
+      Settle();
+      QTest::keyClick(Frame(*toolkit.modal()), Qt::Key_Escape);
+    });
+    toolkit.OpenModal(std::make_unique<ToyModal>(toolkit, log));
+    log.push_back("handler ends " + child->number());
+  };
+  QTest::mouseClick(Widget<QPushButton>(child->Comm1), Qt::LeftButton);
+  EXPECT_THAT(log, ElementsAre("unload 1", "cancel", "handler ends 1"));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(frame.isNull());
+}
+
+TEST_F(Windows, TimersGoOnBehindAModalWindow) {
+  child->Timer1.SetInterval(20);
+  child->Timer1.Start();
+  QTimer::singleShot(100, [this] { QTest::keyClick(Frame(*toolkit.modal()), Qt::Key_Escape); });
+  toolkit.OpenModal(std::make_unique<ToyModal>(toolkit, log));
+  EXPECT_THAT(log, ElementsAre("timer", "cancel"));
+}
+
 TEST_F(Windows, EscapePressesAModalWindowsCancelButton) {
   QTimer::singleShot(0, [this] { QTest::keyClick(Frame(*toolkit.modal()), Qt::Key_Escape); });
   toolkit.OpenModal(std::make_unique<ToyModal>(toolkit, log));
