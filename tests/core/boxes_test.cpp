@@ -238,7 +238,7 @@ TEST(FileErrors, EachErrorOfTheDiskHasItsText) {
 TEST(Language, AChangeShowsItsMessageAndTakesPlaceAtTheNextStart) {
   Speaking english(2);
   TestProgram& program = english.program;
-  frmMain& main = static_cast<frmMain&>(*program.app.main);
+  MainWindow& main = *program.app.main;
   EXPECT_TRUE(main.Menu(MenuId::mnuInglese).checked());
   EXPECT_TRUE(program.Press(MenuId::mnuItaliano));
   EXPECT_EQ(program.Boxes(),
