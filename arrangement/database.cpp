@@ -23,13 +23,15 @@ constexpr char kName[] = "i40DBArr";
 constexpr char kWindowTitle[] = "Edit i40DBArr";
 // As much of an arrangement file as the purge looks at.
 constexpr std::size_t kPurgeLength = 9056;
+// A file of the wrong length is looked at as far as it counts, unless it is longer than any file could be by mistake.
+constexpr std::size_t kLargest = std::size_t{1} << 24;
 
 enum class Found { kGood, kBad, kAbsent, kFailed };
 
 // The file into DBImage. An empty file counts as absent and is removed. A failure is shown only where `shows` is set.
 Found ReadDatabase(Application& app, bool shows) {
   Bytes file;
-  const DiskResult result = app.disk.Read(app.core.DatabaseDir, file, 16 * kDbLength);
+  const DiskResult result = app.disk.Read(app.core.DatabaseDir, file, kLargest);
   if (result == DiskResult::kAbsent) return Found::kAbsent;
   if (result != DiskResult::kOk && result != DiskResult::kTooLarge) {
     if (shows) FileErrorMessage(app, result);
@@ -110,7 +112,7 @@ void DBPurge(Application& app) {
   DBPurgeEntries(image, [&](std::string_view name) {
     const std::string path = PathOnDisk(app.disk, JoinPath(directory, name) + ".arr");
     Bytes file;
-    const DiskResult result = app.disk.Read(path, file, kArrFileLength);
+    const DiskResult result = app.disk.Read(path, file, kLargest);
     // What can't be read for a reason of its own isn't gone.
     if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kPathAbsent) return true;
     if (result == DiskResult::kOk && file.empty()) app.disk.Remove(path);
