@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QStyle>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -51,6 +52,8 @@ class Builder {
     parent_ = built_.body;
     Add(*box, whole, 1);
     for (View* view : built_.views) view->ShowAll();
+    // What is scrolled has its size by now.
+    for (QScrollArea* area : built_.body->findChildren<QScrollArea*>()) area->updateGeometry();
     return std::move(built_);
   }
 
@@ -200,7 +203,14 @@ class Builder {
   // none of these either the room stays empty at the end.
   void AddLine(QBoxLayout& outer, QBoxLayout& line, const Layout& layout, int stretch) {
     outer.addLayout(&line, stretch);
-    if (layout.tight) line.setSpacing(0);
+    // A line inside another one would take its room from it.
+    const bool across = line.direction() == QBoxLayout::LeftToRight || line.direction() == QBoxLayout::RightToLeft;
+    if (layout.tight) {
+      line.setSpacing(0);
+    } else if (outer.spacing() == 0) {
+      line.setSpacing(parent_->style()->pixelMetric(across ? QStyle::PM_LayoutHorizontalSpacing
+                                                           : QStyle::PM_LayoutVerticalSpacing));
+    }
     const bool told = std::any_of(layout.children.begin(), layout.children.end(),
                                   [](const Layout& child) { return child.stretch > 0; });
     bool grows = told;

@@ -67,17 +67,15 @@ void Gate::UserNow(const std::function<void()>& act) {
   ++acting_;
   act();
   if (--acting_ > 0) return;
-  for (const QPointer<QWidget>& window : std::exchange(dying_, {})) {
+  for (const QPointer<QWidget>& window : dying_) {
     if (window) window->deleteLater();
   }
 }
 
 void Gate::Destroy(QWidget* window) {
-  if (acting_ > 0) {
-    dying_.emplace_back(window);
-  } else {
-    window->deleteLater();
-  }
+  std::erase_if(dying_, [](const QPointer<QWidget>& other) { return other.isNull(); });
+  dying_.emplace_back(window);
+  if (acting_ == 0) window->deleteLater();
 }
 
 bool Gate::eventFilter(QObject* receiver, QEvent* event) {

@@ -91,7 +91,7 @@ class Gate : public QObject {
   bool draining_ = false;  // input has been held, and what was kept has not all been delivered yet
   bool watching_ = false;
   std::deque<Kept> kept_;
-  std::vector<QPointer<QWidget>> dying_;
+  std::vector<QPointer<QWidget>> dying_;  // those that are still there die with the gate
 };
 
 }  // namespace zentaline::ui::qt

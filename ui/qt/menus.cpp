@@ -17,6 +17,7 @@ class EntryView : public QObject, public ControlView {
     action->setObjectName(ToQt(entry.FullName()));
     if (!entry.shortcut.empty()) action->setShortcut(QKeySequence(ToQt(entry.shortcut)));
     connect(action, &QAction::triggered, this, [this] {
+      if (entry_ == nullptr) return;
       gate_.User(this, [this] {
         const QPointer<EntryView> alive(this);
         if (entry_ != nullptr) entry_->UserPress();

@@ -143,12 +143,14 @@ void FormWindow::GeometryChanged() {
       this,
       [this] {
         report_due_ = false;
+        if (form_ == nullptr) return;
         gate_.User(this, [this] { Report(); });
       },
       Qt::QueuedConnection);
 }
 
 void FormWindow::CloseAsked() {
+  if (form_ == nullptr) return;
   gate_.User(this, [this] {
     Report();
     if (form_ != nullptr) form_->UserClose();
@@ -259,6 +261,7 @@ Size MainFormWindow::InnerNow() const {
 }
 
 bool MainFormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (form() == nullptr) return false;
   if (watched == window_ && (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove)) {
     auto* drag = static_cast<QDragMoveEvent*>(event);
     const QList<QUrl> urls = drag->mimeData()->urls();
