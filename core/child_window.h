@@ -54,6 +54,8 @@ class ChildWindow : public ui::Form {
   virtual void ShowName() {}
   // The window's file has another path now, without extension: the image and the window's record take it.
   void TakePath(const std::string& base);
+  // The window's file has been saved.
+  virtual void FileSaved() {}
   // A setting of the menus has changed.
   virtual void SettingsChanged() {}
   // Gives the window this size, or takes it back to the one it had before.

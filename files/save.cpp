@@ -109,11 +109,8 @@ std::string BasePath(const std::string& path, int type, int other_type) {
 
 bool OpenElsewhere(Application& app, const ChildWindow& window, const std::string& base) {
   const FileKind* kind = FileKindOf(window.Kind());
-  for (int number = 1; kind != nullptr && number <= kFileWindows; ++number) {
-    const ChildWindow* other = kind->window(app, number);
-    if (other != nullptr && other != &window && kind->slot(app, number).path == base) return true;
-  }
-  return false;
+  const ChildWindow* other = kind == nullptr ? nullptr : WindowOf(app, *kind, base);
+  return other != nullptr && other != &window;
 }
 
 // The window's file under another name, with all that belongs to it; on a failure the window keeps the old one.
@@ -127,6 +124,7 @@ bool SaveWholeAs(Application& app, ChildWindow& window, const std::string& base)
   if (!SaveContent(app, image)) return false;
   window.window_image() = std::move(image);
   window.TakePath(base);
+  window.FileSaved();
   // An arrangement's slot keeps there whether it comes back read-only.
   if (const FileKind* kind = FileKindOf(window.Kind()); arrangements && kind != nullptr) {
     kind->slot(app, window.WindowNumber()).second = 0;
@@ -171,7 +169,10 @@ bool IsWhole(const Bytes& image, int filter) {
 bool SaveFile(Application& app, ChildWindow& window) {
   if (ByteAt(window.window_image(), kNeverSavedPosition) == 1) return SaveFileAs(app, window);
   const bool saved = SaveContent(app, window.window_image());
-  if (saved) PutByte(window.window_image(), kNoFilePosition, 0);
+  if (saved) {
+    PutByte(window.window_image(), kNoFilePosition, 0);
+    window.FileSaved();
+  }
   if (app.main != nullptr) app.main->RefreshMenus();
   return saved;
 }

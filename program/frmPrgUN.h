@@ -21,6 +21,7 @@ class frmPrgUN : public ProgramListWindow {
   ui::Timer* TimerOf(WindowFunction function) override;
   bool CanSave() const override;
   void ShowName() override;
+  void FileSaved() override { channel_chosen_ = false; }
 
   void Load() override;
   void Resized() override;
