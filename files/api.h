@@ -34,7 +34,7 @@ struct FileKind {
 };
 
 std::span<const FileKind> FileKinds();
-// Null for a kind that has no windows.
+// By its own kind or that of its new files; null for a kind that has no windows.
 const FileKind* FileKindOf(int kind);
 
 // The open dialog and the reader of the filter that was left selected. On success the file is in its format's buffer,

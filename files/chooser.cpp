@@ -65,7 +65,7 @@ bool OpenAlready(Application& app, int kind, const std::string& base) {
     const WindowRecord& slot = row->slot(app, number);
     if (slot.state != 0 && slot.path == base) return true;
   }
-  return false;
+  return row != nullptr && WindowOf(app, *row, base) != nullptr;
 }
 
 int PresetFilter(int kind) {

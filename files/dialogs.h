@@ -27,6 +27,9 @@ bool PathFits(Application& app, const std::string& path);
 // A file of another format than its name says; its box.
 ChooseResult RefuseData(Application& app, const std::string& path);
 
+// The open window 1 to 8 of the file, or that of a new file which was saved under this name; null when there is none.
+ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::string& base);
+
 // 0 read, 1 and 2 failed and shown, 3 absent or empty.
 ChooseResult ReaderResult(int result);
 // Reads a file whose kind, or path, is known, after asking whether it is open already. CurrentFileDir and

@@ -100,7 +100,22 @@ std::span<const FileKind> FileKinds() {
 
 const FileKind* FileKindOf(int kind) {
   for (const FileKind& row : kKinds) {
-    if (row.kind == kind) return &row;
+    if (row.kind == kind || (kind != 0 && row.new_kind == kind)) return &row;
+  }
+  return nullptr;
+}
+
+ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::string& base) {
+  for (int number = 1; number <= kFileWindows; ++number) {
+    ChildWindow* window = kind.window(app, number);
+    if (window != nullptr && WindowPath(window->window_image()) == base) return window;
+  }
+  for (ui::Form* form : app.toolkit.forms()) {
+    if (kind.new_kind == 0 || form->kind() != ui::FormKind::kChild) continue;
+    auto* window = static_cast<ChildWindow*>(form);
+    const Bytes& image = window->window_image();
+    const bool saved = window->Kind() == kind.new_kind && ByteAt(image, kNeverSavedPosition) == 0;
+    if (saved && WindowPath(image) == base) return window;
   }
   return nullptr;
 }

@@ -45,15 +45,6 @@ std::string FoundPath(Application& app, const FileKind& kind, const WindowRecord
   return FoundPath(app, slot.path, slot.pgg == 1 ? kTypePgg : kind.type);
 }
 
-// The open window 1 to 8 of the file, null when there is none.
-ChildWindow* WindowOf(Application& app, const FileKind& kind, const std::string& base) {
-  for (int number = 1; number <= kFileWindows; ++number) {
-    ChildWindow* window = kind.window(app, number);
-    if (window != nullptr && kind.slot(app, number).path == base) return window;
-  }
-  return nullptr;
-}
-
 // A setting that no menu entry changes brings the program file of an arrangement file along, unless it is open or there
 // is no room for it. The arrangements stay in front.
 void OpenSiblingPrograms(Application& app, ChildWindow& arrangements, const std::string& base, bool read_only) {

@@ -8,6 +8,8 @@
 #include <QStyle>
 #include <QTabWidget>
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "ui/layout.h"
 #include "ui/qt/convert.h"
@@ -52,8 +54,13 @@ class Builder {
     parent_ = built_.body;
     Add(*box, whole, 1);
     for (View* view : built_.views) view->ShowAll();
-    // What is scrolled has its size by now.
-    for (QScrollArea* area : built_.body->findChildren<QScrollArea*>()) area->updateGeometry();
+    // Asked for their size only now that they show all they have.
+    for (const auto& [area, content] : scrolled_) {
+      area->setWidget(content);
+      // The ground is that of the page or window around it.
+      area->viewport()->setAutoFillBackground(false);
+      content->setAutoFillBackground(false);
+    }
     return std::move(built_);
   }
 
@@ -191,10 +198,7 @@ class Builder {
     Layout inside = layout;
     inside.scrolls = false;
     Fill(*content, {inside}, 0);
-    area->setWidget(content);
-    // The ground is that of the page or window around it.
-    area->viewport()->setAutoFillBackground(false);
-    content->setAutoFillBackground(false);
+    scrolled_.emplace_back(area, content);
     area->setFocusPolicy(Qt::NoFocus);
     box.addWidget(area, std::max(stretch, 1));
   }
@@ -259,6 +263,7 @@ class Builder {
   Built built_;
   QWidget* parent_ = nullptr;
   QLabel* waiting_label_ = nullptr;
+  std::vector<std::pair<QScrollArea*, QWidget*>> scrolled_;
 };
 
 }  // namespace
