@@ -64,6 +64,8 @@ int ReadProgramByName(Application& app, const std::string& path) {
 
 bool SavePrgFile(Application& app, Bytes& image) {
   const std::string base(WindowPath(image));
+  // A bank may have come under the other extension: the letters at its start go with the one that it gets.
+  DecideProgramFormat(image);
   const bool pgg = ProgramExtension(image) == "pgg";
   if (!WriteDataFile(app, base + (pgg ? ".pgg" : ".prg"), PrgFileBytes(image))) return false;
   PutByte(image, kPrgChangedPosition, 0);

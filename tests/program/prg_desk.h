@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "midi/api.h"
+#include "program/api.h"
 #include "tests/arrangement/arr_desk.h"
 
 namespace zentaline::test {
