@@ -45,6 +45,8 @@ frmPrgUN::frmPrgUN(Application& app, int number, Bytes image)
 }
 
 void frmPrgUN::LayOut() {
+  // Wide enough for a caption with a file's name.
+  List1.least_characters = {32, 17};
   layout = ui::Row(
       {ui::Item(List1, 1), ui::Column({ui::Row({ui::Item(Label1), ui::Item(Combo1, 1)}),
                                        ui::Inside(Frame1[0], ui::Column({ui::Item(CommLoad), ui::Item(CommProgram)})),
