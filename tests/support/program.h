@@ -65,6 +65,8 @@ class AnsweringToolkit : public ui::ConsoleToolkit {
 
  protected:
   void RunModal(ui::Form& form) override {
+    // A window that is opened outside of any event lives as long as it is looked at.
+    const ui::UserEvent event(*this);
     const auto act = Next(modals, std::function<void(ui::Form&)>());
     if (act) act(form);
     if (form.open()) form.UserClose();
