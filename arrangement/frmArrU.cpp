@@ -327,6 +327,7 @@ bool frmArrU::IsEmptyRow(int row) const {
 }
 
 void frmArrU::EnableEdit(bool enabled) {
+  if (CommEdit.enabled() == enabled) return;
   CommEdit.SetEnabled(enabled);
   if (app().main != nullptr && toolkit().active_child() == this) app().main->RefreshMenus();
 }
