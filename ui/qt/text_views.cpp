@@ -22,8 +22,8 @@ class LineView : public View {
     if (box.flat) {
       widget_->setFrame(false);
       widget_->setFocusPolicy(Qt::ClickFocus);
-      // Its height is that of its place.
-      widget_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+      // Its size is that of its place.
+      widget_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
       widget_->setMinimumHeight(widget_->fontMetrics().height());
     }
     connect(widget_, &QLineEdit::textEdited, this, [this](const QString& text) {
