@@ -7,21 +7,6 @@
 
 namespace zentaline::ui {
 
-namespace {
-
-// Whether the control stands in `layout`; `usable` turns false when something around it is disabled or hidden.
-bool Holds(const Layout& layout, const Control& control, bool& usable) {
-  if (layout.control == &control) return true;
-  for (const Layout& child : layout.children) {
-    if (!Holds(child, control, usable)) continue;
-    if (layout.control != nullptr && !(layout.control->enabled() && layout.control->visible())) usable = false;
-    return true;
-  }
-  return false;
-}
-
-}  // namespace
-
 Control::Control(Form& form, ControlKind kind, std::string name, int index)
     : form_(form), kind_(kind), name_(std::move(name)), index_(index) {
   form_.controls_.push_back(this);
@@ -44,9 +29,11 @@ void Control::SetVisible(bool visible) {
 
 bool Control::Usable() const {
   if (!enabled_ || !visible_ || !form_.Reachable()) return false;
-  bool usable = true;
-  if (kind_ != ControlKind::kMenuEntry) Holds(form_.layout, *this, usable);
-  return usable;
+  form_.NoteContainers();
+  for (const Control* around = container_; around != nullptr; around = around->container_) {
+    if (!around->enabled_ || !around->visible_) return false;
+  }
+  return true;
 }
 
 void Control::SetToolTip(std::string tool_tip) {

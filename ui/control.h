@@ -118,10 +118,13 @@ class Control {
   void Changed(Change change);
 
  private:
+  friend class Form;
+
   Form& form_;
   ControlKind kind_;
   std::string name_;
   int index_;
+  const Control* container_ = nullptr;  // what it stands in, as the form notes it
   bool enabled_ = true;
   bool visible_ = true;
   std::string tool_tip_;

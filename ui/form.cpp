@@ -33,6 +33,16 @@ Control* Form::Find(const std::string& name, int index) const {
   return nullptr;
 }
 
+void Form::NoteContainers() {
+  if (std::exchange(noted_, layout.children.data()) == layout.children.data()) return;
+  for (Control* control : controls_) control->container_ = nullptr;
+  const auto note = [](const auto& self, const Layout& part, const Control* around) -> void {
+    if (part.control != nullptr) part.control->container_ = around;
+    for (const Layout& child : part.children) self(self, child, part.control != nullptr ? part.control : around);
+  };
+  note(note, layout, nullptr);
+}
+
 bool Form::Reachable() const {
   return open_ && (toolkit_.modal() == nullptr || toolkit_.modal() == this);
 }

@@ -89,6 +89,9 @@ class Form {
   friend class Control;
   friend class MenuEntry;
   friend class Toolkit;
+  // Tells each control what it stands in; does nothing when it has been told.
+  void NoteContainers();
+
   Toolkit& toolkit_;
   FormKind kind_;
   std::string name_;
@@ -96,6 +99,7 @@ class Form {
   std::string caption_;
   Placement placement_;
   Size inner_size_;
+  const Layout* noted_ = nullptr;  // the children of the layout that was noted; another layout has others
   std::vector<Control*> controls_;
   std::vector<MenuEntry*> menu_bar_;
   Control* focus_ = nullptr;

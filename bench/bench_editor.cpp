@@ -1,0 +1,272 @@
+// How soon a change of the arrangement editor's controls is heard, beside the bare sending of the same parameter; and
+// how long showing a record takes, beside giving the same values to controls that nobody listens to.
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "arrangement/api.h"
+#include "arrangement/arr_format.h"
+#include "bench/ratios.h"
+#include "core/application.h"
+#include "core/child_window.h"
+#include "core/posix_disk.h"
+#include "core/window_image.h"
+#include "midi/api.h"
+#include "midi/recorder/recorder.h"
+#include "tests/core/scratch_folder.h"
+#include "ui/console/console_toolkit.h"
+#include "ui/controls.h"
+
+namespace zentaline {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kRounds = 41;
+constexpr int kChanges = 2000;
+constexpr int kFills = 200;
+constexpr int kWindows = 24;
+
+double Nanoseconds(Clock::duration time) {
+  return std::chrono::duration<double, std::nano>(time).count();
+}
+
+// The middle one of several measurements: a round that was interrupted doesn't count.
+double Median(const std::function<double()>& measure) {
+  std::vector<double> times;
+  for (int i = 0; i < kRounds; ++i) times.push_back(measure());
+  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
+  return times[kRounds / 2];
+}
+
+// Counts the long messages that it has taken.
+class CountingRecorder : public RecorderMidi {
+ public:
+  long taken = 0;
+
+ protected:
+  int TakeLong(MidiHandle handle, std::string_view bytes) override {
+    ++taken;
+    return RecorderMidi::TakeLong(handle, bytes);
+  }
+};
+
+// Chooses the language that it is asked for.
+class StartingToolkit : public ui::ConsoleToolkit {
+ public:
+  StartingToolkit() : ConsoleToolkit(Clock::kVirtual, [](const std::string&) {}) {}
+  ui::BoxAnswer MessageBox(ui::BoxStyle, const std::string&, const std::string&) override { return ui::BoxAnswer::kOk; }
+
+ protected:
+  void RunModal(ui::Form& form) override {
+    static_cast<ui::OptionButton*>(form.Find("Option1", 1))->UserPress();
+    static_cast<ui::Button*>(form.Find("CommOK"))->UserPress();
+  }
+};
+
+class PlainWindow : public ChildWindow {
+ public:
+  using ChildWindow::ChildWindow;
+};
+
+// Two records that differ in every control.
+Bytes TwoRecords() {
+  Bytes file = NewArrFile();
+  for (int i = 0; i < 2; ++i) {
+    Bytes record(kArrRecordLength, '\0');
+    PutBytes(record, 1, Padded(i == 0 ? "First" : "Second", kArrNameLength));
+    const auto put = [&record, i](std::size_t offset, int first, int second) {
+      PutByte(record, offset + 1, i == 0 ? first : second);
+    };
+    put(arr_record::kStyleNumber, 3, 90);
+    put(arr_record::kInitialVariation, 0, 3);
+    put(arr_record::kTempo, 60, 190);
+    put(arr_record::kKeyboardAssign, 0, 9);
+    put(arr_record::kSplitPoint, 50, 75);
+    put(arr_record::kEnsemble, 0x01, 0x88);
+    put(arr_record::kTranspose, 3, 250);
+    put(arr_record::kManualDrumKit, 1, 6);
+    put(arr_record::kSwitches1, 0x05, 0x0A);
+    put(arr_record::kSwitches2, 0x15, 0x0A);
+    put(arr_record::kDrumMap, 2, 7);
+    put(arr_record::kKick, 0, 3);
+    put(arr_record::kSnare, 1, 2);
+    put(arr_record::kFill1, 0, 12);
+    put(arr_record::kFill2, 11, 4);
+    put(arr_record::kEffect1, 5, 40);
+    put(arr_record::kEffect2, 30, 8);
+    for (int part = 0; part < kArrPartCount; ++part) {
+      const std::size_t block = PartOffset(part);
+      put(block + part_block::kProgram, 10 + part, 70 + part);
+      put(block + part_block::kBankCode, 0, 1);
+      put(block + part_block::kVolume, 100, 64);
+      put(block + part_block::kPan, 15, 30);
+      put(block + part_block::kSends, 0x35, 0x91);
+      put(block + part_block::kOctave, 0, 255);
+      put(block + part_block::kStatus, 1, 6);
+      put(block + part_block::kWrapAround, 255, 4);
+    }
+    PutBytes(file, kArrHeaderLength + 1 + kArrRecordLength * static_cast<std::size_t>(i), record);
+  }
+  return file;
+}
+
+class Desk {
+ public:
+  Desk() : app(toolkit, midi, disk_, folder_.Path()) {
+    midi.SetOuts({"Out"});
+    midi.SetIns({"In"});
+    app.Start();
+    toolkit.RunChain([this] { return app.Starting(); });
+    ChooseMidiOut(app, 0);
+    app.arrangement.ArrFileImage = TwoRecords();
+    source = &OpenArrWindow(app, 1, folder_.Path("Song"), false);
+    for (int i = 0; i < 2; ++i) {
+      OpenArrEditor(app, *source, i);
+      records[i] = app.arrangement.ArrEditRecord;
+    }
+    editor = toolkit.active_child();
+  }
+
+ private:
+  test::ScratchFolder folder_;
+  PosixDisk disk_;
+
+ public:
+  StartingToolkit toolkit;
+  CountingRecorder midi;
+  Application app;
+  ChildWindow* source = nullptr;
+  ui::Form* editor = nullptr;
+  Bytes records[2];
+};
+
+// The volume of a part up and down, by hand.
+double ChangeTime(Desk& desk) {
+  auto& volume = static_cast<ui::ScrollBar&>(*desk.editor->Find("VScroll1", 3));
+  const long before = desk.midi.taken;
+  const Clock::time_point begin = Clock::now();
+  for (int i = 0; i < kChanges; ++i) volume.UserSet(i % 2 == 0 ? 101 : 27);
+  const double time = Nanoseconds(Clock::now() - begin) / kChanges;
+  // At most the first change could be none.
+  return desk.midi.taken - before >= kChanges - 1 ? time : -1;
+}
+
+double SendTime(Desk& desk) {
+  const long before = desk.midi.taken;
+  const Clock::time_point begin = Clock::now();
+  for (int i = 0; i < kChanges; ++i) SendArrParam(desk.app, 0, 0x15, i % 2 == 0 ? 101 : 27, 0);
+  const double time = Nanoseconds(Clock::now() - begin) / kChanges;
+  return desk.midi.taken - before == kChanges ? time : -1;
+}
+
+// What the editor shows of each of the two records, and controls of the same kinds without handlers that take it.
+class PlainEditor {
+ public:
+  explicit PlainEditor(Desk& desk) : window_(desk.app, "frmPlain", "0") {
+    for (int which = 0; which < 2; ++which) {
+      Show(desk, which);
+      for (ui::Control* control : desk.editor->controls()) Keep(*control, which);
+    }
+  }
+
+  void Assign(int which) {
+    window_.SetCaption(captions_[which]);
+    for (const Number& each : numbers_[which]) each.set(each.value);
+    for (const Text& each : texts_[which]) each.set(each.value);
+  }
+
+  static void Show(Desk& desk, int which) {
+    desk.app.arrangement.ArrEditRecord = desk.records[which];
+    FillArrEditor(desk.app);
+  }
+
+ private:
+  struct Number {
+    std::function<void(int)> set;
+    int value;
+  };
+  struct Text {
+    std::function<void(const std::string&)> set;
+    std::string value;
+  };
+
+  template <class T>
+  T& Made(const T& like) {
+    if (ui::Control* made = window_.Find(like.name(), like.index())) return static_cast<T&>(*made);
+    made_.push_back(std::make_unique<T>(window_, like.name(), like.index()));
+    return static_cast<T&>(*made_.back());
+  }
+
+  void Keep(ui::Control& control, int which) {
+    captions_[which] = control.form().caption();
+    if (auto* bar = dynamic_cast<ui::ScrollBar*>(&control)) {
+      auto& made = Made(*bar);
+      made.SetRange(bar->min(), bar->max());
+      numbers_[which].push_back({[&made](int value) { made.SetValue(value); }, bar->value()});
+    } else if (auto* list = dynamic_cast<ui::ComboBox*>(&control)) {
+      auto& made = Made(*list);
+      while (made.rows() < list->rows()) made.AddRow(list->RowText(made.rows()));
+      numbers_[which].push_back({[&made](int value) { made.SetRow(value); }, list->row()});
+    } else if (auto* box = dynamic_cast<ui::CheckBox*>(&control)) {
+      auto& made = Made(*box);
+      numbers_[which].push_back({[&made](int value) { made.SetValue(value != 0); }, box->value() ? 1 : 0});
+    } else if (auto* text = dynamic_cast<ui::TextBox*>(&control)) {
+      auto& made = Made(*text);
+      texts_[which].push_back({[&made](const std::string& value) { made.SetText(value); }, text->text()});
+    } else if (auto* label = dynamic_cast<ui::Label*>(&control); label != nullptr && label->name() != "LabelName") {
+      auto& made = Made(*label);
+      texts_[which].push_back({[&made](const std::string& value) { made.SetCaption(value); }, label->caption()});
+    }
+  }
+
+  PlainWindow window_;
+  std::vector<std::unique_ptr<ui::Control>> made_;
+  std::string captions_[2];
+  std::vector<Number> numbers_[2];
+  std::vector<Text> texts_[2];
+};
+
+double FillTime(Desk& desk) {
+  const Clock::time_point begin = Clock::now();
+  for (int i = 0; i < kFills; ++i) PlainEditor::Show(desk, i % 2);
+  return Nanoseconds(Clock::now() - begin) / kFills;
+}
+
+double AssignTime(PlainEditor& plain) {
+  const Clock::time_point begin = Clock::now();
+  for (int i = 0; i < kFills; ++i) plain.Assign(i % 2);
+  return Nanoseconds(Clock::now() - begin) / kFills;
+}
+
+void Main() {
+  Desk desk;
+  const double send = Median([&] { return SendTime(desk); });
+  const double alone = Median([&] { return ChangeTime(desk); });
+  PlainEditor plain(desk);
+  const double assign = Median([&] { return AssignTime(plain); });
+  const double fill = Median([&] { return FillTime(desk); });
+  while (desk.app.core.OpenChildCount < kWindows) {
+    const std::string number = std::to_string(desk.app.core.OpenChildCount);
+    desk.toolkit.Open(std::make_unique<PlainWindow>(desk.app, "frmPlain", number));
+  }
+  desk.toolkit.Activate(*desk.editor);
+  const double among = Median([&] { return ChangeTime(desk); });
+  std::printf("send %.0f ns, change %.0f ns, among %d windows %.0f ns; assign %.0f ns, fill %.0f ns\n", send, alone,
+              desk.app.core.OpenChildCount, among, assign, fill);
+  bench::PrintRatio("edit_1", alone / send, "<=", 3, "a change in the editor up to its message, of the bare sending");
+  bench::PrintRatio("edit_24", among / send, "<=", 3, "the same with 24 windows open");
+  bench::PrintRatio("edit_fill", fill / assign, "<=", 3, "showing a record, of giving the values to plain controls");
+}
+
+}  // namespace
+}  // namespace zentaline
+
+int main() {
+  zentaline::Main();
+}
