@@ -60,6 +60,14 @@ void frmMsgEx::TakeFirstSize() {
   ui::Placement place = placement();
   place.width += kFirstCharacters.width * toolkit().TextWidth(kFont, "0") - inner_size().width;
   place.height += kFirstCharacters.height * toolkit().LineHeight(kFont) - inner_size().height;
+  // Where it was put before it had its size it may reach beyond the main window.
+  if (app().main != nullptr) {
+    const ui::Size room = app().main->inner_size();
+    place.width = std::min(place.width, room.width);
+    place.height = std::min(place.height, room.height);
+    place.left = std::clamp(place.left, 0, std::max(room.width - place.width, 0));
+    place.top = std::clamp(place.top, 0, std::max(room.height - place.height, 0));
+  }
   SetPlacement(place);
   ChildWindow::Resized();
 }
