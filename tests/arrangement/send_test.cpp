@@ -310,6 +310,67 @@ TEST_F(Send, FurtherPressesSendTheProgramsOnce) {
   EXPECT_THAT(desk_.Wire(), ElementsAre("0 dump 4C 14992"));
 }
 
+// --- A program file that is open in a window ---
+
+class SendOpenPrograms : public Send {
+ protected:
+  void SetUp() override {
+    Send::SetUp();
+    desk_.Put("Song.prg", prg_ = PrgFile());
+    desk_.program.toolkit.files.push_back({false, desk_.folder.Path("Song.prg"), 3, false});
+    ASSERT_TRUE(desk_.Press("mnuApriPrg"));
+    programs_ = desk_.program.toolkit.active_child();
+    OpenSong();
+  }
+  Bytes& Image() { return static_cast<ChildWindow*>(programs_)->window_image(); }
+
+  std::string prg_;
+  ui::Form* programs_ = nullptr;
+};
+
+TEST_F(SendOpenPrograms, TheWindowsImageGoesOutWithItsUnsavedChanges) {
+  Image().replace(318, 7, "Changed");
+  prg_.replace(48, 7, "Changed");
+  EXPECT_TRUE(Press("CommLoadPrg"));
+  desk_.Wait(5000);
+  // The state numbers 9 and 8 are the intervals of the two waits.
+  EXPECT_THAT(desk_.Log(), ElementsAre("wait 9 \"Loading Program\"", "17 dump 4C 14992", "wait 17 \"\""));
+  EXPECT_EQ(DumpPayload(desk_.dumps.at(0)), PrgPayload(prg_, false));
+  EXPECT_EQ(desk_.Text("frmMain.LabelPrg"), "Song.prg");
+}
+
+TEST_F(SendOpenPrograms, ALinkInTheWindowMakesItAPgg) {
+  Set(Image(), 19, 1);
+  Image().replace(318, 1, Hand({1}));
+  prg_.replace(48, 1, Hand({1}));
+  Press("CommLoadPrg");
+  desk_.Wait(5000);
+  desk_.Log();
+  EXPECT_EQ(DumpPayload(desk_.dumps.at(0)), PrgPayload(prg_, true));
+  EXPECT_EQ(desk_.Text("frmMain.LabelPrg"), "Song.pgg");
+}
+
+TEST_F(SendOpenPrograms, AWindowThatClosesBeforeTheSendSendsNothing) {
+  Press("CommLoadPrg");
+  desk_.Wait(9);
+  programs_->UserClose();
+  desk_.Log();
+  desk_.Wait(5000);
+  EXPECT_THAT(desk_.Log(), ElementsAre("wait 17 \"\""));
+  EXPECT_EQ(desk_.Text("frmMain.LabelPrg"), "");
+}
+
+TEST_F(SendOpenPrograms, PathsAreComparedAsTheyAreStored) {
+  desk_.Put("song.arr", arr_);
+  desk_.Put("song.prg", PrgFile(9));
+  desk_.Open("song.arr");
+  desk_.Log();
+  desk_.Press("frmArrU(2).CommLoadPrg");
+  desk_.Wait(5000);
+  desk_.Log();
+  EXPECT_EQ(DumpPayload(desk_.dumps.at(0)), PrgPayload(PrgFile(9), false));
+}
+
 // --- The modes ---
 
 TEST_F(Send, TheModeButtonsSendTheirModeAndGiveTheFocusBack) {
