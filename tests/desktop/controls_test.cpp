@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QWheelEvent>
 
 #include "tests/desktop/desk.h"
 
@@ -267,6 +268,27 @@ TEST_F(Controls, AScrollBarMovesByKeysAndShowsItsValue) {
   EXPECT_EQ(bar->value(), 127);
   child->HScroll1.SetValue(64);
   EXPECT_EQ(bar->value(), 64);
+}
+
+TEST_F(Controls, ANotchOfTheWheelMovesABarWithTheFocusByOneStep) {
+  auto* bar = Widget<QScrollBar>(child->VScroll1);
+  child->VScroll1.SetValue(64);
+  log.clear();
+  const auto turn = [bar](int eighths) {
+    const QPointF place = QRectF(bar->rect()).center();
+    QWheelEvent event(place, bar->mapToGlobal(place), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QCoreApplication::sendEvent(bar, &event);
+  };
+  turn(120);
+  EXPECT_THAT(log, IsEmpty()) << "without the focus it scrolls what is around";
+  bar->setFocus();
+  log.clear();
+  turn(120);
+  turn(-240);
+  turn(-60);
+  turn(-60);
+  EXPECT_THAT(log, ElementsAre("vbar 65", "vbar 63", "vbar 62"));
 }
 
 TEST_F(Controls, AScrollBarWhoseGreaterValueIsAtTheTopRunsDownwards) {
