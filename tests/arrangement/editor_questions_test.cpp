@@ -75,6 +75,22 @@ TEST(EditorOpening, ItComesBackAtItsPlaceButNotByItselfAtTheNextStart) {
   EXPECT_EQ(next.toolkit.FindForm("frmEditArr"), nullptr);
 }
 
+TEST(EditorOpening, EveryControlTellsWhatItDoesInBothLanguages) {
+  for (const int language : {1, 2}) {
+    ArrDesk desk(false);
+    desk.program.Start(language);
+    desk.Put("song.arr", ArrBytes({{.name = "Song", .parts = {}}}));
+    desk.Open("song.arr");
+    desk.Double(0);
+    for (const ui::Control* control : desk.program.toolkit.FindForm("frmEditArr")->controls()) {
+      EXPECT_FALSE(control->tool_tip().empty()) << control->FullName() << " in language " << language;
+    }
+    const auto* first = desk.Find<ui::Control>("frmEditArr.Combo2(3)");
+    const auto* last = desk.Find<ui::Control>("frmEditArr.Combo2(51)");
+    EXPECT_EQ(first->tool_tip(), last->tool_tip()) << "the nine parts are alike";
+  }
+}
+
 TEST(EditorSelection, YesKeepsTheChangeNoForgetsItAndBothGoOn) {
   for (const auto answer : {kYes, kNo}) {
     EditorDesk desk(TwoRecords());
