@@ -3,9 +3,7 @@
 // stands for is told by the tables.
 #pragma once
 
-#include <algorithm>
 #include <array>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,29 +13,11 @@
 #include "arrangement/arr_format.h"
 #include "arrangement/editor_tables.h"
 #include "core/child_window.h"
+#include "ui/control_array.h"
 
 namespace zentaline {
 
-// An array of controls of one name.
-template <class Control>
-class ControlArray {
- public:
-  ControlArray(ui::Form& form, const char* name, int first, int last) {
-    controls_.resize(static_cast<std::size_t>(last) + 1);
-    for (int i = first; i <= last; ++i) Make(form, name, i);
-  }
-  ControlArray(ui::Form& form, const char* name, std::initializer_list<int> indices) {
-    controls_.resize(static_cast<std::size_t>(std::max(indices)) + 1);
-    for (const int i : indices) Make(form, name, i);
-  }
-  Control& operator[](int index) const { return *controls_[static_cast<std::size_t>(index)]; }
-
- private:
-  void Make(ui::Form& form, const char* name, int i) {
-    controls_[static_cast<std::size_t>(i)] = std::make_unique<Control>(form, name, i);
-  }
-  std::vector<std::unique_ptr<Control>> controls_;
-};
+using ui::ControlArray;
 
 class frmEditArr : public ChildWindow {
  public:
