@@ -138,8 +138,7 @@ void frmArrU::PressAdd() {
   DBAddFile(app(), kKindArr);
   if (const int id = app().arrangement.ArrFileId; id > 0) {
     app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = id;
-    const int row = List1.Row();
-    ShowId(row < 0 ? std::string() : List1.RowText(row).substr(0, kLabelLength));
+    ShowId({});
   }
   ShowWait(app(), 0);
   List1.SetFocus();

@@ -56,9 +56,11 @@ void OpenSiblingPrograms(Application& app, ChildWindow& arrangements, const std:
 
 // What the buffer holds gets its window, and its place among the recent files.
 void ShowChosen(Application& app, const FileKind& kind, int number, const std::string& path, bool read_only) {
-  kind.slot(app, number).state = 1;
+  // The window's image takes the state of a slot that has kept none yet.
+  kind.slot(app, number).state = 0;
   const std::string base = JoinPath(app.files.CurrentFileDir, app.files.CurrentFileName);
   kind.open(app, number, base, read_only);
+  kind.slot(app, number).state = 1;
   RefreshOpenEntries(app);
   AddRecentFile(app, path, read_only);
   if (kind.kind == kKindArr && app.core.settings.OpenPrgWithArr) {

@@ -118,13 +118,14 @@ ScriptEngine::Outcome ScriptEngine::File(Words words) {
     dialog_answer_ = answer;
     return {};
   }
-  if (file.path.empty() || file.path.find('\0') != std::string::npos) return Refused("this is no path");
+  if (file.path.find('\0') != std::string::npos) return Refused("this is no path");
   if (file.filter && (*file.filter < 1 || *file.filter > static_cast<int>(dialog_->filters.size()))) {
     return Refused("the dialog has no such filter");
   }
   if (file.read_only.value_or(false) && !dialog_->shows_read_only) return Refused("the dialog has no read-only box");
-  answer.path = Absolute(host_.Directory(), file.path);
-  if (dialog_->save && !dialog_->default_extension.empty() && !HasExtension(answer.path)) {
+  // No name at all stays none: what a dialog answers when nothing was typed.
+  if (!file.path.empty()) answer.path = Absolute(host_.Directory(), file.path);
+  if (!file.path.empty() && dialog_->save && !dialog_->default_extension.empty() && !HasExtension(answer.path)) {
     answer.path += '.' + dialog_->default_extension;
   }
   dialog_answer_ = std::move(answer);
