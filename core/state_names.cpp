@@ -1,5 +1,9 @@
 #include "core/state_names.h"
 
+#include <cstddef>
+#include <string>
+
+#include "arrangement/db_format.h"
 #include "core/application.h"
 #include "core/boxes.h"
 
@@ -82,6 +86,7 @@ constexpr TextRow kTexts[] = {
     {"NotebookFile", [](const Application& app) -> const std::string& { return app.core.NotebookFile; }},
     {"MultisampleFile", [](const Application& app) -> const std::string& { return app.core.MultisampleFile; }},
     {"DatabaseDir", [](const Application& app) -> const std::string& { return app.core.DatabaseDir; }},
+    {"DBPath", [](const Application& app) -> const std::string& { return app.core.DatabaseDir; }},
     {"ErrorText", [](const Application& app) -> const std::string& { return app.midi.ErrorText; }},
     {"ArrInInstrument", [](const Application& app) -> const std::string& { return app.arrangement.ArrInInstrument; }},
     {"StyInInstrument", [](const Application& app) -> const std::string& { return app.style.StyInInstrument; }},
@@ -108,6 +113,10 @@ constexpr TextRow kImages[] = {
 }  // namespace
 
 std::optional<StateValue> ReadState(const Application& app, std::string_view name) {
+  if (name == "DBDirectory") return StateValue(ShownPath(DBDirectoryOf(app.arrangement.DBImage)));
+  for (std::size_t part = 0; part < app.midi.PartChannel.size(); ++part) {
+    if (name == "PartChannel(" + std::to_string(part) + ")") return StateValue(long{app.midi.PartChannel[part]});
+  }
   for (const NumberRow& row : kNumbers) {
     if (row.name == name) return StateValue(row.read(app));
   }

@@ -82,12 +82,17 @@ bool ModelDriver::DoubleClick(Control& control, int row) {
   return control.kind() == ControlKind::kListBox && As<ListBox>(control).UserDouble(row);
 }
 
+// The release of the right button opens the popup menu, as on a desktop.
 bool ModelDriver::Mouse(Control& control, const MouseEvent& event) {
-  return control.UserMouse(event);
+  if (!control.UserMouse(event)) return false;
+  if (event.right && event.what == MouseEvent::kUp) control.UserContext();
+  return true;
 }
 
 bool ModelDriver::Mouse(Form& form, const MouseEvent& event) {
-  return form.UserMouse(event);
+  if (!form.UserMouse(event)) return false;
+  if (event.right && event.what == MouseEvent::kUp) form.UserContext();
+  return true;
 }
 
 bool ModelDriver::Context(Control& control) {
