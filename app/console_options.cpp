@@ -1,53 +1,34 @@
 #include "app/console_options.h"
 
-#include <optional>
-
 namespace zentaline {
 
-namespace {
-
-std::optional<ConsoleOptions::Midi> MidiByName(const std::string& name) {
-  if (name == "recorder") return ConsoleOptions::Midi::kRecorder;
-  if (name == "virtual") return ConsoleOptions::Midi::kVirtual;
-  if (name == "alsa") return ConsoleOptions::Midi::kAlsa;
-  if (name == "none") return ConsoleOptions::Midi::kNone;
-  return std::nullopt;
-}
-
-}  // namespace
-
 ConsoleOptions ReadConsoleOptions(const std::vector<std::string>& arguments) {
+  using Midi = ConsoleOptions::Midi;
   ConsoleOptions options;
   bool has_script = false;
-  bool only_scripts = false;  // behind --
-  for (std::size_t i = 0; i < arguments.size() && options.error.empty(); ++i) {
-    const std::string& argument = arguments[i];
-    const bool has_value = i + 1 < arguments.size();
-    if (only_scripts || argument == "-" || !argument.starts_with('-')) {
-      if (has_script) options.error = "more than one script: " + argument;
-      if (argument.empty()) options.error = "the script has no name";
-      has_script = true;
-      options.script = argument;
-    } else if (argument == "--") {
-      only_scripts = true;
-    } else if (argument == "--help" || argument == "-h") {
-      options.help = true;
-    } else if (argument == "--realtime") {
-      options.real_time = true;
-    } else if ((argument == "--dir" || argument == "--midi") && !has_value) {
-      options.error = argument + " needs a value";
-    } else if (argument == "--dir") {
-      options.directory = arguments[++i];
-      if (options.directory.empty()) options.error = "--dir needs a value";
-    } else if (argument == "--midi") {
-      const auto midi = MidiByName(arguments[++i]);
-      if (!midi) options.error = "there is no MIDI service " + arguments[i];
-      options.midi = midi.value_or(options.midi);
-    } else {
-      options.error = "there is no option " + argument;
+  OwnOptions own;
+  own.midi = [&](const std::string& service) {
+    constexpr std::pair<const char*, Midi> kServices[] = {
+        {"recorder", Midi::kRecorder}, {"virtual", Midi::kVirtual}, {"alsa", Midi::kAlsa}, {"none", Midi::kNone}};
+    for (const auto& [name, midi] : kServices) {
+      if (service != name) continue;
+      options.midi = midi;
+      return std::string();
     }
-  }
-  if (options.midi == ConsoleOptions::Midi::kAlsa) options.real_time = true;
+    return "there is no MIDI service " + service;
+  };
+  own.operand = [&](const std::string& script) {
+    if (has_script) return "more than one script: " + script;
+    has_script = true;
+    options.script = script;
+    return std::string(script.empty() ? "the script has no name" : "");
+  };
+  own.flag = [&](const std::string& name) {
+    options.real_time = options.real_time || name == "--realtime";
+    return name == "--realtime";
+  };
+  ReadOptions(arguments, own, options);
+  if (options.midi == Midi::kAlsa) options.real_time = true;
   return options;
 }
 

@@ -4,16 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "app/options.h"
+
 namespace zentaline {
 
-struct ConsoleOptions {
+struct ConsoleOptions : SharedOptions {
   enum class Midi { kRecorder, kVirtual, kAlsa, kNone };
-  std::string directory = ".";
   Midi midi = Midi::kRecorder;
   bool real_time = false;
   std::string script = "-";  // "-" is standard input
-  bool help = false;
-  std::string error;  // what is wrong with the usage; empty when nothing is
 };
 
 // `arguments` without the program's name.

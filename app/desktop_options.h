@@ -4,15 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "app/options.h"
+
 namespace zentaline {
 
-struct DesktopOptions {
+struct DesktopOptions : SharedOptions {
   enum class Midi { kDefault, kAlsa, kVirtual, kNone };  // by default ALSA's where the sequencer can be opened
-  std::string directory = ".";
   Midi midi = Midi::kDefault;
   std::vector<std::string> files;
-  bool help = false;
-  std::string error;  // what is wrong with the usage; empty when nothing is
 };
 
 // `arguments` without the program's name.

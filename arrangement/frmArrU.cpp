@@ -79,14 +79,8 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
   CommShowPrg.on_click = [this] { ShowProgramFile(this->app(), Path(), ReadOnly()); };
   List1.on_double_click = CommEdit.on_click = [this] { PressEdit(); };
   CommAdd.on_click = [this] { PressAdd(); };
-  CommArrPlay.on_click = [this] {
-    SendModeArrPlay(this->app());
-    List1.SetFocus();
-  };
-  CommSongPlay.on_click = [this] {
-    SendModeSongPlay(this->app());
-    List1.SetFocus();
-  };
+  MakeModeButton(CommArrPlay, SendModeArrPlay, List1);
+  MakeModeButton(CommSongPlay, SendModeSongPlay, List1);
   CommClose.on_click = [this] { Close(); };
   LayOut();
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "arrangement/arr_format.h"
+#include "bench/measure.h"
 #include "bench/ratios.h"
 #include "core/application.h"
 #include "core/child_window.h"
@@ -25,22 +26,8 @@
 namespace zentaline {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr std::size_t kStyLength = 289800;
 constexpr int kRounds = 15;
-
-double Nanoseconds(Clock::duration time) {
-  return std::chrono::duration<double, std::nano>(time).count();
-}
-
-// The middle one of several measurements: a round that was interrupted doesn't count.
-double Median(const std::function<double()>& measure) {
-  std::vector<double> times;
-  for (int i = 0; i < kRounds; ++i) times.push_back(measure());
-  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
-  return times[kRounds / 2];
-}
 
 // Notes when it has taken the program change that ends a selection.
 class TimedRecorder : public RecorderMidi {
@@ -194,8 +181,8 @@ double OpenTime(Desk& desk) {
 
 void MeasureOpening(Desk& desk) {
   std::vector<char> buffer(std::size_t{1} << 20);
-  const double read = Median([&] { return ReadTime(desk, buffer); });
-  const double open = Median([&] { return OpenTime(desk); });
+  const double read = Median(kRounds, [&] { return ReadTime(desk, buffer); });
+  const double open = Median(kRounds, [&] { return OpenTime(desk); });
   std::printf("reading %.0f ns, opening %.0f ns\n", read, open);
   bench::PrintRatio("open_set", open / read, "<=", 10, "opening .arr, .sty and .prg as a window, of reading them");
 }
@@ -205,8 +192,8 @@ void MeasureClicks(Desk& desk) {
   auto& list = *static_cast<ui::ListBox*>(window.Find("List1"));
   PlainWindow other(desk.app, "frmPlain", "0");
   ui::ListBox built(other, "List1");
-  const double build = Median([&] { return ListTime(window, built); });
-  const double alone = Median([&] { return ClickTime(desk, list); });
+  const double build = Median(kRounds, [&] { return ListTime(window, built); });
+  const double alone = Median(kRounds, [&] { return ClickTime(desk, list); });
   // Eight files at most, and other windows up to 24 in all.
   for (int i = 2; i <= kFileWindows; ++i) {
     const std::string name = "Song" + std::to_string(i) + ".arr";
@@ -217,7 +204,7 @@ void MeasureClicks(Desk& desk) {
     desk.toolkit.Open(std::make_unique<PlainWindow>(desk.app, "frmPlain", std::to_string(i)));
   }
   desk.toolkit.Activate(window);
-  const double among = Median([&] { return ClickTime(desk, list); });
+  const double among = Median(kRounds, [&] { return ClickTime(desk, list); });
   std::printf("list %.0f ns, click %.0f ns, click among %d windows %.0f ns\n", build, alone,
               desk.app.core.OpenChildCount, among);
   bench::PrintRatio("click_1", alone / build, "<=", 0.1, "a click up to its last byte, of building the list");

@@ -11,6 +11,7 @@
 
 #include "arrangement/api.h"
 #include "arrangement/arr_format.h"
+#include "bench/measure.h"
 #include "bench/ratios.h"
 #include "core/application.h"
 #include "core/child_window.h"
@@ -25,24 +26,10 @@
 namespace zentaline {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr int kRounds = 41;
 constexpr int kChanges = 2000;
 constexpr int kFills = 200;
 constexpr int kWindows = 24;
-
-double Nanoseconds(Clock::duration time) {
-  return std::chrono::duration<double, std::nano>(time).count();
-}
-
-// The middle one of several measurements: a round that was interrupted doesn't count.
-double Median(const std::function<double()>& measure) {
-  std::vector<double> times;
-  for (int i = 0; i < kRounds; ++i) times.push_back(measure());
-  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
-  return times[kRounds / 2];
-}
 
 // Counts the long messages that it has taken.
 class CountingRecorder : public RecorderMidi {
@@ -246,17 +233,17 @@ double AssignTime(PlainEditor& plain) {
 
 void Main() {
   Desk desk;
-  const double send = Median([&] { return SendTime(desk); });
-  const double alone = Median([&] { return ChangeTime(desk); });
+  const double send = Median(kRounds, [&] { return SendTime(desk); });
+  const double alone = Median(kRounds, [&] { return ChangeTime(desk); });
   PlainEditor plain(desk);
-  const double assign = Median([&] { return AssignTime(plain); });
-  const double fill = Median([&] { return FillTime(desk); });
+  const double assign = Median(kRounds, [&] { return AssignTime(plain); });
+  const double fill = Median(kRounds, [&] { return FillTime(desk); });
   while (desk.app.core.OpenChildCount < kWindows) {
     const std::string number = std::to_string(desk.app.core.OpenChildCount);
     desk.toolkit.Open(std::make_unique<PlainWindow>(desk.app, "frmPlain", number));
   }
   desk.toolkit.Activate(*desk.editor);
-  const double among = Median([&] { return ChangeTime(desk); });
+  const double among = Median(kRounds, [&] { return ChangeTime(desk); });
   std::printf("send %.0f ns, change %.0f ns, among %d windows %.0f ns; assign %.0f ns, fill %.0f ns\n", send, alone,
               desk.app.core.OpenChildCount, among, assign, fill);
   bench::PrintRatio("edit_1", alone / send, "<=", 3, "a change in the editor up to its message, of the bare sending");

@@ -106,6 +106,13 @@ void ChildWindow::TakePath(const std::string& base) {
   ShowName();
 }
 
+void ChildWindow::MakeModeButton(ui::Button& button, void (*send)(Application&), ui::ListBox& list) {
+  button.on_click = [this, send, &list] {
+    send(app_);
+    list.SetFocus();
+  };
+}
+
 void ChildWindow::ToggleSize(ui::Size size) {
   const bool back = size_before_.width > 0;
   const ui::Size wanted = back ? size_before_ : size;

@@ -68,6 +68,8 @@ class ChildWindow : public ui::Form {
   void FilesDropped(const std::vector<std::string>& paths) override;
 
  protected:
+  // The button sends a mode and gives the keys back to the list.
+  void MakeModeButton(ui::Button& button, void (*send)(Application&), ui::ListBox& list);
   // What keeps the window's place: the record of a file's window, or the entry of a form that there is once. Null when
   // it has none.
   virtual WindowRecord* Record() { return nullptr; }

@@ -36,14 +36,8 @@ frmStyAB::frmStyAB(Application& app, int kind) : ChildWindow(app, "frmStyAB", st
     if (const int row = List1.Row(); row >= 0) PickStyle(this->app(), window_image(), row, List1.RowText(row));
   };
   List1.on_context = on_context = [this] { PopupEditMenu(); };
-  CommArrPlay.on_click = [this] {
-    SendModeArrPlay(this->app());
-    List1.SetFocus();
-  };
-  CommSongPlay.on_click = [this] {
-    SendModeSongPlay(this->app());
-    List1.SetFocus();
-  };
+  MakeModeButton(CommArrPlay, SendModeArrPlay, List1);
+  MakeModeButton(CommSongPlay, SendModeSongPlay, List1);
   CommClose.on_click = [this] { Close(); };
   layout = ui::Row({ui::Item(List1, 1),
                     ui::Column({ui::Item(CommArrPlay), ui::Item(CommSongPlay), ui::Space(), ui::Item(CommClose)})});
