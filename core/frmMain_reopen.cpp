@@ -16,14 +16,18 @@ using enum MenuId;
 // The rest of the load must run once: whichever of the two timers fires first stops the other.
 constexpr int kSecondTimer = 20;
 
-// The windows that TimerAuto brings back: its index, which is the form's too, and their menu entry.
+// The windows that TimerAuto brings back: its index, the form whose state says that it was open, and its menu entry.
 struct AutoWindow {
   int index;
+  WindowKind form;
   MenuId entry;
 };
 constexpr AutoWindow kAutoWindows[] = {
-    {2, mnuArrA},   {3, mnuArrB},   {4, mnuWProgA}, {5, mnuWProgB},       {6, mnuWProgC},
-    {7, mnuWProgD}, {8, mnuWProgE}, {9, mnuDrum},   {10, mnuGlobalParam}, {11, mnuWFindID},
+    {2, kKindArrA, mnuArrA},       {3, kKindArrB, mnuArrB},        {4, kKindPrgA, mnuWProgA},
+    {5, kKindPrgB, mnuWProgB},     {6, kKindPrgC, mnuWProgC},      {7, kKindPrgD, mnuWProgD},
+    {8, kKindPrgE, mnuWProgE},     {9, kKindDrum, mnuDrum},        {10, kKindGlobal, mnuGlobalParam},
+    {11, kKindFindId, mnuWFindID}, {12, kKindPercussion, mnuPerc}, {13, kKindMonitor, mnuMsgEx},
+    {14, kKindStyA, mnuStyA},      {15, kKindStyB, mnuStyB},
 };
 
 // The tables of file windows in the order in which they come back.
@@ -62,14 +66,14 @@ void frmMain::FinishLoad() {
   Timer2.Stop();
   to_reopen_ =
       static_cast<int>(std::count_if(std::begin(kAutoWindows), std::end(kAutoWindows), [this](const auto& row) {
-        return app().core.FormStates[static_cast<std::size_t>(row.index)].state != 0 && Menu(row.entry).Usable();
+        return app().core.FormStates[static_cast<std::size_t>(row.form)].state != 0 && Menu(row.entry).Usable();
       }));
   TimerAuto.front()->Start();
 }
 
 void frmMain::ReopenAuto(std::size_t i) {
   const AutoWindow& window = kAutoWindows[i];
-  if (app().core.FormStates[static_cast<std::size_t>(window.index)].state != 0 && Menu(window.entry).Usable()) {
+  if (app().core.FormStates[static_cast<std::size_t>(window.form)].state != 0 && Menu(window.entry).Usable()) {
     Menu(window.entry).Press();
     ++reopened_;
   }

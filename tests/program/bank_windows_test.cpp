@@ -119,6 +119,24 @@ TEST_F(BankWindows, OpenBanksComeBackAtTheNextStartWithTheirChannels) {
   EXPECT_TRUE(next.Enabled(MenuId::mnuWProgE));
 }
 
+TEST_F(BankWindows, PercussionTheStyleBanksAndTheMonitorComeBackToo) {
+  for (const char* entry : {"mnuPerc", "mnuStyA", "mnuStyB", "mnuMsgEx"}) desk_.Press(entry);
+  desk_.Channel("frmDrum(10)", 8);
+  Window("frmStyAB(18)")->Close();
+  ASSERT_TRUE(desk_.program.Quit());
+
+  TestProgram next(desk_.folder);
+  ASSERT_TRUE(next.Start());
+  ASSERT_NE(next.toolkit.FindForm("frmDrum(10)"), nullptr);
+  EXPECT_EQ(next.toolkit.FindForm("frmDrum(10)")->caption(), "Percussion - MIDI Channel 9");
+  EXPECT_EQ(next.toolkit.FindForm("frmDrum(9)"), nullptr);
+  EXPECT_NE(next.toolkit.FindForm("frmStyAB(17)"), nullptr);
+  EXPECT_EQ(next.toolkit.FindForm("frmStyAB(18)"), nullptr);
+  EXPECT_NE(next.toolkit.FindForm("frmMsgEx"), nullptr);
+  EXPECT_TRUE(next.app.midi.MonitorOn);
+  EXPECT_FALSE(next.Enabled(MenuId::mnuPerc));
+}
+
 TEST_F(BankWindows, AnArmedPartIsSelectedOnItsOwnChannelAndTheArrangementCountsAsChanged) {
   ArrangementState& arrangement = desk_.program.app.arrangement;
   desk_.program.app.midi.PartChannel = {9, 10, 11, 12, 13, 14, 3, 2, 1};
