@@ -172,6 +172,7 @@ using ui::Item;
 using ui::Layout;
 using ui::Row;
 using ui::Space;
+using ui::Tight;
 
 constexpr ui::Size kNameSize = {18, 1};
 constexpr ui::Size kProgramSize = {11, 1};
@@ -239,16 +240,15 @@ Layout frmEditArr::Strip(int part) {
   VScroll1[pan].least_characters = kPanSize;
   CommM[part].least_characters = CommS[part].least_characters = kValueSize;
   std::vector<Layout> strip = {
-      Item(Text1[box]), Item(Text1[box + 1]), Row({Item(*FieldOf(kVScroll1, pan).name), Space(), Item(Label2[pan])}),
-      Item(VScroll1[pan]),
+      Tight(Column({Item(Text1[box]), Item(Text1[box + 1])})),
+      Tight(Column({Row({Item(*FieldOf(kVScroll1, pan).name), Space(), Item(Label2[pan])}), Item(VScroll1[pan])})),
       Row({Item(VScroll1[volume]), Column({Item(*FieldOf(kVScroll1, volume).name), Item(Label2[volume]), Space(),
                                            Item(CommM[part]), Item(CommS[part])})},
           1)};
   for (int list = kPartListStep * part; list < kPartListStep * (part + 1); ++list) {
-    strip.push_back(Item(*FieldOf(kCombo2, list).name));
-    strip.push_back(Item(Combo2[list]));
+    strip.push_back(Tight(Column({Item(*FieldOf(kCombo2, list).name), Item(Combo2[list])})));
   }
-  return Inside(PartFrame(part), Column(std::move(strip), 1));
+  return Tight(Inside(PartFrame(part), Column(std::move(strip), 1)));
 }
 
 }  // namespace zentaline

@@ -22,7 +22,7 @@
 #include <string>
 #include <vector>
 
-#include "arrangement/arr_format.h"
+#include "bench/measure.h"
 #include "core/application.h"
 #include "core/main_window.h"
 #include "core/posix_disk.h"
@@ -36,7 +36,7 @@ namespace {
 
 using zentaline::ui::ControlKind;
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
+using zentaline::Clock;
 
 constexpr int kRounds = 31;
 constexpr double kLimit = 1.5;
@@ -93,7 +93,7 @@ double Measure(const std::function<void()>& open) {
     std::fprintf(stderr, "bench_desktop_editor: nothing was painted\n");
     std::exit(1);
   }
-  return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+  return zentaline::Nanoseconds(Clock::now() - begin) / 1e6;
 }
 
 // What stands on the pages of the editor, and around them.
@@ -179,7 +179,7 @@ QMdiSubWindow* OpenPlain(QMdiArea& area, const Kinds& kinds, const QRect& place)
   return window;
 }
 
-double Median(std::vector<double> values) {
+double Middle(std::vector<double> values) {
   std::sort(values.begin(), values.end());
   return values[values.size() / 2];
 }
@@ -231,8 +231,8 @@ int main(int, char** arguments) {
     editor_times.push_back(editor_time);
     plain_times.push_back(plain_time);
   }
-  const double editor = Median(editor_times);
-  const double plain = Median(plain_times);
+  const double editor = Middle(editor_times);
+  const double plain = Middle(plain_times);
   std::printf("desktop_editor: %zu plain widgets %.1f ms, editor %.1f ms\n", count, plain, editor);
   std::printf("bench desktop_editor %g <= %g the press to the editor's first frame, beside as many plain widgets\n",
               editor / plain, kLimit);

@@ -18,7 +18,7 @@ struct Layout {
   int columns = 0;               // of kGrid; the children fill it row by row
   int stretch = 0;               // how much it takes of the room that is left over; 0 keeps its size
   bool scrolls = false;          // what doesn't fit is scrolled to
-  bool tight = false;            // no room between the children, nor around the whole form
+  bool tight = false;            // no room between the children, nor around the whole form; little inside a frame
 };
 
 inline Layout Item(Control& control, int stretch = 0) {

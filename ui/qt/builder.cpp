@@ -22,6 +22,8 @@ namespace {
 
 using Kind = Layout::Kind;
 
+constexpr int kTightMargin = 4;  // pixels, inside a frame that is to be narrow
+
 // A list, a text of many lines, or pages: they use more room than they need.
 bool Grows(const Layout& layout) {
   if (layout.stretch > 0 || layout.scrolls || layout.kind == Kind::kPages) return true;
@@ -51,6 +53,8 @@ class Builder {
     if (form_.layout.tight) box->setContentsMargins(0, 0, 0, 0);
     Layout whole = form_.layout.kind == Kind::kNothing ? ColumnOfAll() : form_.layout;
     if (whole.stretch == 0) whole.stretch = 1;
+    // The main window may be smaller than a window that fills it.
+    if (form_.kind() == FormKind::kChild && !whole.tight) whole.scrolls = true;
     parent_ = built_.body;
     Add(*box, whole, 1);
     for (View* view : built_.views) view->ShowAll();
@@ -138,7 +142,8 @@ class Builder {
     QWidget* widget = layout.control == nullptr ? nullptr : MakeWidget(*layout.control);
     if (widget == nullptr) return nullptr;
     if (layout.kind == Kind::kFrame) {
-      Fill(*widget, layout.children, layout.control->kind() == ControlKind::kPictureBox ? 0 : -1);
+      const bool plain = layout.control->kind() == ControlKind::kPictureBox;
+      Fill(*widget, layout.children, plain ? 0 : layout.tight ? kTightMargin : -1);
       return widget;
     }
     auto* tabs = static_cast<QTabWidget*>(widget);

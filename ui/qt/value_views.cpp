@@ -1,6 +1,8 @@
 // Scroll bars and combo boxes.
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QCompleter>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
@@ -19,6 +21,7 @@ namespace zentaline::ui::qt {
 namespace {
 
 constexpr int kLeastBarLength = 120;  // pixels: long enough to aim at a value
+constexpr int kLeastBarHeight = 104;  // a window has less room to give in its height
 
 // Turning the wheel over a page scrolls the page; it changes a value only where the focus is.
 template <class Base>
@@ -74,7 +77,7 @@ class ScrollBarView : public View {
     widget_->setFocusPolicy(Qt::StrongFocus);
     widget_->setContextMenuPolicy(Qt::PreventContextMenu);
     if (bar.vertical) {
-      widget_->setMinimumHeight(kLeastBarLength);
+      widget_->setMinimumHeight(kLeastBarHeight);
     } else {
       widget_->setMinimumWidth(kLeastBarLength);
     }
@@ -130,7 +133,7 @@ class ComboBoxView : public View {
  public:
   ComboBoxView(ComboBox& box, Gate& gate, QWidget* parent)
       : View(box, gate, new Combo(parent)), box_(box), widget_(static_cast<Combo*>(View::widget())) {
-    widget_->setEditable(box.editable);
+    if (box.editable) GiveLine();
     widget_->setInsertPolicy(QComboBox::NoInsert);
     widget_->setMaxVisibleItems(24);
     widget_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -138,7 +141,6 @@ class ComboBoxView : public View {
     widget_->setMinimumContentsLength(6);
     connect(widget_, &QComboBox::activated, this, [this](int row) { User([this, row] { box_.UserSelect(row); }); });
     if (QLineEdit* line = widget_->lineEdit()) {
-      line->setCompleter(nullptr);
       Watch(line);
       connect(line, &QLineEdit::textEdited, this,
               [this](const QString& text) { User([this, text] { box_.UserType(FromQt(text)); }); });
@@ -149,7 +151,9 @@ class ComboBoxView : public View {
   void Refresh(Change change) override {
     if (change == Change::kRows) {
       widget_->clear();
-      for (int row = 0; row < box_.rows(); ++row) widget_->addItem(ToQt(box_.RowText(row)));
+      QStringList rows;
+      for (int row = 0; row < box_.rows(); ++row) rows.append(ToQt(box_.RowText(row)));
+      widget_->addItems(rows);
     }
     if (change != Change::kRows && change != Change::kRow) return;
     widget_->shown = ToQt(box_.text());
@@ -168,6 +172,21 @@ class ComboBoxView : public View {
   }
 
  private:
+  // A line that has a completer isn't given another one, whose making would take longer than that of the box. Nothing
+  // is completed while typing: what a text stands for is the model's to say.
+  void GiveLine() {
+    static constexpr char kName[] = "no_completer";
+    auto* none = qApp->findChild<QCompleter*>(QLatin1String(kName), Qt::FindDirectChildrenOnly);
+    if (none == nullptr) {
+      none = new QCompleter(qApp);
+      none->setObjectName(QLatin1String(kName));
+    }
+    auto* line = new QLineEdit(widget_);
+    line->setCompleter(none);
+    widget_->setLineEdit(line);
+    line->setCompleter(nullptr);
+  }
+
   ComboBox& box_;
   Combo* widget_;
 };

@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QStyle>
 #include <QUrl>
 #include <algorithm>
 #include <utility>
@@ -23,7 +24,7 @@ namespace zentaline::ui::qt {
 
 namespace {
 
-constexpr QSize kFirstSize(1120, 760);  // of the main window, where the screen has room for it
+constexpr QSize kFirstSize(1760, 1100);  // of the main window, where the screen has room for it
 constexpr QSize kLeastSize(480, 320);
 constexpr int kTitleRoom = 140;  // pixels
 
@@ -310,9 +311,17 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
   area->addSubWindow(window_);
   const Placement& place = form.placement();
   if (place.width == 0) {
-    const QSize hint = window_->sizeHint();
+    QSize hint = window_->sizeHint();
     const QSize room = area->viewport()->size();
+    // What scrolls in one direction has its bar beside what it would have shown whole in the other.
+    const int bar = window_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QSize over(hint.height() > room.height() ? bar : 0, hint.width() > room.width() ? bar : 0);
+    hint += over;
     window_->resize(hint.boundedTo(room).expandedTo(window_->minimumSizeHint()));
+    // Its place was found for the size without these bars.
+    const QPoint last(room.width() - window_->width(), room.height() - window_->height());
+    window_->move(std::clamp(window_->x(), 0, std::max(last.x(), 0)),
+                  std::clamp(window_->y(), 0, std::max(last.y(), 0)));
   }
   Place(place);
 }
