@@ -252,6 +252,7 @@ bool frmPrgUN::QueryClose() {
 }
 
 void frmPrgUN::Unload() {
+  if (TimerLoadPrg.interval() != kTimerIdle) ShowWait(app(), 0);  // nothing is left that would send
   app().prg_windows[static_cast<std::size_t>(number_)] = nullptr;
   ChildWindow::Unload();
   // The instrument's own window keeps its mark, and so its file.

@@ -57,6 +57,16 @@ TEST_F(BankSend, APressWhileTheWaitTextStandsSendsAtOnceAndNotAgain) {
   EXPECT_THAT(desk_.Wire(), ElementsAre(std::string("0") + kDump));
 }
 
+TEST_F(BankSend, AWindowThatClosesWhileTheWaitTextStandsSendsNothingAndTakesTheTextAway) {
+  Open(Bank());
+  Load();
+  EXPECT_EQ(desk_.program.app.main->Label1.caption(), "Loading Program");
+  desk_.program.toolkit.FindForm("frmPrgUN(1)")->Close();
+  EXPECT_EQ(desk_.program.app.main->Label1.caption(), "");
+  desk_.Wait(1000);
+  EXPECT_TRUE(desk_.Wire().empty());
+}
+
 TEST_F(BankSend, TheInstrumentGoesBackToTheModeItWasIn) {
   Open(Bank());
   struct Mode {
