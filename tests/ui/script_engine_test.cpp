@@ -352,11 +352,16 @@ TEST(ScriptEngine, ASaveDialogAddsItsExtensionWhereThereIsNone) {
                                       "/toys/.toy.toy filter 1", "/toys/a filter 1"));
 }
 
+TEST(ScriptEngine, ADialogCanBeLeftWithoutAName) {
+  const Result result = AfterStart("press mnuOpen\nfile \"\"\npress mnuSave\nfile \"\" filter=2");
+  EXPECT_EQ(result.status, 0) << result.complaint;
+  EXPECT_THAT(result.log, ElementsAre(" filter 1", " filter 2"));
+}
+
 TEST(ScriptEngine, ADialogRefusesWhatItCanNotHold) {
   EXPECT_EQ(StatusOf("press mnuOpen\nfile a filter=3"), 1);
   EXPECT_EQ(StatusOf("press mnuOpen\nfile a filter=0"), 1);
   EXPECT_EQ(StatusOf("press mnuSave\nfile a readonly=1"), 1);
-  EXPECT_EQ(StatusOf("press mnuOpen\nfile \"\""), 1);
   EXPECT_EQ(StatusOf("press mnuOpen\nfile \"a\\x00b\""), 1);
   EXPECT_EQ(StatusOf("press mnuOpen\nanswer yes"), 3);
   EXPECT_EQ(StatusOf("press mnuOpen\npress mnuNew"), 3);
