@@ -174,7 +174,7 @@ TEST_F(Monitor, ItsFirstSizeIsSixtyFourCharactersAndThirtyLines) {
   EXPECT_EQ(place.height, 480);
 }
 
-TEST_F(Monitor, ItsPlaceIsKeptFromRunToRunAndItStaysClosed) {
+TEST_F(Monitor, ItComesBackAtTheNextStartWhereItWas) {
   ui::Form* window = desk_.program.toolkit.FindForm("frmMsgEx");
   desk_.program.toolkit.UserPlaces(*window, {20, 30, 600, 250, ui::WindowState::kNormal});
   desk_.program.toolkit.UserPlaces(*window, {20, 30, 600, 250, ui::WindowState::kMinimised});
@@ -188,11 +188,20 @@ TEST_F(Monitor, ItsPlaceIsKeptFromRunToRunAndItStaysClosed) {
   EXPECT_EQ(file.At(1, at + 4) * 256 + file.At(1, at + 5), 600);
   EXPECT_EQ(file.At(1, at + 6) * 256 + file.At(1, at + 7), 250);
   TestProgram next(desk_.folder);
-  next.Start();
-  EXPECT_EQ(next.toolkit.FindForm("frmMsgEx"), nullptr);
-  EXPECT_FALSE(next.app.main->Menu(MenuId::mnuMsgEx).checked());
-  next.Press(MenuId::mnuMsgEx);
+  ASSERT_TRUE(next.Start());
+  ASSERT_NE(next.toolkit.FindForm("frmMsgEx"), nullptr);
+  EXPECT_TRUE(next.app.main->Menu(MenuId::mnuMsgEx).checked());
   EXPECT_EQ(next.toolkit.FindForm("frmMsgEx")->placement(),
+            (ui::Placement{20, 30, 600, 250, ui::WindowState::kNormal}));
+  // Closed, it stays closed, and keeps its place for when it is opened.
+  next.Press(MenuId::mnuMsgEx);
+  ASSERT_TRUE(next.Quit());
+  TestProgram third(desk_.folder);
+  ASSERT_TRUE(third.Start());
+  EXPECT_EQ(third.toolkit.FindForm("frmMsgEx"), nullptr);
+  EXPECT_FALSE(third.app.main->Menu(MenuId::mnuMsgEx).checked());
+  third.Press(MenuId::mnuMsgEx);
+  EXPECT_EQ(third.toolkit.FindForm("frmMsgEx")->placement(),
             (ui::Placement{20, 30, 600, 250, ui::WindowState::kNormal}));
 }
 
