@@ -229,6 +229,14 @@ TEST_F(Controls, AnEditableComboBoxIsTypedInto) {
   EXPECT_EQ(child->Combo2.row(), -1);
 }
 
+TEST_F(Controls, NothingIsCompletedWhileTyping) {
+  auto* box = Widget<QComboBox>(child->Combo2);
+  box->lineEdit()->clear();
+  QTest::keyClicks(box->lineEdit(), "al");
+  EXPECT_EQ(box->lineEdit()->text(), "al");
+  EXPECT_EQ(child->Combo2.text(), "al");
+}
+
 TEST_F(Controls, ACheckBoxIsClickedAndShown) {
   auto* box = Widget<QCheckBox>(child->Check1);
   QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, {8, box->height() / 2});

@@ -5,6 +5,9 @@
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 #include <QUrl>
 
@@ -110,6 +113,32 @@ TEST_F(Windows, NoWindowIsSmallerThanItsCaptionsNeed) {
   const auto* button = Widget<QPushButton>(child->Comm1);
   EXPECT_GE(button->width(), button->sizeHint().width());
   EXPECT_EQ(child->placement().width, Sub(*child)->width());
+}
+
+TEST_F(Windows, AWindowWithTooLittleRoomScrollsAndKeepsItsControlsApart) {
+  Sub(*child)->setGeometry(0, 0, 240, 160);
+  Settle();
+  const auto* area = Frame(*child)->findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_GT(area->horizontalScrollBar()->maximum(), 0);
+  EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
+  const auto place = [area](const QWidget* widget) {
+    return QRect(widget->mapTo(area->widget(), QPoint()), widget->size());
+  };
+  const QRect list = place(Widget<QWidget>(child->List1));
+  const QRect text = place(Widget<QWidget>(child->Text1));
+  const QRect button = place(Widget<QWidget>(child->Comm1));
+  EXPECT_LT(list.right(), text.left());
+  EXPECT_LT(text.right(), button.left());
+}
+
+TEST_F(Windows, TheMainWindowTakesMostOfTheScreenAtItsFirstStart) {
+  const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+  const QSize window = toolkit.windows().main()->window()->size();
+  EXPECT_GE(window.width(), std::min(screen.width() * 85 / 100, 1600));
+  EXPECT_GE(window.height(), std::min(screen.height() * 85 / 100, 1000));
+  EXPECT_LE(window.width(), screen.width());
+  EXPECT_LE(window.height(), screen.height());
 }
 
 TEST_F(Windows, TheCaptionFollowsTheModel) {
