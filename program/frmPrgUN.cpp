@@ -17,6 +17,7 @@ namespace zentaline {
 
 namespace {
 
+constexpr int kTextEdit = 71;
 constexpr int kTextNewFileProgram = 88;
 constexpr int kWaitLoadingPrg = 4;
 constexpr std::string_view kUntitled = "Untitled";
@@ -34,7 +35,7 @@ frmPrgUN::frmPrgUN(Application& app, int number, Bytes image)
     : ProgramListWindow(app, "frmPrgUN", std::to_string(number), std::move(image)), number_(number) {
   CommLoad.SetCaption("&Load Prog");
   CommProgram.SetCaption("&PROGRAM");
-  CommEdit.SetCaption("&Edit");
+  CommEdit.SetCaption(GetText(app, kTextEdit));
   List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
   CommLoad.on_click = [this] { PressLoad(); };
   CommProgram.on_click = [this] { SendModeProgram(this->app()); };

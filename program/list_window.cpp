@@ -11,6 +11,7 @@ namespace zentaline {
 
 namespace {
 
+constexpr int kTextClose = 8;
 constexpr int kTextMidiChannel = 22;
 constexpr int kChannels = 16;
 constexpr int kRowsOfADecade = 8;
@@ -21,7 +22,7 @@ ProgramListWindow::ProgramListWindow(Application& app, std::string name, std::st
     : ChildWindow(app, std::move(name), std::move(number)) {
   window_image() = std::move(image);
   Label1.SetCaption(GetText(app, kTextMidiChannel));
-  CommClose.SetCaption("&Close");
+  CommClose.SetCaption(GetText(app, kTextClose));
   std::vector<std::string> channels;
   for (int channel = 1; channel <= kChannels; ++channel) channels.push_back(" " + std::to_string(channel));
   Combo1.SetRows(std::move(channels));
