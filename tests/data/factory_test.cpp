@@ -406,13 +406,20 @@ INSTANTIATE_TEST_SUITE_P(Guides, Guide, testing::Values("Zentaline-GuidaUtente.t
 TEST(Guides, TellTheSameThingsInTheSameOrder) {
   const auto sections = [](const std::string& text) {
     int found = 0;
-    for (int n = 1; n <= 20; ++n) {
-      if (text.find("\r\n\r\n" + std::to_string(n) + "  ") != std::string::npos) found = n;
-    }
+    while (text.find("\r\n\r\n" + std::to_string(found + 1) + "  ") != std::string::npos) ++found;
     return found;
   };
-  EXPECT_EQ(sections(Read("Zentaline-GuidaUtente.txt")), 16);
-  EXPECT_EQ(sections(Read("Zentaline-UserGuide.txt")), 16);
+  EXPECT_EQ(sections(Read("Zentaline-GuidaUtente.txt")), 22);
+  EXPECT_EQ(sections(Read("Zentaline-UserGuide.txt")), 22);
+}
+
+TEST_P(Guide, NamesEverySectionInItsContents) {
+  const std::string text = Read(GetParam());
+  for (int n = 1; n <= 22; ++n) {
+    const std::string number = std::to_string(n);
+    const std::string entry = std::string(4 - number.size(), ' ') + number + "  ";
+    EXPECT_NE(text.find("\r\n" + entry), std::string::npos) << n;
+  }
 }
 
 TEST(Guides, WriteAccentsInTheWindowsCharacterSet) {
