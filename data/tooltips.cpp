@@ -126,7 +126,7 @@ constexpr Tip kTips[] = {
     {"frmMain", "mnuAutoPrgSel", "Selezionando un program ne trasmette prima il banco, se lo strumento non lo ha; la barra spaziatrice mostra i program dell'arrangement", "Selecting a program first sends its bank, if the instrument lacks it; the space bar shows the programs of the arrangement"},
     {"frmMain", "mnuRdOnly", "Apre i file in sola lettura, così che nulla possa cambiarli", "Opens files for reading only, so that nothing can change them"},
     {"frmMain", "mnuVisBarraStato", "Mostra o nasconde la barra di stato", "Shows or hides the status bar"},
-    {"frmMain", "mnuAddi40DBArr", "Mette nell'archivio ogni file che si salva", "Enters every file that you save in the database"},
+    {"frmMain", "mnuAddi40DBArr", "Mette nell'archivio ogni file di arrangement che si apre", "Enters every arrangement file that you open in the database"},
 
     // Window and help menus.
     {"frmMain", "mnuWindow", "Ordinare le finestre aperte", "Put the open windows in order"},
