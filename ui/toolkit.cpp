@@ -14,6 +14,7 @@ Form& Toolkit::Open(std::unique_ptr<Form> form) {
   Form& opened = *form;
   forms_.push_back(std::move(form));
   opened.open_ = true;
+  if (opened.kind() == FormKind::kModal) modals_.push_back(&opened);
   opened.Load();
   ShowForm(opened);
   if (opened.kind() == FormKind::kChild) Activate(opened);
@@ -46,12 +47,6 @@ Form* Toolkit::active_child() const {
   return activation_order_.empty() ? nullptr : activation_order_.back();
 }
 
-Form* Toolkit::modal() const {
-  const auto last =
-      std::find_if(forms_.rbegin(), forms_.rend(), [](const auto& form) { return form->kind() == FormKind::kModal; });
-  return last == forms_.rend() ? nullptr : last->get();
-}
-
 Form* Toolkit::FindForm(const std::string& full_name) const {
   const auto found =
       std::find_if(forms_.begin(), forms_.end(), [&](const auto& form) { return form->FullName() == full_name; });
@@ -70,6 +65,7 @@ bool Toolkit::FireDueTimer() {
 void Toolkit::DropForms() {
   timers_.StopAll();
   activation_order_.clear();
+  modals_.clear();
   closed_.clear();
   while (!forms_.empty()) forms_.pop_back();
 }
@@ -91,6 +87,7 @@ void Toolkit::Closed(Form& form) {
   HideForm(form);
   const auto place =
       std::find_if(forms_.begin(), forms_.end(), [&form](const auto& open) { return open.get() == &form; });
+  std::erase(modals_, &form);
   closed_.push_back(std::move(*place));
   forms_.erase(place);
   if (form.kind() == FormKind::kMain) {

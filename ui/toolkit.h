@@ -29,7 +29,7 @@ class Toolkit {
   std::vector<Form*> forms() const;
   Form* active_child() const;
   // The modal form on top, null when there is none.
-  Form* modal() const;
+  Form* modal() const { return modals_.empty() ? nullptr : modals_.back(); }
   // Null when no open form has this full name, as in frmArrU(3).
   Form* FindForm(const std::string& full_name) const;
 
@@ -91,6 +91,7 @@ class Toolkit {
 
   std::vector<std::unique_ptr<Form>> forms_;
   std::vector<std::unique_ptr<Form>> closed_;
+  std::vector<Form*> modals_;            // the one on top last
   std::vector<Form*> activation_order_;  // child windows, the one in front last
   TimerQueue timers_;
   int event_depth_ = 0;

@@ -515,12 +515,12 @@ void ExpectStoredDevicesAreUsable(const Bytes& file, const std::string& what) {
 
 // Starts the program on the damaged file and ends it; a further run starts on what the one before it wrote.
 void Survive(MemoryDisk& disk, const std::string& damaged, const std::string& what, int runs = 1) {
-  disk.files["/home/Zentaline.ini"] = damaged;
+  disk.files["/disk/Zentaline.ini"] = damaged;
   for (int run = 1; run <= runs; ++run) {
-    TestProgram program(disk, "/home");
+    TestProgram program(disk, "/disk");
     ASSERT_TRUE(program.Start()) << what;
     ASSERT_TRUE(program.Quit()) << what;
-    ExpectStoredDevicesAreUsable(disk.files["/home/Zentaline.ini"], what);
+    ExpectStoredDevicesAreUsable(disk.files["/disk/Zentaline.ini"], what);
   }
 }
 
@@ -531,9 +531,9 @@ INSTANTIATE_TEST_SUITE_P(Records, DamagedConfiguration, ::testing::Values(1, 2, 
 
 TEST_P(DamagedConfiguration, EachByteOfTheRecordMayHoldAnything) {
   MemoryDisk disk;
-  disk.files["/home/song0.arr"] = ArrFile();
-  disk.files["/home/song1.arr"] = ArrFile();
-  const ConfigFile good = Full("/home");
+  disk.files["/disk/song0.arr"] = ArrFile();
+  disk.files["/disk/song1.arr"] = ArrFile();
+  const ConfigFile good = Full("/disk");
   std::mt19937 random(static_cast<unsigned>(GetParam()));
   for (int position = 1; position <= 250; ++position) {
     for (const int value : {0, 255, static_cast<int>(random() & 255)}) {
@@ -546,9 +546,9 @@ TEST_P(DamagedConfiguration, EachByteOfTheRecordMayHoldAnything) {
 
 TEST(Damage, EachOfThe12500BytesIsTakenAndStoredWithoutHarm) {
   MemoryDisk disk;
-  const ConfigFile good = Full("/home");
+  const ConfigFile good = Full("/disk");
   std::mt19937 random(5);
-  TestProgram program(disk, "/home");
+  TestProgram program(disk, "/disk");
   for (std::size_t i = 0; i < good.bytes.size(); ++i) {
     for (const int value : {0, 255, static_cast<int>(random() & 255)}) {
       Bytes damaged = good.bytes;
@@ -568,7 +568,7 @@ TEST(Damage, EachOfThe12500BytesIsTakenAndStoredWithoutHarm) {
 
 TEST(Damage, BytesAtRandomBehindTheSignatureStartToo) {
   MemoryDisk disk;
-  disk.files["/home/song0.arr"] = ArrFile();
+  disk.files["/disk/song0.arr"] = ArrFile();
   std::mt19937 random(7);
   for (int round = 0; round < 100; ++round) {
     std::string bytes(12500, '\0');

@@ -64,7 +64,7 @@ TEST(ShortenedPath, ALongPathKeepsItsHeadAndWhatFollowsTheFirstSeparatorOfTheLas
 }
 
 TEST(ShortenedPath, TheFirstOfSeveralSeparatorsNearTheEndCounts) {
-  EXPECT_EQ(ShortenedPath("/home/musician/arrangements/latin/bossa.arr"), "/ho.../arrangements/latin/bossa.arr");
+  EXPECT_EQ(ShortenedPath("/disk/musician/arrangements/latin/bossa.arr"), "/di.../arrangements/latin/bossa.arr");
   // 28 characters follow the second separator, 29 the one before it.
   EXPECT_EQ(ShortenedPath("/aaaaaaaa//234567890123456789012345.arr"), "/aa.../234567890123456789012345.arr");
 }

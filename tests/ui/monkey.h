@@ -46,7 +46,7 @@ class Monkey : public ScriptQuestions {
     if (answer.cancelled) return answer;
     answer.path = names[static_cast<std::size_t>(Pick(static_cast<int>(names.size())))];
     if (request.save && Pick(2) == 0)
-      answer.path = "/home/new" + std::to_string(Pick(9)) + '.' + request.default_extension;
+      answer.path = "/disk/new" + std::to_string(Pick(9)) + '.' + request.default_extension;
     answer.filter = 1 + Pick(static_cast<int>(request.filters.size()));
     answer.read_only = Pick(6) == 0;
     return answer;

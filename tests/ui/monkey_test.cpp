@@ -29,11 +29,11 @@ void Fill(test::MemoryDisk& disk) {
   for (const auto& entry : std::filesystem::recursive_directory_iterator(ZENTALINE_SHARE)) {
     if (!entry.is_regular_file()) continue;
     std::ifstream file(entry.path(), std::ios::binary);
-    disk.files["/home/" + entry.path().filename().string()] = {std::istreambuf_iterator<char>(file), {}};
+    disk.files["/disk/" + entry.path().filename().string()] = {std::istreambuf_iterator<char>(file), {}};
   }
   std::mt19937 random(7);
   for (const char* const name : {"short.arr", "short.prg", "short.pgg", "short.sty", "short.gbl", "short.bsq"}) {
-    disk.files[std::string("/home/") + name] = "short";
+    disk.files[std::string("/disk/") + name] = "short";
   }
   for (const auto& [name, length] : {std::pair{"noise.arr", 10528},
                                      {"noise.prg", 30480},
@@ -44,9 +44,9 @@ void Fill(test::MemoryDisk& disk) {
                                      {"noise.pcg", 60000}}) {
     Bytes noise;
     for (int i = 0; i < length; ++i) noise += static_cast<char>(random());
-    disk.files[std::string("/home/") + name] = noise;
+    disk.files[std::string("/disk/") + name] = noise;
   }
-  disk.files["/home/empty.arr"] = "";
+  disk.files["/disk/empty.arr"] = "";
 }
 
 class RandomRun {
@@ -58,7 +58,7 @@ class RandomRun {
         monkey_(console_, seed, [this] { return Names(); }),
         midi_transcript_(console_.transcript()),
         midi_(recorder_, midi_transcript_),
-        app_(console_, midi_, disk_, "/home") {
+        app_(console_, midi_, disk_, "/disk") {
     console_.SetQuestions(monkey_);
     recorder_.SetOuts({"Port A", "Port B"});
     recorder_.SetIns({"Keys"});
@@ -111,7 +111,7 @@ class RandomRun {
     }
     MidiHandle handle = 0;
     EXPECT_EQ(recorder_.midiInOpen(handle, 0, 0, 0, 0), kMidiOk) << "the input is still open";
-    EXPECT_EQ(memory_.files["/home/Zentaline.ini"].size(), 12500U);
+    EXPECT_EQ(memory_.files["/disk/Zentaline.ini"].size(), 12500U);
   }
 
   void Count(const std::string& line) {
@@ -120,7 +120,7 @@ class RandomRun {
   }
 
   std::vector<std::string> Names() const {
-    std::vector<std::string> names = {"/home/none.arr", "/nowhere/none.sty"};
+    std::vector<std::string> names = {"/disk/none.arr", "/nowhere/none.sty"};
     for (const auto& [name, content] : memory_.files) names.push_back(name);
     return names;
   }

@@ -338,7 +338,7 @@ TEST(ScriptEngine, ADialogIsAnsweredWithAPath) {
       "press mnuOpen\nfile a.toy\npress mnuOpen\nfile /x/b filter=2 readonly=1\npress mnuOpen\nfile cancel\n"
       "press mnuOpen\nfile \"cancel\" readonly=0\npress mnuOpen\nget frmMain\nfile ../c");
   EXPECT_EQ(result.status, 0) << result.complaint;
-  EXPECT_EQ(result.lines[0], "dialog 0 open \"Open\" filter=1 dir=\"/home\" name=\"a.toy\" readonly=0");
+  EXPECT_EQ(result.lines[0], "dialog 0 open \"Open\" filter=1 dir=\"/disk\" name=\"a.toy\" readonly=0");
   EXPECT_THAT(result.log, ElementsAre("/toys/a.toy filter 1", "/x/b filter 2 read-only", "cancelled",
                                       "/toys/cancel filter 1", "/toys/../c filter 1"));
 }

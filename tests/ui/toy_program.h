@@ -186,7 +186,7 @@ inline ToyMain::ToyMain(Toy& toy) : Form(toy.toolkit, FormKind::kMain, "frmMain"
     request.save = save;
     request.title = save ? "Save" : "Open";
     request.filters = {{"Toys", "*.toy"}, {"All", "*.*"}};
-    request.directory = "/home";
+    request.directory = "/disk";
     request.name = "a.toy";
     request.default_extension = "toy";
     request.shows_read_only = !save;

@@ -90,27 +90,11 @@ std::string Missing(const Bytes& record) {
 
 }  // namespace
 
-void ArrangementTables::Read(const std::string& path) {
-  for (const SourceLine& line : ReadSource(path, problems_)) {
-    std::string_view rest;
-    const std::string_view word = FirstWord(line.text, rest);
-    if (line.indented && !template_.empty()) {
-      ApplySettings(line, line.text, templates_[template_]);
-    } else if (line.indented) {
-      ReadRow(line);
-    } else if (word == "bank") {
-      ReadBankHead(line, rest);
-    } else if (word == "template") {
-      ReadTemplateHead(line, rest);
-    } else {
-      problems_.Add(line, "neither a bank nor a template begins here");
-    }
-  }
-  template_.clear();
+Bytes ArrangementTables::EmptyRecord() const {
+  return NewRecord();
 }
 
 void ArrangementTables::ReadBankHead(const SourceLine& line, std::string_view rest) {
-  template_.clear();
   bank_styles_ = -1;
   if (const std::size_t word = rest.find(" styles "); word != std::string_view::npos) {
     const std::string_view letter = Trim(rest.substr(word + 8));
@@ -125,21 +109,6 @@ void ArrangementTables::ReadBankHead(const SourceLine& line, std::string_view re
   file = Bytes(kArrFileLength, '\0');
   NewArrHeader(file);
   own_programs_ = programs_.NamesBeside(bank_);
-}
-
-void ArrangementTables::ReadTemplateHead(const SourceLine& line, std::string_view rest) {
-  const std::size_t from = rest.find(" from ");
-  template_ = Bytes(Trim(rest.substr(0, from)));
-  Bytes record = NewRecord();
-  if (from != std::string_view::npos) {
-    const auto base = templates_.find(Trim(rest.substr(from + 6)));
-    if (base == templates_.end()) {
-      problems_.Add(line, "the template to begin from isn't known");
-    } else {
-      record = base->second;
-    }
-  }
-  if (!templates_.emplace(template_, record).second) problems_.Add(line, "this template is there already");
 }
 
 void ArrangementTables::ReadRow(const SourceLine& line) {

@@ -11,27 +11,11 @@ std::size_t RecordPosition(int place) {
 
 }  // namespace
 
-void ProgramTables::Read(const std::string& path) {
-  for (const SourceLine& line : ReadSource(path, problems_)) {
-    std::string_view rest;
-    const std::string_view word = FirstWord(line.text, rest);
-    if (line.indented && !template_.empty()) {
-      ApplySettings(line, line.text, templates_[template_]);
-    } else if (line.indented) {
-      ReadRow(line);
-    } else if (word == "bank") {
-      ReadBankHead(line, rest);
-    } else if (word == "template") {
-      ReadTemplateHead(line, rest);
-    } else {
-      problems_.Add(line, "neither a bank nor a template begins here");
-    }
-  }
-  template_.clear();
+Bytes ProgramTables::EmptyRecord() const {
+  return Bytes(kPrgRecordLength, '\0');
 }
 
 void ProgramTables::ReadBankHead(const SourceLine& line, std::string_view rest) {
-  template_.clear();
   const std::size_t word = rest.find(" rest ");
   bank_ = std::string(rest.substr(0, word));
   if (banks_.contains(bank_)) problems_.Add(line, "this bank is there already");
@@ -47,21 +31,6 @@ void ProgramTables::ReadBankHead(const SourceLine& line, std::string_view rest) 
   NewProgramHeader(file);
   if (bank_.ends_with(".pgg")) PutBytes(file, 1, "KPGG");
   banks_[bank_] = file;
-}
-
-void ProgramTables::ReadTemplateHead(const SourceLine& line, std::string_view rest) {
-  const std::size_t from = rest.find(" from ");
-  template_ = Bytes(Trim(rest.substr(0, from)));
-  Bytes record(kPrgRecordLength, '\0');
-  if (from != std::string_view::npos) {
-    const auto base = templates_.find(Trim(rest.substr(from + 6)));
-    if (base == templates_.end()) {
-      problems_.Add(line, "the template to begin from isn't known");
-    } else {
-      record = base->second;
-    }
-  }
-  if (!templates_.emplace(template_, record).second) problems_.Add(line, "this template is there already");
 }
 
 void ProgramTables::ReadRow(const SourceLine& line) {

@@ -5,36 +5,25 @@
 #include <string>
 
 #include "program/prg_format.h"
+#include "tools/factory/bank_tables.h"
 #include "tools/factory/sounds.h"
 #include "tools/factory/source.h"
 
 namespace zentaline::factory {
 
-class ProgramTables {
+class ProgramTables : public BankTables {
  public:
-  explicit ProgramTables(Problems& problems) : problems_(problems) {}
-
-  // Templates and banks; a later table may stand on what an earlier one told.
-  void Read(const std::string& path);
-
-  // File name to the bytes of the file.
-  const std::map<std::string, Bytes>& Banks() const { return banks_; }
+  using BankTables::BankTables;
 
   // The names in the bank of the same base name as `file`; a link's is the name of the program it leads to.
   OwnPrograms NamesBeside(std::string_view file) const;
 
  private:
-  void ReadBankHead(const SourceLine& line, std::string_view rest);
-  void ReadTemplateHead(const SourceLine& line, std::string_view rest);
-  void ReadRow(const SourceLine& line);
+  Bytes EmptyRecord() const override;
+  void ReadBankHead(const SourceLine& line, std::string_view rest) override;
+  void ReadRow(const SourceLine& line) override;
   bool MakeLink(const SourceLine& line, std::string_view sound_name, Bytes& record);
-  void ApplySettings(const SourceLine& line, std::string_view settings, Bytes& record);
-
-  Problems& problems_;
-  std::map<Bytes, Bytes, std::less<>> templates_;
-  std::map<std::string, Bytes> banks_;
-  std::string bank_;
-  Bytes template_;
+  void ApplySettings(const SourceLine& line, std::string_view settings, Bytes& record) override;
 };
 
 }  // namespace zentaline::factory
