@@ -145,7 +145,7 @@ void frmEditArr::Fill() {
   ArrangementState& state = app().arrangement;
   state.EditorFilling = true;
   ShowTitle();
-  ShowNames();
+  ShowTexts();
   // Effects and switches aren't stopped by the fill: the instrument follows the row without a dump. The effects go out
   // first.
   for (const Field& field : fields_) {
@@ -165,7 +165,7 @@ void frmEditArr::ShowTitle() {
              Utf8FromBytes(Slice(record(), arr_edit::kRecord, kTitleNameLength)));
 }
 
-void frmEditArr::ShowNames() {
+void frmEditArr::ShowTexts() {
   const auto text_at = [this](std::size_t position) {
     return Utf8FromBytes(TrimRight(Slice(record(), position, kArrNameLength)));
   };

@@ -118,7 +118,7 @@ class frmEditArr : public ChildWindow {
   void TypeInList(ui::ComboBox& list);
   void ShowPart(int part);
   void ShowTitle();
-  void ShowNames();
+  void ShowTexts();
   void TypeName();
 
   // Arming, and mute and solo, which are carried out by mutes at the instrument: in frmEditArr_press.cpp.

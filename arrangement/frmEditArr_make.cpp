@@ -193,6 +193,7 @@ void frmEditArr::LayOut() {
   for (int effect = 0; effect < 2; ++effect) EffComm[effect].least_characters = kValueSize;
   SSTab1.captions = {"General", std::string(Caption(name(), "SSTab1(1)", language))};
   std::vector<Layout> strips;
+  strips.reserve(kArrPartCount);
   for (int part = 0; part < kArrPartCount; ++part) strips.push_back(Strip(part));
   Layout desk = Row(std::move(strips), 1);
   desk.scrolls = true;

@@ -35,7 +35,7 @@ const FileKind* KindOfType(int type) {
 // The path with the extension of its type. Only programs may be found under the other extension, since a bank changes
 // its own with what it holds.
 std::string FoundPath(Application& app, const std::string& base, int type) {
-  const std::string path = PathOnDisk(app.disk, base + "." + std::string(ExtensionOf(type)));
+  std::string path = PathOnDisk(app.disk, base + "." + std::string(ExtensionOf(type)));
   if ((type != kTypePrg && type != kTypePgg) || app.disk.Exists(path)) return path;
   const std::string other = PathOnDisk(app.disk, base + "." + std::string(ExtensionOf(kTypePrg + kTypePgg - type)));
   return app.disk.Exists(other) ? other : path;

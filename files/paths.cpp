@@ -47,7 +47,7 @@ std::string WithoutExtension(std::string_view path) {
 }
 
 std::string ShortenedPath(std::string_view path) {
-  const std::string text = ShownPath(path);
+  std::string text = ShownPath(path);
   const std::vector<std::size_t> starts = CharacterStarts(text);
   const std::size_t length = starts.size() - 1;
   if (length <= kWholeLength) return text;

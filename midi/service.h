@@ -75,7 +75,7 @@ class MidiService {
 
   // Called from the thread that sends, while a long message goes out. Not one of the sixteen operations: a service that
   // sends at once leaves it.
-  virtual void SetProgress(MidiProgress progress) { (void)progress; }
+  virtual void SetProgress(MidiProgress) {}
 };
 
 // The number of data bytes that follow a short message's status byte: 1 for program change and channel pressure, 2

@@ -51,6 +51,7 @@ BankWindow::BankWindow(Application& app, std::string name, int kind, std::string
       kind_(kind),
       title_length_(title_length) {
   std::vector<std::string> rows;
+  rows.reserve(static_cast<std::size_t>(BankRows(names)));
   for (int row = 0; row < BankRows(names); ++row) rows.push_back(Utf8FromBytes(BankRow(names, row)));
   List1.SetRows(std::move(rows));
   layout = ui::Row({ui::Item(List1, 1), ui::Column({ui::Row({ui::Item(Label1), ui::Item(Combo1)}), ui::Space(),

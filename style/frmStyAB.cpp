@@ -58,6 +58,7 @@ void frmStyAB::Load() {
   ShowName();
   const int first = Kind() == kKindStyA ? 0 : kRows;
   std::vector<std::string> rows;
+  rows.reserve(kRows);
   for (int row = 0; row < kRows; ++row) {
     rows.push_back(PanelNumberText(row) + "  " + Utf8FromBytes(TrimRight(StyleName(first + row))));
   }

@@ -125,6 +125,7 @@ void frmStyUN::Load() {
 
 void frmStyUN::FillRows() {
   std::vector<std::string> rows;
+  rows.reserve(kStyRowCount);
   for (int row = 0; row < kStyRowCount; ++row) rows.push_back(RowText(row));
   List1.SetRows(std::move(rows));
   for (int entry = 0; entry < kStyEntryCount; ++entry) {
