@@ -7,15 +7,13 @@
 #include "core/child_window.h"
 #include "core/file_reading.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "style/api.h"
 
 namespace zentaline {
 
 namespace {
-
-constexpr int kMessageErrorReading = 4;
-constexpr int kMessageReadOnlyFile = 17;
-constexpr int kTextOpening = 111;
 
 // The styles of a saved file: the empty template stands for no .sty at all. One that is there nevertheless was found
 // damaged, or has come since: it is set aside under another name, never lost.

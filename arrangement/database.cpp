@@ -7,18 +7,14 @@
 #include "core/file_reading.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "files/paths.h"
 
 namespace zentaline {
 
 namespace {
 
-constexpr int kTextReading = 105;
-constexpr int kMessageErrorReading = 4;
-constexpr int kMessageNoDatabase = 6;
-constexpr int kMessageBadDatabase = 7;
-constexpr int kMessageFileNotFound = 27;
-constexpr int kAskDirectory = 3;
 constexpr char kName[] = "i40DBArr";
 constexpr char kWindowTitle[] = "Edit i40DBArr";
 // As much of an arrangement file as the purge looks at.

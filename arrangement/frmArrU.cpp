@@ -9,7 +9,9 @@
 #include "core/main_window.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
 #include "data/names.h"
+#include "data/texts.h"
 #include "files/api.h"
 #include "midi/api.h"
 #include "program/api.h"
@@ -21,10 +23,6 @@ namespace zentaline {
 
 namespace {
 
-constexpr int kTextClose = 8;
-constexpr int kTextEdit = 71;
-constexpr int kMessageErrorReading = 4;
-constexpr int kAskArrKeep = 2;
 constexpr int kFirstBankPlaces = 64;
 
 // The search looks for user programs in nine pairs that begin five bytes ahead of the part blocks; it is kept just so.

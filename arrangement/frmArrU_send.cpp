@@ -7,6 +7,7 @@
 #include "core/boxes.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
 #include "midi/api.h"
 #include "program/api.h"
 #include "program/prg_format.h"
@@ -31,10 +32,6 @@ constexpr int kFindPrg = 30;
 constexpr int kFindAfterArr = 800;
 constexpr int kFindAfterSty = 820;
 constexpr int kFindAfterPrg = 40;
-
-constexpr int kWaitLoadingArr = 3;
-constexpr int kWaitLoadingPrg = 4;
-constexpr int kWaitUpdate = 8;
 
 }  // namespace
 

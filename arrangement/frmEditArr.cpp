@@ -10,6 +10,7 @@
 #include "core/boxes.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
 #include "data/names.h"
 #include "midi/api.h"
 #include "program/prg_format.h"
@@ -17,8 +18,6 @@
 namespace zentaline {
 
 namespace {
-
-constexpr int kAskArrSave = 2;
 
 constexpr std::size_t kTitleNameLength = 10;
 // The letter that a user program is shown with; a pick shows the window's own letter instead.

@@ -10,6 +10,7 @@
 
 #include "arrangement/arr_format.h"
 #include "bench/measure.h"
+#include "bench/program.h"
 #include "bench/ratios.h"
 #include "core/application.h"
 #include "core/child_window.h"
@@ -46,27 +47,14 @@ class TimedRecorder : public RecorderMidi {
   }
 };
 
-// Answers every dialog with one file, every box with its first button, and the question for the language.
-class AnsweringToolkit : public ui::ConsoleToolkit {
+// Answers every dialog with one file.
+class AnsweringToolkit : public StartingToolkit {
  public:
-  AnsweringToolkit() : ConsoleToolkit(Clock::kVirtual, [](const std::string&) {}) {}
   std::string file;
 
-  ui::BoxAnswer MessageBox(ui::BoxStyle, const std::string&, const std::string&) override { return ui::BoxAnswer::kOk; }
   ui::FileDialogAnswer FileDialog(const ui::FileDialogRequest& request) override {
     return {false, file, request.filter, false};
   }
-
- protected:
-  void RunModal(ui::Form& form) override {
-    static_cast<ui::OptionButton*>(form.Find("Option1", 1))->UserPress();
-    static_cast<ui::Button*>(form.Find("CommOK"))->UserPress();
-  }
-};
-
-class PlainWindow : public ChildWindow {
- public:
-  using ChildWindow::ChildWindow;
 };
 
 Bytes Arrangements() {

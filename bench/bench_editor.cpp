@@ -12,6 +12,7 @@
 #include "arrangement/api.h"
 #include "arrangement/arr_format.h"
 #include "bench/measure.h"
+#include "bench/program.h"
 #include "bench/ratios.h"
 #include "core/application.h"
 #include "core/child_window.h"
@@ -41,24 +42,6 @@ class CountingRecorder : public RecorderMidi {
     ++taken;
     return RecorderMidi::TakeLong(handle, bytes);
   }
-};
-
-// Chooses the language that it is asked for.
-class StartingToolkit : public ui::ConsoleToolkit {
- public:
-  StartingToolkit() : ConsoleToolkit(Clock::kVirtual, [](const std::string&) {}) {}
-  ui::BoxAnswer MessageBox(ui::BoxStyle, const std::string&, const std::string&) override { return ui::BoxAnswer::kOk; }
-
- protected:
-  void RunModal(ui::Form& form) override {
-    static_cast<ui::OptionButton*>(form.Find("Option1", 1))->UserPress();
-    static_cast<ui::Button*>(form.Find("CommOK"))->UserPress();
-  }
-};
-
-class PlainWindow : public ChildWindow {
- public:
-  using ChildWindow::ChildWindow;
 };
 
 // Two records that differ in every control.

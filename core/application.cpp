@@ -5,16 +5,11 @@
 #include "core/boxes.h"
 #include "core/configuration.h"
 #include "core/frmMain.h"
+#include "data/texts.h"
 #include "files/paths.h"
 #include "midi/api.h"
 
 namespace zentaline {
-
-namespace {
-
-constexpr int kTextOpeningOut = 113;
-
-}  // namespace
 
 Application::Application(ui::Toolkit& the_toolkit, MidiService& the_service, Disk& the_disk,
                          const std::string& directory)

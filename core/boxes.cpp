@@ -10,11 +10,6 @@ namespace zentaline {
 namespace {
 
 // What ShowMessage shows for the errors of the file system.
-constexpr int kMessageNotReady = 28;
-constexpr int kMessageReadOnlyFile = 17;
-constexpr int kMessagePathNotFound = 30;
-constexpr int kMessageDevice = 31;
-constexpr int kMessageDiskReading = 18;
 
 std::string QuestionText(const Application& app, const QuestionTexts& texts, const std::string& name) {
   if (texts.first == 0) return name;

@@ -5,14 +5,13 @@
 #include "core/main_window.h"
 #include "core/window_image.h"
 #include "data/captions.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "data/tooltips.h"
 
 namespace zentaline {
 
 namespace {
-
-constexpr int kTextReadOnly = 122;
-constexpr int kMessageReadOnlyFile = 17;
 
 // The size of a window that fills the main window, or is an icon, is not one to come back to.
 template <typename Kept>

@@ -7,15 +7,14 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/frmLingua.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 
 namespace zentaline {
 
 namespace {
 
 constexpr std::string_view kSignature = "Zentaline";
-constexpr int kMessageFileNotFound = 27;
-constexpr int kTextOpening = 111;
-constexpr int kTextSaving = 115;
 constexpr std::size_t kMultisampleLength = 519 * 15;
 
 // Records, which count from 1.

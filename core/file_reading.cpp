@@ -3,12 +3,12 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/window_image.h"
+#include "data/texts.h"
 
 namespace zentaline {
 
 namespace {
 
-constexpr int kTextOpening = 111;
 constexpr std::size_t kExtensionLength = 3;
 
 void SetTitle(Application& app, const std::string& path) {

@@ -3,16 +3,9 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
+#include "data/texts.h"
 
 namespace zentaline {
-
-namespace {
-
-constexpr int kTextAbout = 30;
-constexpr int kTextProgram = 129;
-constexpr int kTextVersion = 131;
-
-}  // namespace
 
 frmAbout::frmAbout(Application& app) : Form(app.toolkit, ui::FormKind::kModal, "frmAbout"), app_(app) {
   layout = ui::Column({ui::Item(Label1), ui::Item(Label2), ui::Space(), ui::Row({ui::Space(), ui::Item(cmdOK)})});

@@ -6,12 +6,12 @@
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/main_window.h"
+#include "data/texts.h"
 
 namespace zentaline {
 
 namespace {
 
-constexpr int kTextCancel = 23;
 constexpr int kAnswerYes = 0;
 constexpr int kAnswerNo = 1;
 constexpr int kAnswerCancel = 2;

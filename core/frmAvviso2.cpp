@@ -5,14 +5,9 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
+#include "data/texts.h"
 
 namespace zentaline {
-
-namespace {
-
-constexpr int kTextClose = 8;
-
-}  // namespace
 
 frmAvviso2::frmAvviso2(Application& app, std::string title, const std::string& text)
     : Form(app.toolkit, ui::FormKind::kModal, "frmAvviso2"), app_(app) {

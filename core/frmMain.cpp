@@ -11,6 +11,8 @@
 #include "core/frmAbout.h"
 #include "core/window_image.h"
 #include "data/captions.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "files/api.h"
 #include "files/paths.h"
 #include "midi/api.h"
@@ -24,11 +26,6 @@ namespace {
 using enum MenuId;
 
 constexpr char kProgramName[] = "Zentaline";
-constexpr int kWaitUpdate = 8;
-constexpr int kTextOpeningOut = 113;
-constexpr int kTextClosingOut = 114;
-constexpr int kTextChangeLanguage = 84;
-constexpr int kMessageNextStart = 24;
 
 constexpr int kCascadeStep = 28;
 

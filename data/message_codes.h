@@ -3,6 +3,36 @@
 
 namespace zentaline {
 
+// The codes that are shown, by name. Of ShowMessage:
+inline constexpr int kMessageText = 1;
+inline constexpr int kMessageErrorReading = 4;
+inline constexpr int kMessageNotFound = 5;
+inline constexpr int kMessageNoDatabase = 6;
+inline constexpr int kMessageBadDatabase = 7;
+inline constexpr int kMessageOpenAlready = 16;
+inline constexpr int kMessageReadOnlyFile = 17;
+inline constexpr int kMessageDiskReading = 18;
+inline constexpr int kMessageOutputAllocated = 20;
+inline constexpr int kMessageNoOutput = 22;
+inline constexpr int kMessageNextStart = 24;
+inline constexpr int kMessageFileNotFound = 27;
+inline constexpr int kMessageNotReady = 28;
+inline constexpr int kMessagePathNotFound = 30;
+inline constexpr int kMessageDevice = 31;
+inline constexpr int kMessageDataFormat = 32;
+inline constexpr int kMessageNoInput = 33;
+inline constexpr int kMessageInputAllocated = 38;
+// Of ShowWait:
+inline constexpr int kWaitLoadingSty = 2;
+inline constexpr int kWaitLoadingArr = 3;
+inline constexpr int kWaitLoadingPrg = 4;
+inline constexpr int kWaitUpdate = 8;
+// Of the questions: AskYesNo (keep, directory) and AskYesNoCancel (save).
+inline constexpr int kAskFileSave = 1;
+inline constexpr int kAskArrKeep = 2;
+inline constexpr int kAskArrSave = 2;
+inline constexpr int kAskDirectory = 3;
+
 // ShowMessage codes 0 to 38. The text's Italian id; 0 for a code that is not in use (11, 37 and any outside the range).
 int MessageTextId(int code);
 

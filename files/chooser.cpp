@@ -3,6 +3,8 @@
 #include "core/boxes.h"
 #include "core/file_reading.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
@@ -11,12 +13,6 @@
 namespace zentaline {
 
 namespace {
-
-constexpr int kTextOpenFile = 67;
-constexpr int kTextNameNotValid = 48;
-constexpr int kMessageText = 1;
-constexpr int kMessageErrorReading = 4;
-constexpr int kMessageDataFormat = 32;
 
 constexpr std::string_view kOpenFilters =
     "Arrangements (*.arr)|*.arr|Style (*.sty)|*.sty|Programs (*.prg/pgg)|*.prg;*.pgg|Global (*.gbl)|*.gbl|"

@@ -6,6 +6,7 @@
 #include "core/file_reading.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
@@ -15,11 +16,6 @@
 namespace zentaline {
 
 namespace {
-
-constexpr int kMessageOpenAlready = 16;
-constexpr int kMessageFileNotFound = 27;
-constexpr int kTypePrg = 3;
-constexpr int kTypePgg = 4;
 
 void ShowNamed(Application& app, int code, const std::string& path) {
   ShowMessage(app, code, ShownPath(FileBaseName(path)), {});

@@ -6,6 +6,12 @@
 
 namespace zentaline {
 
+// The types that have windows.
+inline constexpr int kTypeArr = 1;
+inline constexpr int kTypeSty = 2;
+inline constexpr int kTypePrg = 3;
+inline constexpr int kTypePgg = 4;
+
 // The type of a file by its extension: 1 arr, 2 sty, 3 prg, 4 pgg, 5 gbl, 6 bsq; 0 for any other. A name has a type
 // only if its last dot stands exactly three characters from the end; case doesn't count.
 int FileType(std::string_view path);

@@ -7,6 +7,8 @@
 #include "core/file_reading.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
@@ -18,13 +20,6 @@ namespace zentaline {
 
 namespace {
 
-constexpr int kTextSaveAs = 75;
-constexpr int kMessageOpenAlready = 16;
-constexpr int kAskFileSave = 1;
-constexpr int kTypeArr = 1;
-constexpr int kTypeSty = 2;
-constexpr int kTypePrg = 3;
-constexpr int kTypePgg = 4;
 constexpr std::string_view kUntitled = "Untitled";
 
 // Filters of the save dialog, which count from 1. The first four are file types too.

@@ -6,12 +6,12 @@
 
 #include "core/application.h"
 #include "core/boxes.h"
+#include "data/texts.h"
 
 namespace zentaline {
 
 namespace {
 
-constexpr int kTextClose = 8;
 constexpr int kMidiChannels = 16;
 
 // The labels are the same in both languages.

@@ -7,12 +7,12 @@
 #include "core/boxes.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/texts.h"
 
 namespace zentaline {
 
 namespace {
 
-constexpr int kTextCaption = 91;
 constexpr ui::Font kFont = {.fixed_pitch = true, .points = 10};
 constexpr ui::Size kFirstCharacters = {64, 30};
 

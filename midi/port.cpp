@@ -4,6 +4,8 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "midi/api.h"
 
 namespace zentaline {
@@ -23,14 +25,6 @@ enum Place : int {
   kPlaceCloseIn = 7,
   kPlaceCloseOut = 8,
 };
-
-constexpr int kTextOutputAccess = 130;
-constexpr int kTextInputOpening = 19;
-constexpr int kMessageText = 1;
-constexpr int kMessageOutputAllocated = 20;
-constexpr int kMessageNoOutput = 22;
-constexpr int kMessageNoInput = 33;
-constexpr int kMessageInputAllocated = 38;
 
 void Report(Application& app, Place place, int result) {
   const bool input = place == kPlaceOpenIn || place == kPlaceCloseIn;

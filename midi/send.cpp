@@ -4,14 +4,13 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "data/message_codes.h"
 #include "midi/api.h"
 #include "midi/messages.h"
 
 namespace zentaline {
 
 namespace {
-
-constexpr int kWaitStyle = 2;
 
 void SendMessage(Application& app, Bytes message) {
   app.midi.SysExBuffer = std::move(message);
@@ -137,7 +136,7 @@ void SendPrgBankDump(Application& app, std::string_view image) {
 
 int SendStyleDump(Application& app, int group, std::string_view image) {
   if (BuildStyleDump(app.midi.GlobalChannel, image, group, app.midi.SysExBuffer) != 0) return 1;
-  ShowWait(app, kWaitStyle);
+  ShowWait(app, kWaitLoadingSty);
   SendLong(app);
   return 0;
 }

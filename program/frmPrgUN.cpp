@@ -8,6 +8,8 @@
 #include "core/main_window.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "files/api.h"
 #include "midi/api.h"
 #include "program/api.h"
@@ -17,9 +19,6 @@ namespace zentaline {
 
 namespace {
 
-constexpr int kTextEdit = 71;
-constexpr int kTextNewFileProgram = 88;
-constexpr int kWaitLoadingPrg = 4;
 constexpr std::string_view kUntitled = "Untitled";
 
 // The states that TimerList1 and TimerLoadPrg carry in their intervals, which are milliseconds too.

@@ -5,14 +5,13 @@
 #include "arrangement/api.h"
 #include "core/application.h"
 #include "core/boxes.h"
+#include "data/texts.h"
 #include "midi/api.h"
 
 namespace zentaline {
 
 namespace {
 
-constexpr int kTextClose = 8;
-constexpr int kTextMidiChannel = 22;
 constexpr int kChannels = 16;
 constexpr int kRowsOfADecade = 8;
 

@@ -5,6 +5,7 @@
 #include "core/file_reading.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
 #include "data/names.h"
 #include "files/paths.h"
 #include "program/api.h"
@@ -14,9 +15,6 @@ namespace zentaline {
 
 namespace {
 
-constexpr int kMessageDataFormat = 32;
-constexpr int kTypePrg = 3;
-constexpr int kTypePgg = 4;
 constexpr int kBankCodeUser = 3;
 constexpr int kBankCodeDrum = 4;
 

@@ -5,6 +5,7 @@
 #include "core/boxes.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/texts.h"
 #include "files/api.h"
 #include "program/api.h"
 #include "program/frmDrum.h"
@@ -18,7 +19,6 @@ namespace {
 
 using enum MenuId;
 
-constexpr int kTextUntitled = 81;
 constexpr std::size_t kBlankStart = 10;  // of each record of a new bank
 
 constexpr ProgramBank kBanks[] = {

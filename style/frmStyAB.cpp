@@ -10,13 +10,13 @@
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/names.h"
+#include "data/texts.h"
 #include "midi/api.h"
 
 namespace zentaline {
 
 namespace {
 
-constexpr int kTextClose = 8;
 constexpr int kRows = 64;
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include "core/boxes.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
+#include "data/texts.h"
 #include "files/api.h"
 #include "midi/api.h"
 #include "style/windows.h"
@@ -14,11 +16,6 @@
 namespace zentaline {
 
 namespace {
-
-constexpr int kTextClose = 8;
-constexpr int kTextUntitled = 81;
-constexpr int kTextNewStyle = 121;
-constexpr int kWaitLoadingSty = 2;
 
 // The states of TimerLoadStyGrp, which are its milliseconds too.
 constexpr int kGroupIdle = 10;

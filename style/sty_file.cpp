@@ -3,6 +3,7 @@
 #include "core/boxes.h"
 #include "core/file_reading.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
 #include "files/paths.h"
 #include "style/api.h"
 #include "style/sty_format.h"
@@ -11,7 +12,6 @@ namespace zentaline {
 
 namespace {
 
-constexpr int kMessageErrorReading = 4;
 // No style file of the instrument comes near it; a longer one isn't one.
 constexpr std::size_t kLargest = std::size_t{1} << 24;
 constexpr std::string_view kTemplateEnd = "i40Sty";

@@ -3,6 +3,7 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "data/message_codes.h"
 #include "midi/api.h"
 
 namespace zentaline {
@@ -11,7 +12,6 @@ namespace {
 
 constexpr int kIdle = 10;
 constexpr int kFirstGroupDelay = 20;
-constexpr int kWaitLoadingSty = 2;
 
 void EndStyles(Application& app, const StyleTimers& timers, const std::string& name) {
   ShowWait(app, 0);

@@ -9,6 +9,7 @@
 #include "core/boxes.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "data/message_codes.h"
 #include "style/api.h"
 #include "style/frmStyAB.h"
 #include "style/frmStyUN.h"
@@ -17,9 +18,6 @@
 namespace zentaline {
 
 namespace {
-
-constexpr int kMessageErrorReading = 4;
-constexpr int kMessageNotFound = 5;
 
 // 0 when all places are taken.
 int FreeNewWindow(const Application& app) {
