@@ -36,8 +36,7 @@ FileReadResult ReadDataFile(Application& app, const std::string& wanted, std::si
   switch (result) {
     case DiskResult::kOk:
       if (!content.empty()) return kFileRead;
-      app.disk.Remove(path);
-      return kFileAbsent;
+      return RemoveDataFile(app, wanted) ? kFileAbsent : kFileFailed;
     case DiskResult::kAbsent:
       return kFileAbsent;
     case DiskResult::kTooLarge:
@@ -52,6 +51,14 @@ bool WriteDataFile(Application& app, const std::string& path, const Bytes& conte
   SetTitle(app, path);
   const DiskResult result = app.disk.Write(PathOnDisk(app.disk, path), content);
   if (result == DiskResult::kOk) return true;
+  FileErrorMessage(app, result);
+  return false;
+}
+
+bool RemoveDataFile(Application& app, const std::string& path) {
+  SetTitle(app, path);
+  const DiskResult result = app.disk.Remove(PathOnDisk(app.disk, path));
+  if (result == DiskResult::kOk || result == DiskResult::kAbsent || result == DiskResult::kIsFolder) return true;
   FileErrorMessage(app, result);
   return false;
 }

@@ -23,4 +23,8 @@ std::string PathOnDisk(Disk& disk, const std::string& path);
 // Writes a file whole, with the same title; false when it failed, which is shown.
 bool WriteDataFile(Application& app, const std::string& path, const Bytes& content);
 
+// Removes a file, with the same title; one that is not there, or is a folder, is no failure. False when it failed,
+// which is shown.
+bool RemoveDataFile(Application& app, const std::string& path);
+
 }  // namespace zentaline

@@ -143,8 +143,7 @@ bool SavePart(Application& app, const Bytes& image, const std::string& base, int
   const Bytes programs = Slice(image, kArrImageProgramPosition, kPrgFileLength);
   if (!WriteDataFile(app, base + "." + std::string(ExtensionOf(filter)), programs)) return false;
   // One name never stands in both formats.
-  app.disk.Remove(PathOnDisk(app.disk, base + "." + std::string(ExtensionOf(other))));
-  return true;
+  return RemoveDataFile(app, base + "." + std::string(ExtensionOf(other)));
 }
 
 bool HasPart(const Bytes& image, int filter) {

@@ -66,9 +66,9 @@ bool SavePrgFile(Application& app, Bytes& image) {
   DecideProgramFormat(image);
   const bool pgg = ProgramExtension(image) == "pgg";
   if (!WriteDataFile(app, base + (pgg ? ".pgg" : ".prg"), PrgFileBytes(image))) return false;
-  PutByte(image, kPrgChangedPosition, 0);
   // One name never stands in both formats.
-  app.disk.Remove(PathOnDisk(app.disk, base + (pgg ? ".prg" : ".pgg")));
+  if (!RemoveDataFile(app, base + (pgg ? ".prg" : ".pgg"))) return false;
+  PutByte(image, kPrgChangedPosition, 0);
   return true;
 }
 

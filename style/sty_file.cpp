@@ -67,10 +67,7 @@ bool SaveStyFile(Application& app, Bytes& image) {
 }
 
 bool StyFileDelete(Application& app, const Bytes& image) {
-  const DiskResult result = app.disk.Remove(PathOnDisk(app.disk, std::string(WindowPath(image)) + ".sty"));
-  if (result == DiskResult::kOk || result == DiskResult::kAbsent) return true;
-  FileErrorMessage(app, result);
-  return false;
+  return RemoveDataFile(app, std::string(WindowPath(image)) + ".sty");
 }
 
 int StyImportI30(Application& app, const std::string& path) {

@@ -155,6 +155,13 @@ TEST_F(Opening, AnEmptyFileIsRemovedAndNotFound) {
   EXPECT_EQ(OpenWindows(), 0);
 }
 
+TEST_F(Opening, AnEmptyFileThatCannotBeRemovedIsReported) {
+  folder.Put("empty.arr", "");
+  program.disk.Fail("remove", "EACCES");
+  EXPECT_EQ(Open("empty.arr"), (Boxes{{48, "Opening empty.arr", "Read only file"}}));
+  EXPECT_EQ(OpenWindows(), 0);
+}
+
 TEST_F(Opening, AFileThatIsNotThereIsNotFoundAndNotMade) {
   EXPECT_EQ(Open("none.arr"), (Boxes{{48, "none.arr", "File not found"}}));
   EXPECT_FALSE(std::filesystem::exists(Path("none.arr")));

@@ -404,6 +404,21 @@ TEST_F(Saving, TheSelectedFilterDecidesWhatIsWritten) {
   EXPECT_EQ(program.Caption(1), "File Arr - all.arr (1)");
 }
 
+TEST_F(Saving, ProgramsOfTheOtherFormatThatStayAreReported) {
+  folder.Put("song.arr", ArrFile());
+  Bytes bank("KORG\x4D\x00\x00", 7);
+  bank.resize(30480, '\x11');
+  folder.Put("song.prg", bank);
+  Open("song");
+  Change();
+  folder.Put("b.pgg", "the other extension");
+  program.disk.Fail("remove", "EIO");
+  AnswerSave(Path("b.prg"), 3);
+  program.Press(mnuSalvaAs);
+  EXPECT_EQ(program.Boxes(), (Boxes{{48, "Opening b.pgg", "Error I/O device"}}));
+  EXPECT_EQ(folder.Get("b.prg"), bank);
+}
+
 TEST_F(Saving, TheFileOfAReadOnlyWindowIsNotWrittenByTheMenu) {
   folder.Put("song.arr", ArrFile());
   Open("song", true);

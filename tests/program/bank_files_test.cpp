@@ -229,6 +229,20 @@ TEST_F(BankFiles, AProgramFileWithALinkBecomesAPggAndTheOldFileGoes) {
   EXPECT_EQ(ReadProgramByName(desk_.program.app, desk_.folder.Path("Bank")), 4);
 }
 
+TEST_F(BankFiles, AFileOfTheOtherFormatThatStaysIsReportedAndTheBankIsAskedForAgain) {
+  Open(WithLink(Bank()));
+  desk_.Change(1);
+  desk_.Prg(1)->Activated();
+  desk_.program.disk.Fail("remove", "EROFS");
+  desk_.Press("mnuSalva");
+  EXPECT_THAT(Boxes(), ElementsAre(ShownBox{48, "Opening Bank.prg", "Read only file"}));
+  EXPECT_EQ(desk_.folder.Get("Bank.pgg"), "KPGG" + WithLink(Bank()).substr(4));
+  EXPECT_EQ(desk_.Control(1, 7), 1);
+  desk_.Press("mnuSalva");
+  EXPECT_THAT(Files(), ElementsAre("Bank.pgg"));
+  EXPECT_EQ(desk_.Control(1, 7), 0);
+}
+
 TEST_F(BankFiles, APggWithoutALinkBecomesAPrg) {
   Open("KPGG" + Bank().substr(4), "Bank.pgg");
   desk_.Change(1);
