@@ -41,7 +41,7 @@ void PickStyle(Application& app, const Bytes& image, int row, const std::string&
 
 // --- The database ---
 
-// The id of the file at `path`, or 0.
+// The id of the file at `path`, or 0; it is in ArrFileId too.
 int DBLookupId(Application& app, const std::string& path);
 // Enters the file that CurrentFileDir and CurrentFileName name; its id, or 0, is in ArrFileId. `kind` is 19 from a file
 // window.

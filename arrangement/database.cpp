@@ -67,8 +67,11 @@ void MakeDatabase(Application& app, int kind) {
 }  // namespace
 
 int DBLookupId(Application& app, const std::string& path) {
-  if (!app.arrangement.DBWindowOpen && ReadDatabase(app, false) != Found::kGood) return 0;
-  return DBLookup(app.arrangement.DBImage, FileDirectory(path), FileBaseName(path));
+  ArrangementState& state = app.arrangement;
+  state.ArrFileId = 0;
+  if (!state.DBWindowOpen && ReadDatabase(app, false) != Found::kGood) return 0;
+  state.ArrFileId = DBLookup(state.DBImage, FileDirectory(path), FileBaseName(path));
+  return state.ArrFileId;
 }
 
 void DBAddFile(Application& app, int kind) {

@@ -294,7 +294,7 @@ void frmArrU::ClickRow() {
   }
   if (state != kClickStySent) {
     if (app().arrangement.EditorOpen) {
-      KeepsEdits();
+      AskAboutEdits();
       app().arrangement.ArrEditRecord = PrepareEditRecord(window_image(), row, StyleName);
       FillArrEditor(app());
     } else {
@@ -327,7 +327,7 @@ void frmArrU::EnableEdit(bool enabled) {
 void frmArrU::PressEdit() {
   const int row = List1.Row();
   if (row < 0 || IsEmptyRow(row)) return EnableEdit(false);
-  KeepsEdits();
+  AskAboutEdits();
   EnableEdit(false);
   OpenArrEditor(app(), *this, row);
 }
@@ -367,12 +367,13 @@ void frmArrU::ShowId(const std::string& row_label) {
   Text1.SetText(id > 0 ? std::to_string(id) + row_label : std::string());
 }
 
-// The question about an arrangement under edit; what is kept goes back into its image.
-bool frmArrU::KeepsEdits() {
+// The question about an arrangement under edit; what is kept goes back into its image, and what isn't stays in the
+// editor until it shows another record.
+void frmArrU::AskAboutEdits() {
   ArrangementState& state = app().arrangement;
-  if (!state.EditorOpen || !state.EditorChanged) return true;
-  state.EditorChanged = false;
-  return AskYesNo(app(), kAskArrKeep) != ui::BoxAnswer::kYes || StoreEditRecord(app()) == kArrStored;
+  if (!state.EditorOpen || !state.EditorChanged) return;
+  if (AskYesNo(app(), kAskArrKeep) != ui::BoxAnswer::kYes) return;
+  if (StoreEditRecord(app()) == kArrStored) state.EditorChanged = false;
 }
 
 void frmArrU::KeyInList(const ui::Key& key) {

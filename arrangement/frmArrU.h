@@ -85,7 +85,7 @@ class frmArrU : public ChildWindow {
   // A wait text stands for work that is still due.
   bool Sending() const;
   void KeyInList(const ui::Key& key);
-  bool KeepsEdits();
+  void AskAboutEdits();
 
   int record_byte(int row, std::size_t offset) const;
   std::string NameForInstrument() const;

@@ -37,7 +37,9 @@ constexpr int kFindAfterPrg = 40;
 
 void frmArrU::PressLoadArr() {
   if (TimerLoadArr.interval() == kTimerIdle) {
-    KeepsEdits();
+    AskAboutEdits();
+    // A click that waits for the file fills the editor anew and doesn't ask twice.
+    if (TimerList1.interval() == kClickArrSent) app().arrangement.EditorChanged = false;
     ShowWait(app(), kWaitLoadingArr);
     TimerLoadArr.SetInterval(kTimerDue);
     TimerLoadArr.Start();

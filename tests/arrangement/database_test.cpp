@@ -103,6 +103,15 @@ TEST_F(DatabaseTest, AnEmptyDatabaseCountsAsNone) {
   EXPECT_TRUE(Holds(Database({{"Song", 3}}, dir())));
 }
 
+TEST_F(DatabaseTest, ALookUpLeavesItsResultAsTheIdOfTheFileShownLast) {
+  desk_.Put("i40DBArr", Database({{"Known", 300}}, dir()));
+  for (const char* name : {"Known.arr", "Unknown.arr"}) desk_.Put(name, Kept());
+  desk_.Open("Known.arr");
+  EXPECT_EQ(desk_.program.app.arrangement.ArrFileId, 300);
+  desk_.Open("Unknown.arr");
+  EXPECT_EQ(desk_.program.app.arrangement.ArrFileId, 0);
+}
+
 TEST_F(DatabaseTest, TheButtonWorksInTwoSteps) {
   desk_.Put("i40DBArr", Database({{"Song", 3}}, dir()));
   desk_.Put("Song.arr", Kept());

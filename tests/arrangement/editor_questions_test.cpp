@@ -109,6 +109,46 @@ TEST(EditorSelection, YesKeepsTheChangeNoForgetsItAndBothGoOn) {
   }
 }
 
+TEST(EditorSending, NoSendsTheFileAsItStandsAndTheEditorsChangeIsAskedForAgain) {
+  EditorDesk desk(TwoRecords());
+  desk.Move("VScroll1(1)", 50);
+  desk.program.toolkit.answers.push_back(kNo);
+  EXPECT_TRUE(desk.Press("frmArrU(1).CommLoadArr"));
+  desk.Wait(20);
+  EXPECT_EQ(Kept(desk, 0, 41), 0);
+  EXPECT_EQ(desk.Shows("VScroll1(1)"), 50);
+  EXPECT_TRUE(desk.State().EditorChanged) << "its record still differs from the image";
+  desk.program.Boxes();
+  desk.program.toolkit.answers.push_back(kYes);
+  desk.Select(1);
+  EXPECT_EQ(desk.program.Boxes(), (std::vector<ShownBox>{{52, "File Arr - song.arr (1)", kKeep}}));
+  EXPECT_EQ(Kept(desk, 0, 41), 50);
+}
+
+TEST(EditorSending, YesIsNotAskedForAgain) {
+  EditorDesk desk(TwoRecords());
+  desk.Move("VScroll1(1)", 50);
+  desk.program.toolkit.answers.push_back(kYes);
+  EXPECT_TRUE(desk.Press("frmArrU(1).CommLoadArr"));
+  desk.Wait(20);
+  EXPECT_EQ(Kept(desk, 0, 41), 50);
+  EXPECT_FALSE(desk.State().EditorChanged);
+}
+
+TEST(EditorSending, AClickThatSendsTheFileFirstAsksOnce) {
+  for (const auto answer : {kYes, kNo}) {
+    EditorDesk desk(TwoRecords());
+    desk.program.app.core.settings.CaricaArr = true;
+    desk.Move("VScroll1(1)", 50);
+    desk.program.toolkit.answers.push_back(answer);
+    desk.Select(1);
+    desk.Wait(100);
+    EXPECT_EQ(desk.program.Boxes().size(), 1U);
+    EXPECT_EQ(Kept(desk, 0, 41), answer == kYes ? 50 : 0);
+    EXPECT_EQ(desk.Reads("Text1(0)"), "Second");
+  }
+}
+
 TEST(EditorSelection, NothingIsAskedWithoutAChange) {
   EditorDesk desk(TwoRecords());
   desk.Push("CommM(0)");
