@@ -52,6 +52,7 @@ void frmEditArr::Load() {
   state.EditorChanged = state.ArrNameChanged = state.EditorCloseRefused = false;
   state.ArrSignFlag = 0;
   state.ArrEditPos = 0;
+  state.PartMuted = state.PartSoloed = {};
   state.ArrPartSlots = {};
   state.ArrPartArmed = state.ArrStyleArmed = state.ArrNameArmed = false;
   for (int i = 0; i < kTextBoxes; ++i) {

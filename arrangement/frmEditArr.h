@@ -139,8 +139,6 @@ class frmEditArr : public ChildWindow {
   std::vector<Field> fields_;
   Field* drum_map_ = nullptr;  // of HScroll1(1)
   std::vector<std::unique_ptr<ui::Label>> names_;
-  std::array<bool, kArrPartCount> PartMuted{};
-  std::array<bool, kArrPartCount> PartSoloed{};
   struct Colours {
     std::optional<ui::Colour> back;
     std::optional<ui::Colour> fore;

@@ -111,25 +111,25 @@ void frmEditArr::PressEffectSwitch(int effect) {
 }
 
 void frmEditArr::SetMuted(int part, bool muted) {
-  PartMuted[static_cast<std::size_t>(part)] = muted;
+  app().arrangement.PartMuted[static_cast<std::size_t>(part)] = muted;
   CommM[part].SetBackColour(muted ? kMuteColour : kRestColour);
 }
 
 void frmEditArr::SetSoloed(int part, bool soloed) {
-  PartSoloed[static_cast<std::size_t>(part)] = soloed;
+  app().arrangement.PartSoloed[static_cast<std::size_t>(part)] = soloed;
   CommS[part].SetBackColour(soloed ? kSoloColour : kRestColour);
 }
 
 void frmEditArr::SendMute(int part) {
-  const int value = PartMuted[static_cast<std::size_t>(part)] ? 1 : 0;
+  const int value = app().arrangement.PartMuted[static_cast<std::size_t>(part)] ? 1 : 0;
   SendArrParam(app(), 0, kMuteId + kPartIdStep * part, value, app().arrangement.ArrSignFlag);
 }
 
 void frmEditArr::PressMute(int part) {
   ClearNameHighlight();
   app().arrangement.ArrSignFlag = 0;
-  const bool muted = !PartMuted[static_cast<std::size_t>(part)];
-  if (muted && PartSoloed[static_cast<std::size_t>(part)]) SetSoloed(part, false);
+  const bool muted = !app().arrangement.PartMuted[static_cast<std::size_t>(part)];
+  if (muted && app().arrangement.PartSoloed[static_cast<std::size_t>(part)]) SetSoloed(part, false);
   SetMuted(part, muted);
   SendMute(part);
 }
@@ -137,7 +137,7 @@ void frmEditArr::PressMute(int part) {
 void frmEditArr::PressSolo(int part) {
   ClearNameHighlight();
   app().arrangement.ArrSignFlag = 0;
-  const bool soloed = !PartSoloed[static_cast<std::size_t>(part)];
+  const bool soloed = !app().arrangement.PartSoloed[static_cast<std::size_t>(part)];
   for (int each = 0; each < kArrPartCount; ++each) {
     if (soloed) SetSoloed(each, each == part);
     SetMuted(each, soloed && each != part);

@@ -31,6 +31,8 @@ struct ArrangementState {
   bool ArrStyleArmed = false;  // the style waits for a style
   bool ArrNameArmed = false;
   // Of the editor.
+  std::array<bool, 9> PartMuted{};  // by part, Drum first; they don't enter the record
+  std::array<bool, 9> PartSoloed{};
   int ArrSignFlag = 0;              // 1: the value being sent is negative
   int ArrEditPos = 0;               // position in ArrEditRecord that the last list or horizontal bar wrote; 0 none yet
   bool EditorFilling = false;       // FillArrEditor runs

@@ -110,12 +110,24 @@ constexpr TextRow kImages[] = {
 };
 // clang-format on
 
+// Of an array: NAME(INDEX), from 0.
+template <typename Values>
+std::optional<StateValue> ReadEntry(std::string_view wanted, const std::string& name, const Values& values) {
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (wanted == name + "(" + std::to_string(i) + ")") return StateValue(long{values[i]});
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<StateValue> ReadState(const Application& app, std::string_view name) {
   if (name == "DBDirectory") return StateValue(ShownPath(DBDirectoryOf(app.arrangement.DBImage)));
-  for (std::size_t part = 0; part < app.midi.PartChannel.size(); ++part) {
-    if (name == "PartChannel(" + std::to_string(part) + ")") return StateValue(long{app.midi.PartChannel[part]});
+  if (name.ends_with(')')) {
+    if (auto entry = ReadEntry(name, "PartChannel", app.midi.PartChannel)) return entry;
+    if (auto entry = ReadEntry(name, "ArrPartSlots", app.arrangement.ArrPartSlots)) return entry;
+    if (auto entry = ReadEntry(name, "PartMuted", app.arrangement.PartMuted)) return entry;
+    if (auto entry = ReadEntry(name, "PartSoloed", app.arrangement.PartSoloed)) return entry;
   }
   for (const NumberRow& row : kNumbers) {
     if (row.name == name) return StateValue(row.read(app));
