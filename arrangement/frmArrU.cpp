@@ -447,7 +447,10 @@ void frmArrU::Unload() {
   app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = 0;
   ChildWindow::Unload();
   // The instrument's own window keeps its mark, and so its file.
-  if (number_ != kInstrumentWindow && !app().core.Closing) Record()->state = 0;
+  if (number_ != kInstrumentWindow && !app().core.Closing) {
+    Record()->state = 0;
+    if (ByteAt(window_image(), kNoFilePosition) == 0) AddRecentFile(app(), Path() + ".arr", ReadOnly());
+  }
   RefreshOpenEntries(app());
   if (app().main != nullptr) app().main->ShowArrUEntry();
 }

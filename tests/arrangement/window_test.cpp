@@ -453,6 +453,16 @@ TEST_F(Window, AWindowMadeInMemoryIsSavedUnderANameThatIsAskedFor) {
   EXPECT_EQ(desk_.folder.Get("New.arr"), ArrBytes({{"A", 1, false, {}}}));
 }
 
+TEST_F(Window, AFileThatHasLeftTheRecentFilesComesBackAmongThemWhenItsWindowCloses) {
+  OpenSong(ArrBytes({{"A", 1, false, {}}}), true);
+  auto& recent = desk_.program.app.core.RecentFiles;
+  recent = {};
+  desk_.program.Arr(1)->UserClose();
+  EXPECT_EQ(recent[0].path, desk_.folder.Path("Song"));
+  EXPECT_EQ(recent[0].type, 1);
+  EXPECT_TRUE(recent[0].read_only);
+}
+
 TEST_F(Window, OnlyEightFilesOpenAndTheNinthWaitsForAPlace) {
   for (int i = 1; i <= 9; ++i) desk_.Put("S" + std::to_string(i) + ".arr", ArrBytes({{"A", i, false, {}}}));
   for (int i = 1; i <= 8; ++i) desk_.Open("S" + std::to_string(i) + ".arr");
