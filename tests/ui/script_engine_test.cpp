@@ -390,6 +390,21 @@ TEST(ScriptEngine, TimersRunInOrderWhileTheScriptWaits) {
   EXPECT_THAT(result.log, ElementsAre("Timer1 at 100"));
 }
 
+TEST(ScriptEngine, ATimerIsEnabledWhileItRuns) {
+  const Result result = AfterStart(
+      "get frmToy(1).Timer1.enabled\nwait 99\nget frmToy(1).Timer1.enabled\nwait 1\nget frmToy(1).Timer1.enabled");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.lines, ElementsAre("value frmToy(1).Timer1.enabled 1", "value frmToy(1).Timer1.enabled 1",
+                                        "value frmToy(1).Timer1.enabled 0"));
+}
+
+TEST(ScriptEngine, AWaitOfManyDaysIsNotCutShort) {
+  EXPECT_THAT(AfterStart("wait 3000000000\npress mnuModal\nclose frmModal").lines.front(),
+              HasSubstr("open 3000000000 frmModal"));
+  EXPECT_EQ(StatusOf("wait 99999999999999999999\nwait 99999999999999999999"), 0);
+  EXPECT_EQ(StatusOf("wait -99999999999999999999"), 2);
+}
+
 TEST(ScriptEngine, ABoxInATimerIsAnsweredWithinTheWait) {
   ToyHost host("start\nwait 500\nanswer yes\nget frmToy(1).Timer1");
   host.toy.Start();

@@ -125,12 +125,16 @@ TEST_F(Names, TextIsWhatAControlShows) {
 }
 
 TEST_F(Names, EveryControlSaysWhetherItIsEnabledAndVisible) {
+  child.Timer1.Stop();
   for (const Control* const control : child.controls()) {
-    EXPECT_EQ(Get(ScriptName(*control) + ".enabled"), control == &child.CommOff ? "0" : "1");
+    const bool off = control == &child.CommOff || control == &child.Timer1;
+    EXPECT_EQ(Get(ScriptName(*control) + ".enabled"), off ? "0" : "1");
     EXPECT_EQ(Get(ScriptName(*control) + ".visible"), control == &child.CommHidden ? "0" : "1");
   }
   EXPECT_EQ(Get("mnuOff.enabled"), "0");
   EXPECT_EQ(Get("mnuHidden.visible"), "0");
+  child.Timer1.Start();
+  EXPECT_EQ(Get("frmToy(1).Timer1.enabled"), "1");
 }
 
 TEST_F(Names, RowsOfListsAreReadByNumber) {

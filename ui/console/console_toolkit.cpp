@@ -19,6 +19,12 @@ constexpr int kCascadeLength = 10;
 constexpr int kCharacterWidth = 8;
 constexpr const char* kDate = "11/03/2004";
 
+// The clock goes no further, so that what is due after it can still be told.
+constexpr std::int64_t kEndOfTime = std::numeric_limits<std::int64_t>::max() / 2;
+
+// Milliseconds.
+constexpr int kLongestSleep = std::numeric_limits<int>::max();
+
 // A chain of timers that never ends is given up after so many.
 constexpr int kLongestChain = 100000;
 // So many timers run in one go before the script gets its turn again.
@@ -55,7 +61,7 @@ ConsoleToolkit::~ConsoleToolkit() {
 
 void ConsoleToolkit::Advance(std::int64_t milliseconds) {
   const std::int64_t now = Now();
-  const std::int64_t longest = std::numeric_limits<std::int64_t>::max() - now;
+  const std::int64_t longest = kEndOfTime - now;
   const std::int64_t target = now + std::clamp<std::int64_t>(milliseconds, 0, longest);
   if (clock_ == Clock::kVirtual) {
     AdvanceVirtual(target);
@@ -81,7 +87,8 @@ void ConsoleToolkit::AdvanceReal(std::int64_t target) {
     const std::int64_t left = target - Now();
     if (left <= 0 || main_closed_) return;
     if (before_sleep_) before_sleep_();
-    std::this_thread::sleep_for(std::chrono::milliseconds(next < 0 ? left : std::min<std::int64_t>(left, next)));
+    std::this_thread::sleep_for(
+        std::chrono::milliseconds(std::min<std::int64_t>(left, next < 0 ? kLongestSleep : next)));
   }
 }
 

@@ -16,14 +16,25 @@ bool IsWord(const ScriptWord& word, std::string_view text) {
   return !word.quoted && word.text == text;
 }
 
-}  // namespace
-
-std::optional<int> ScriptNumber(std::string_view text) {
-  int number = 0;
+// One beyond the range of its type is taken as the range's end.
+template <class Number>
+std::optional<Number> WholeNumber(std::string_view text) {
+  Number number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (end != text.data() + text.size() || error == std::errc::invalid_argument) return std::nullopt;
   if (error == std::errc()) return number;
-  return text.starts_with('-') ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+  return text.starts_with('-') ? std::numeric_limits<Number>::min() : std::numeric_limits<Number>::max();
+}
+
+}  // namespace
+
+std::optional<int> ScriptNumber(std::string_view text) {
+  return WholeNumber<int>(text);
+}
+
+std::optional<std::int64_t> ScriptDuration(std::string_view text) {
+  const auto milliseconds = WholeNumber<std::int64_t>(text);
+  return milliseconds && *milliseconds >= 0 ? milliseconds : std::nullopt;
 }
 
 std::optional<std::vector<int>> ScriptNumbers(ScriptWords words) {

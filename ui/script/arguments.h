@@ -1,6 +1,7 @@
 // The words behind a command, read as what the command takes. None when they are malformed.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -17,6 +18,8 @@ using ScriptWords = std::span<const ScriptWord>;
 // A whole number; one beyond the range of int is taken as the range's end.
 std::optional<int> ScriptNumber(std::string_view text);
 std::optional<std::vector<int>> ScriptNumbers(ScriptWords words);
+// Milliseconds, none below 0; more than their type holds is taken as the most that it holds.
+std::optional<std::int64_t> ScriptDuration(std::string_view text);
 
 // ROW... or none, which gives no rows.
 std::optional<std::vector<int>> ScriptRows(ScriptWords words);

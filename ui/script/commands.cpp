@@ -87,7 +87,7 @@ ScriptEngine::Outcome ScriptEngine::Start(Words) {
 }
 
 ScriptEngine::Outcome ScriptEngine::Wait(Words words) {
-  host_.Advance(*ScriptNumber(words[0].text));
+  host_.Advance(*ScriptDuration(words[0].text));
   return {};
 }
 

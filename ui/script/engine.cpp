@@ -43,8 +43,7 @@ bool ServiceFault(ScriptWords words) {
 }
 
 bool Duration(ScriptWords words) {
-  const std::optional<int> milliseconds = ScriptNumber(words[0].text);
-  return milliseconds && *milliseconds >= 0;
+  return ScriptDuration(words[0].text).has_value();
 }
 
 bool WorksOrNot(ScriptWords words) {

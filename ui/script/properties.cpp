@@ -79,6 +79,11 @@ Value Checked(const Control& control) {
   }
 }
 
+// A timer is enabled while it runs.
+bool IsEnabled(const Control& control) {
+  return control.kind() == ControlKind::kTimer ? As<Timer>(control).running() : control.enabled();
+}
+
 Value Default(const Control& control) {
   switch (control.kind()) {
     case ControlKind::kListBox:
@@ -134,7 +139,7 @@ Value ReadProperty(const Control& control, std::string_view property) {
   if (property.empty()) return Default(control);
   if (property == "text") return ShownText(control);
   if (property == "caption") return Caption(control);
-  if (property == "enabled") return Number(control.enabled());
+  if (property == "enabled") return Number(IsEnabled(control));
   if (property == "visible") return Number(control.visible());
   if (property == "checked") return Checked(control);
   if (property == "rows") return Rows(control);
