@@ -175,7 +175,8 @@ void EnumerateMidi(Application& app) {
     return;
   }
   for (int i = 0; i < midi.MidiOutCount; ++i) {
-    midi.MidiDeviceOk[kOutputRow][i] = app.service.midiOutGetDevCapsA(i, midi.MidiOutCaps[i], kMidiCapsSize) == 0;
+    midi.MidiResult = app.service.midiOutGetDevCapsA(i, midi.MidiOutCaps[i], kMidiCapsSize);
+    midi.MidiDeviceOk[kOutputRow][i] = midi.MidiResult == 0;
   }
   midi.MidiInCount = std::clamp(app.service.midiInGetNumDevs(), 0, kMostMidiDevices);
   if (midi.MidiInCount == 0) {
@@ -184,7 +185,8 @@ void EnumerateMidi(Application& app) {
     return;
   }
   for (int i = 0; i < midi.MidiInCount; ++i) {
-    midi.MidiDeviceOk[kInputRow][i] = app.service.midiInGetDevCapsA(i, midi.MidiInCaps[i], kMidiCapsSize) == 0;
+    midi.MidiResult = app.service.midiInGetDevCapsA(i, midi.MidiInCaps[i], kMidiCapsSize);
+    midi.MidiDeviceOk[kInputRow][i] = midi.MidiResult == 0;
   }
   // What has been opened stays open.
   if (!OpenStoredPorts(app)) midi.ThruOn = false;

@@ -136,6 +136,22 @@ TEST_F(Start, AStoredDeviceThatTellsNoNameGivesUp) {
   EXPECT_THAT(Run(0, 0, true), ElementsAre("service 0 midiOutOpen 0 -> 0", kArrPlay, kMain));
 }
 
+TEST_F(Start, AFailedQueryCountsAsTheLastResultUntilSomethingIsSent) {
+  program_.midi.Fail("midiInGetDevCapsA", 2, 0);
+  Run(99, 99, false);
+  EXPECT_EQ(midi().MidiResult, 2);
+  program_.app.main->mnuDevMIDIOut(0).UserPress();
+  program_.app.main->mnuDevMIDIOut(0).UserPress();
+  EXPECT_THAT(std::exchange(program_.toolkit.lines, {}),
+              ElementsAre("service 0 midiOutOpen 0 -> 0", "service 0 midiOutClose -> 0",
+                          kTitle + std::string("\"Error accessing MIDI output device (Cod Err: 800)\"")));
+  program_.app.main->mnuDevMIDIOut(0).UserPress();
+  SendModeArrPlay(program_.app);
+  program_.app.main->mnuDevMIDIOut(0).UserPress();
+  EXPECT_THAT(program_.toolkit.lines,
+              ElementsAre("service 0 midiOutOpen 0 -> 0", kArrPlay, "service 0 midiOutClose -> 0"));
+}
+
 TEST_F(Start, TheStoredModeIsSentWhateverItIs) {
   const std::string modes[] = {"0A", "06", "04", "0B", "02"};
   const std::string texts[] = {"ARR PLAY", "SONG PLAY", "GLOBAL", "BACK.SEQ.", "PROGRAM"};
