@@ -97,6 +97,7 @@ void frmArrU::PressLoadPrg() {
       break;
     default:
       if (FindOpenProgram(app(), Path()) != nullptr) {
+        ShowWait(app(), kWaitLoadingPrg);
         TimerLoadPrg.SetInterval(kPrgWindowWait);
         return TimerLoadPrg.Start();
       }
@@ -107,6 +108,7 @@ void frmArrU::PressLoadPrg() {
       }
       pgg_to_send_ = result == kPggGood;
       programs_to_send_ = BuildPrgWindowImage(app().program.ProgramFileBuffer);
+      ShowWait(app(), kWaitLoadingPrg);
       TimerLoadPrg.SetInterval(kPrgFileWait);
       return TimerLoadPrg.Start();
   }
@@ -119,9 +121,9 @@ void frmArrU::PressLoadPrg() {
 
 void frmArrU::SendPrograms(const Bytes& image, bool pgg) {
   SendPrgBankDump(app(), image);
-  app().program.PrgInInstrument = NameForInstrument();
+  app().program.PrgInInstrument = ProgramsForInstrument();
   if (app().main != nullptr) {
-    app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + (pgg ? ".pgg" : ".prg"));
+    app().main->LabelPrg.SetCaption(ShownPath(ProgramsForInstrument()) + (pgg ? ".pgg" : ".prg"));
   }
   SlotTakePrg(app(), Path(), pgg);
 }
@@ -164,7 +166,7 @@ void frmArrU::StepSearch() {
   }
   if (step == kFindPrg) {
     step = kFindAfterPrg;
-    if (settings.CaricaPrg && state.FindNeedsPrg && app().program.PrgInInstrument != NameForInstrument()) {
+    if (settings.CaricaPrg && state.FindNeedsPrg && app().program.PrgInInstrument != ProgramsForInstrument()) {
       TimerFindID.SetInterval(step);
       return CommLoadPrg.Press();
     }
