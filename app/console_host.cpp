@@ -38,6 +38,7 @@ ConsoleHost::ConsoleHost(const ConsoleOptions& options, std::string directory, i
       driver_(parts.make_driver(*toolkit_)),
       engine_(*this, *driver_, toolkit_->transcript()) {
   toolkit_->SetQuestions(engine_);
+  virtual_.FollowArrangementChannel([this] { return app_.midi.ArrChannel; });
 }
 
 // The recorder without devices stands for no service at all.
