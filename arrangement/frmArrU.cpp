@@ -127,6 +127,10 @@ std::string frmArrU::NameForInstrument() const {
   return CutText(BaseName(), kInstrumentNameLength);
 }
 
+std::string frmArrU::ProgramsForInstrument() const {
+  return CutText(BaseName(), kProgramNameKept);
+}
+
 WindowRecord* frmArrU::Record() {
   return &app().core.ArrWindows[static_cast<std::size_t>(number_)];
 }

@@ -89,6 +89,7 @@ class frmArrU : public ChildWindow {
 
   int record_byte(int row, std::size_t offset) const;
   std::string NameForInstrument() const;
+  std::string ProgramsForInstrument() const;
   std::string Path() const;
 
   int number_;

@@ -121,9 +121,9 @@ void frmArrU::PressLoadPrg() {
 
 void frmArrU::SendPrograms(const Bytes& image, bool pgg) {
   SendPrgBankDump(app(), image);
-  app().program.PrgInInstrument = NameForInstrument();
+  app().program.PrgInInstrument = ProgramsForInstrument();
   if (app().main != nullptr) {
-    app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + (pgg ? ".pgg" : ".prg"));
+    app().main->LabelPrg.SetCaption(ShownPath(ProgramsForInstrument()) + (pgg ? ".pgg" : ".prg"));
   }
   SlotTakePrg(app(), Path(), pgg);
 }
@@ -166,7 +166,7 @@ void frmArrU::StepSearch() {
   }
   if (step == kFindPrg) {
     step = kFindAfterPrg;
-    if (settings.CaricaPrg && state.FindNeedsPrg && app().program.PrgInInstrument != NameForInstrument()) {
+    if (settings.CaricaPrg && state.FindNeedsPrg && app().program.PrgInInstrument != ProgramsForInstrument()) {
       TimerFindID.SetInterval(step);
       return CommLoadPrg.Press();
     }

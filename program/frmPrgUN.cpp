@@ -5,6 +5,7 @@
 
 #include "core/application.h"
 #include "core/boxes.h"
+#include "core/file_reading.h"
 #include "core/main_window.h"
 #include "core/panel_numbers.h"
 #include "core/window_image.h"
@@ -63,7 +64,7 @@ bool frmPrgUN::NeverSaved() const {
 }
 
 std::string frmPrgUN::NameForInstrument() const {
-  return CutText(BaseName(), kInstrumentNameLength);
+  return CutText(BaseName(), kProgramNameKept);
 }
 
 // --- Opening ---
@@ -238,6 +239,16 @@ bool frmPrgUN::CanSave() const {
 
 // --- Closing ---
 
+// Until it is saved, the file may stand under another extension than its records call for.
+std::string frmPrgUN::FilePath() const {
+  const std::string base(WindowPath(window_image()));
+  const bool pgg = ProgramExtension(window_image()) == "pgg";
+  const std::string own = base + (pgg ? ".pgg" : ".prg");
+  const std::string other = base + (pgg ? ".prg" : ".pgg");
+  Disk& disk = app().disk;
+  return !disk.Exists(PathOnDisk(disk, own)) && disk.Exists(PathOnDisk(disk, other)) ? other : own;
+}
+
 // What was never saved can't come back at the next start.
 void frmPrgUN::Resized() {
   ChildWindow::Resized();
@@ -256,7 +267,10 @@ void frmPrgUN::Unload() {
   app().prg_windows[static_cast<std::size_t>(number_)] = nullptr;
   ChildWindow::Unload();
   // The instrument's own window keeps its mark, and so its file.
-  if (number_ != kInstrumentWindow && !app().core.Closing) Record()->state = 0;
+  if (number_ != kInstrumentWindow && !app().core.Closing) {
+    Record()->state = 0;
+    if (!NeverSaved()) AddRecentFile(app(), FilePath(), ReadOnly());
+  }
   RefreshOpenEntries(app());
   if (app().main != nullptr) app().main->ShowPrgUEntry();
 }

@@ -40,6 +40,8 @@ class frmPrgUN : public ProgramListWindow {
   bool IsEmptyRow(int row) const;
   bool NeverSaved() const;
   std::string NameForInstrument() const;
+  // With the extension under which it stands on the disk.
+  std::string FilePath() const;
 
   void PressLoad();
   void KeyInList(const ui::Key& key);

@@ -163,7 +163,7 @@ TEST_F(BankFiles, ANewBankAsksForItsNameOnceAndIsSavedLikeAFileFromThenOn) {
   EXPECT_TRUE(desk_.Enabled("frmPrgUN(1).CommLoad"));
   EXPECT_TRUE(desk_.Enabled("mnuLoadPrg"));
   EXPECT_FALSE(desk_.Enabled("mnuSalva"));
-  EXPECT_EQ(desk_.Text("mnuRecentFile(0)"), desk_.folder.Path("Mine.prg"));
+  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Mine.prg"));
 
   Set(desk_.Prg(1)->window_image(), 319, 'M');
   desk_.Change(1);
@@ -327,7 +327,7 @@ TEST_F(BankFiles, AnswerNoIsRememberedWhenAnotherWindowKeepsTheProgramFromEnding
 TEST_F(BankFiles, ARecentFileIsFoundUnderTheOtherExtension) {
   Open(Bank());
   Close();
-  EXPECT_EQ(desk_.Text("mnuRecentFile(0)"), desk_.folder.Path("Bank.prg"));
+  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Bank.prg"));
   desk_.Put("Bank.pgg", "KPGG" + WithLink(Bank()).substr(4));
   desk_.program.disk.Remove(desk_.folder.Path("Bank.prg"));
   ASSERT_TRUE(desk_.Press("mnuRecentFile(0)"));
@@ -341,7 +341,23 @@ TEST_F(BankFiles, ARecentFileIsFoundUnderTheOtherExtension) {
   desk_.program.disk.Remove(desk_.folder.Path("Bank.pgg"));
   desk_.Press("mnuRecentFile(0)");
   EXPECT_THAT(Boxes(), ElementsAre(ShownBox{48, "Opening Bank.prg", "File not found"}));
-  EXPECT_EQ(desk_.Text("mnuRecentFile(0)"), desk_.folder.Path("Bank.prg")) << "the record stays";
+  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Bank.prg")) << "the record stays";
+}
+
+TEST_F(BankFiles, AClosingWindowPutsItsFileBackAmongTheRecentOnes) {
+  const auto closed = [this] {
+    for (RecentFile& recent : desk_.program.app.core.RecentFiles) recent = {};
+    Close();
+    return desk_.program.app.core.RecentFiles[0];
+  };
+  Open(Bank(), "Bank.prg", true);
+  EXPECT_EQ(closed(), (RecentFile{desk_.folder.Path("Bank"), 3, true}));
+  Open(WithLink(Bank()), "Linked.prg");
+  EXPECT_EQ(closed(), (RecentFile{desk_.folder.Path("Linked"), 3, false})) << "it was not saved as a .pgg";
+  Open("KPGG" + WithLink(Bank()).substr(4), "Links.pgg");
+  EXPECT_EQ(closed(), (RecentFile{desk_.folder.Path("Links"), 4, false}));
+  desk_.Press("mnuNuovoPrg");
+  EXPECT_EQ(closed(), RecentFile());
 }
 
 TEST_F(BankFiles, ARecentFileOpensReadOnlyAsItWas) {

@@ -148,13 +148,20 @@ TEST_F(BankSend, AutomaticSelectionSendsTheBankFirstAndOnlyOnce) {
   EXPECT_EQ(desk_.Wire().size(), 4u) << "another bank goes out in its turn";
 }
 
+TEST_F(BankSend, ANameOfMoreThanTwentyFourBytesIsShownWhole) {
+  Open(Bank(), "A name of more than twenty-four.prg");
+  Load();
+  desk_.Wait(100);
+  EXPECT_EQ(desk_.program.app.main->LabelPrg.caption(), "A name of more than twenty-four.prg");
+}
+
 TEST_F(BankSend, LongNamesAreComparedAsFarAsTheyAreKept) {
-  const std::string name = "A name of more than twenty-four";
+  const std::string name = "A name of more than the fifty bytes that are kept of it";
   Open(Bank(), name + ".prg");
   desk_.Press("mnuAutoPrgSel");
   desk_.Click(0);
   desk_.Wait(100);
-  EXPECT_EQ(desk_.state().PrgInInstrument, name.substr(0, 24));
+  EXPECT_EQ(desk_.state().PrgInInstrument, name.substr(0, 50));
   desk_.Wire();
   desk_.Click(1);
   EXPECT_EQ(desk_.Wire().size(), 3u);
