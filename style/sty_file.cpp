@@ -16,8 +16,10 @@ namespace {
 constexpr std::size_t kLargest = std::size_t{1} << 24;
 constexpr std::string_view kTemplateEnd = "i40Sty";
 
+// By its base name and ".sty", whatever the extension was; the template has none.
 void ShowErrorReading(Application& app, const std::string& path) {
-  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
+  const std::string named = path.ends_with(kTemplateEnd) ? path : WithoutExtension(path) + ".sty";
+  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(named)));
 }
 
 // Reads and checks; `take` makes of the bytes what is wanted.

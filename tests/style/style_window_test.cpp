@@ -161,6 +161,15 @@ TEST_F(StyleWindow, AFileOfAnotherKindIsRefused) {
   EXPECT_TRUE(desk_.Enabled("mnuApriSty"));
 }
 
+TEST_F(StyleWindow, AFileUnderAnotherExtensionIsNamedAsAStyleFile) {
+  desk_.Put("Bank.prg", "KORG" + Hand({0x4D, 0, 0, 1}) + Zeros(300));
+  desk_.Put("LOUD.STY", "KORG" + Hand({0x4D, 0, 4, 2}) + Zeros(300));
+  desk_.OpenSty("Bank.prg");
+  desk_.OpenSty("LOUD.STY");
+  EXPECT_THAT(Boxes(), ElementsAre(ShownBox{48, "Opening Bank.prg", "Error reading Bank.sty"},
+                                   ShownBox{48, "Opening LOUD.STY", "Error reading LOUD.sty"}));
+}
+
 TEST_F(StyleWindow, ANinthFileCannotBeOpenedUntilOneIsClosed) {
   for (int i = 1; i <= 8; ++i) {
     EXPECT_TRUE(desk_.Enabled("mnuApriSty")) << i;
