@@ -106,6 +106,7 @@ constexpr TextRow kImages[] = {
     {"EmptyStyleImage", [](const Application& app) -> const Bytes& { return app.style.EmptyStyleImage; }},
     {"ProgramFileBuffer", [](const Application& app) -> const Bytes& { return app.program.ProgramFileBuffer; }},
     {"EditRecord", [](const Application& app) -> const Bytes& { return app.program.EditRecord; }},
+    {"ItemClipboard", [](const Application& app) -> const Bytes& { return app.files.ItemClipboard; }},
     {"SysExBuffer", [](const Application& app) -> const Bytes& { return app.midi.SysExBuffer; }},
 };
 // clang-format on

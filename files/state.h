@@ -20,6 +20,7 @@ struct FilesState {
   // The file of the open flow that runs.
   std::string CurrentFileDir;
   std::string CurrentFileName;  // without extension
+  Bytes ItemClipboard;          // the image of the window that items were copied from; empty before the first copy
 };
 
 }  // namespace zentaline
