@@ -151,4 +151,30 @@ TEST_F(FactoryTool, TheListOfMultisamplesMustBeWhole) {
   EXPECT_FALSE(fs::exists(out));
 }
 
+TEST_F(FactoryTool, AFolderInPlaceOfATableIsToldAndNothingIsMade) {
+  fs::remove(directory_ / "sources" / "multisamples.txt");
+  fs::create_directories(directory_ / "sources" / "multisamples.txt");
+  ExpectRefused("multisamples.txt: ", "cannot be read");
+}
+
+TEST_F(FactoryTool, AListOfMultisamplesThatAnEditorMarkedIsRead) {
+  const fs::path list = directory_ / "sources" / "multisamples.txt";
+  const std::string text = Read(list);
+  std::ofstream(list, std::ios::binary) << "\xEF\xBB\xBF" << text;
+  const std::string out = (directory_ / "made").string();
+  EXPECT_EQ(Run(std::string(MULTISAMPLE_PROGRAM) + " '" + list.string() + "' '" + out + "'"), 0) << Errors();
+  EXPECT_TRUE(Read(out) == Read(fs::path(FACTORY_DIRECTORY) / "i40Multisample"));
+}
+
+TEST_F(FactoryTool, AListThatCannotBeWrittenWholeLeavesTheOldFile) {
+  const std::string out = (directory_ / "made").string();
+  std::ofstream(out, std::ios::binary) << "the old file";
+  // 4 blocks of 512 bytes, and a file of 7785.
+  EXPECT_EQ(Run("trap '' XFSZ; ulimit -f 4; " + std::string(MULTISAMPLE_PROGRAM) + " '" + FACTORY_SOURCES +
+                "/multisamples.txt' '" + out + "'"),
+            1);
+  EXPECT_EQ(Errors(), out + ": cannot be written\n");
+  EXPECT_EQ(Read(out), "the old file");
+}
+
 }  // namespace

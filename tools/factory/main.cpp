@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 
 #include "tools/factory/arrangements.h"
 #include "tools/factory/guide.h"
@@ -41,24 +40,16 @@ Files MakeFiles(const std::string& sources, Problems& problems) {
   return files;
 }
 
-bool WriteFile(const std::filesystem::path& path, const Bytes& bytes) {
-  std::error_code error;
-  std::filesystem::create_directories(path.parent_path(), error);
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  out.close();
-  return !out.fail();
-}
-
 int Run(const std::string& directory, const std::string& sources) {
   Problems problems;
   const Files files = MakeFiles(sources, problems);
   for (const std::string& problem : problems.List()) std::fprintf(stderr, "%s\n", problem.c_str());
   if (problems.Any()) return 1;
   for (const auto& [name, bytes] : files) {
-    if (WriteFile(std::filesystem::path(directory) / name, bytes)) continue;
-    std::fprintf(stderr, "%s/%s: cannot be written\n", directory.c_str(), name.c_str());
-    return 1;
+    const std::filesystem::path path = std::filesystem::path(directory) / name;
+    std::error_code error;
+    std::filesystem::create_directories(path.parent_path(), error);
+    if (!WriteFile(path.string(), bytes)) return 1;
   }
   return 0;
 }

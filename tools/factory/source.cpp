@@ -1,10 +1,19 @@
 #include "tools/factory/source.h"
 
 #include <charconv>
+#include <cstdio>
 #include <fstream>
-#include <iterator>
+#include <sstream>
+
+#include "core/posix_disk.h"
 
 namespace zentaline::factory {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+}  // namespace
 
 void Problems::Add(const SourceLine& line, std::string_view what) {
   list_.push_back(line.file + ":" + std::to_string(line.number) + ": " + Utf8FromBytes(what));
@@ -16,11 +25,23 @@ void Problems::Add(std::string_view file, std::string_view what) {
 
 std::optional<std::string> ReadText(const std::string& path, Problems& problems) {
   std::ifstream in(path, std::ios::binary);
-  if (!in) {
+  std::ostringstream content;
+  // A folder can be opened too, and says only here that it can't be read.
+  if (in.is_open() && in.peek() != std::ifstream::traits_type::eof()) content << in.rdbuf();
+  if (!in.is_open() || in.bad() || content.bad()) {
     problems.Add(path, "cannot be read");
     return std::nullopt;
   }
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  std::string text = content.str();
+  // Some editors put one before the first line.
+  if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
+  return text;
+}
+
+bool WriteFile(const std::string& path, const Bytes& bytes) {
+  if (PosixDisk().Write(path, bytes) == DiskResult::kOk) return true;
+  std::fprintf(stderr, "%s: cannot be written\n", path.c_str());
+  return false;
 }
 
 std::vector<SourceLine> ReadSource(const std::string& path, Problems& problems) {

@@ -33,6 +33,9 @@ class Problems {
 // The whole file, or nothing with a problem told.
 std::optional<std::string> ReadText(const std::string& path, Problems& problems);
 
+// Writes a file whole; where that fails the old one stays, and the failure is told on standard error.
+bool WriteFile(const std::string& path, const Bytes& bytes);
+
 // Lines that are empty or begin with "#" are left out.
 std::vector<SourceLine> ReadSource(const std::string& path, Problems& problems);
 

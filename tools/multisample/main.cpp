@@ -2,7 +2,6 @@
 // each of at most ten characters, so that an owner can put in the names of his own instrument.
 
 #include <cstdio>
-#include <fstream>
 
 #include "tools/factory/multisamples.h"
 
@@ -15,10 +14,5 @@ int main(int count, char** arguments) {
   const zentaline::Bytes file = zentaline::factory::MultisampleFile(arguments[1], problems);
   for (const std::string& problem : problems.List()) std::fprintf(stderr, "%s\n", problem.c_str());
   if (problems.Any()) return 1;
-  std::ofstream out(arguments[2], std::ios::binary | std::ios::trunc);
-  out.write(file.data(), static_cast<std::streamsize>(file.size()));
-  out.close();
-  if (!out.fail()) return 0;
-  std::fprintf(stderr, "%s: cannot be written\n", arguments[2]);
-  return 1;
+  return zentaline::factory::WriteFile(arguments[2], file) ? 0 : 1;
 }
