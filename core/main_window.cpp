@@ -14,7 +14,9 @@ using enum MenuId;
 
 MainWindow::MainWindow(Application& app) : Form(app.toolkit, ui::FormKind::kMain, "frmMain"), app_(app) {
   MakeMenus();
-  for (ui::Label* label : {&LabelNomeAppl, &Label1, &LabelMode, &LabelArr, &LabelSty, &LabelPrg}) label->sunken = true;
+  for (ui::Label* label : {&LabelNomeAppl, &Label1, &LabelMode, &LabelArr, &LabelSty, &LabelPrg}) {
+    label->sunken = label->literal = true;
+  }
   Label1.least_characters = {30, 1};
   LabelMode.least_characters = {10, 1};
   layout = ui::Inside(Picture1, ui::Row({ui::Item(LabelNomeAppl), ui::Item(Label1, 2), ui::Item(LabelMode),
@@ -34,6 +36,7 @@ void MainWindow::MakeMenus() {
         auto& recent = recent_files_[static_cast<std::size_t>(i)];
         recent = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuFile), "mnuRecentFile", i);
         recent->separator_before = i == 0;
+        recent->literal = true;
       }
     }
   }
@@ -42,7 +45,10 @@ void MainWindow::MakeMenus() {
     out = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuMIDIOut), "mnuDevMIDIOut", i);
     auto& in = in_devices_[static_cast<std::size_t>(i)];
     in = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuMIDIIn), "mnuDevMIDIIn", i);
+    out->literal = in->literal = true;
   }
+  // They tell the name of a file too.
+  Menu(mnuArrU).literal = Menu(mnuPrgU).literal = true;
 }
 
 ui::MenuEntry& MainWindow::mnuDevMIDIOut(int device) const {

@@ -18,6 +18,7 @@ class Captioned : public Control {
   using Control::Control;
   const std::string& caption() const { return caption_; }
   void SetCaption(std::string caption);
+  bool literal = false;  // its caption is data, as the name of a file: without mnemonic, each sign stands for itself
 
  private:
   std::string caption_;

@@ -383,6 +383,21 @@ TEST_F(MainWindowTest, DeviceMenusShowTheDevicesThatAnswerAndCheckTheStoredOnes)
   EXPECT_TRUE(program.Enabled(mnuMIDIThru));
 }
 
+TEST_F(MainWindowTest, NamesOfFilesAndDevicesAreShownSignBySign) {
+  const auto program = Run();
+  const MainWindow& main = *program->app.main;
+  for (const ui::Captioned* shown :
+       {static_cast<const ui::Captioned*>(&main.mnuRecentFile(7)),
+        static_cast<const ui::Captioned*>(&main.mnuDevMIDIOut(18)),
+        static_cast<const ui::Captioned*>(&main.mnuDevMIDIIn(0)),
+        static_cast<const ui::Captioned*>(&main.Menu(mnuArrU)), static_cast<const ui::Captioned*>(&main.Menu(mnuPrgU)),
+        static_cast<const ui::Captioned*>(&main.Label1), static_cast<const ui::Captioned*>(&main.LabelArr),
+        static_cast<const ui::Captioned*>(&main.LabelSty), static_cast<const ui::Captioned*>(&main.LabelPrg)}) {
+    EXPECT_TRUE(shown->literal) << shown->FullName();
+  }
+  EXPECT_FALSE(main.Menu(mnuApriArr).literal);
+}
+
 TEST_F(MainWindowTest, Of25DevicesTheFirst19AreListed) {
   std::vector<std::string> names;
   for (int i = 0; i < 25; ++i) names.push_back("Port " + std::to_string(i));

@@ -350,6 +350,9 @@ TEST_F(Controls, ToolTipsAreShownAsPlainText) {
 TEST_F(Controls, ANameWithAnAmpersandIsShownAsItIs) {
   main->LabelArr.SetCaption("Rock & Roll");
   EXPECT_EQ(Widget<QLabel>(main->LabelArr)->text(), "Rock & Roll");
+  main->LabelArr.literal = true;
+  main->LabelArr.SetCaption("R&B");
+  EXPECT_EQ(Widget<QLabel>(main->LabelArr)->text(), "R&B");
 }
 
 }  // namespace

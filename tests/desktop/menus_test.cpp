@@ -53,6 +53,12 @@ TEST_F(Menus, CaptionEnablingAndHidingFollowTheModel) {
   EXPECT_FALSE(off->isVisible());
 }
 
+TEST_F(Menus, AnEntryThatShowsDataShowsEachOfItsSigns) {
+  main->mnuOff.literal = true;
+  main->mnuOff.SetCaption("R&B && Soul.arr");
+  EXPECT_EQ(Action("mnuOff")->text(), "R&&B &&&& Soul.arr");
+}
+
 TEST_F(Menus, APopupOpensAtOnceAndHoldsNothingUp) {
   toolkit.PopupMenu(main->mnuFile);
   QMenu* menu = MenuOf(main->mnuFile);

@@ -76,6 +76,10 @@ QString WithoutMnemonic(const std::string& caption) {
   return shown;
 }
 
+QString WithSigns(const std::string& text) {
+  return ToQt(text).replace(u'&', QStringLiteral("&&"));
+}
+
 QString ToToolTip(const std::string& text) {
   const QString plain = ToQt(text);
   return plain.contains(u'<') ? QStringLiteral("<p>") + plain.toHtmlEscaped() + QStringLiteral("</p>") : plain;

@@ -26,6 +26,9 @@ std::optional<Key> ToKey(const QKeyEvent& event);
 // left, since it is no mnemonic but part of a name.
 QString WithoutMnemonic(const std::string& caption);
 
+// A caption of data for a place that reads mnemonics: each sign is shown.
+QString WithSigns(const std::string& text);
+
 // A tool tip is plain text, whatever signs it holds.
 QString ToToolTip(const std::string& text);
 

@@ -44,7 +44,7 @@ class EntryView : public QObject, public ControlView {
     const Gate::Showing showing(gate_);
     switch (change) {
       case Change::kText:
-        action_->setText(ToQt(entry_->caption()));
+        action_->setText(entry_->literal ? WithSigns(entry_->caption()) : ToQt(entry_->caption()));
         break;
       case Change::kToolTip:
         action_->setToolTip(ToToolTip(entry_->tool_tip()));

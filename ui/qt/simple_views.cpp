@@ -94,19 +94,24 @@ class LabelView : public View {
 
  protected:
   void Refresh(Change change) override {
-    if (label_.sunken) {
-      if (change == Change::kText) {
-        static_cast<FieldLabel*>(widget_)->SetWholeText(WithoutMnemonic(label_.caption()));
-      } else if (change == Change::kToolTip) {
-        static_cast<FieldLabel*>(widget_)->SetToolTipOfItsOwn(ToToolTip(label_.tool_tip()));
-      }
-    } else if (change == Change::kText) {
-      // With a buddy the label's mnemonic takes to it, and Qt reads the signs itself.
-      widget_->setText(widget_->buddy() != nullptr ? ToQt(label_.caption()) : WithoutMnemonic(label_.caption()));
+    if (change == Change::kText) {
+      ShowText();
+    } else if (label_.sunken && change == Change::kToolTip) {
+      static_cast<FieldLabel*>(widget_)->SetToolTipOfItsOwn(ToToolTip(label_.tool_tip()));
     }
   }
 
  private:
+  void ShowText() {
+    const QString text = label_.literal ? ToQt(label_.caption()) : WithoutMnemonic(label_.caption());
+    if (label_.sunken) {
+      static_cast<FieldLabel*>(widget_)->SetWholeText(text);
+    } else {
+      // With a buddy the label's mnemonic takes to it, and Qt reads the signs itself.
+      widget_->setText(widget_->buddy() != nullptr ? ToQt(label_.caption()) : text);
+    }
+  }
+
   Label& label_;
   QLabel* widget_;
 };
