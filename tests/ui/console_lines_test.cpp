@@ -69,6 +69,31 @@ TEST(LineReader, CutsALineThatIsTooLongAndGoesOnBehindIt) {
   EXPECT_THAT(lines, ElementsAre(std::string(51, 'x'), "next"));
 }
 
+TEST(LineReader, DoesNotWaitForTheEndOfALineThatIsTooLong) {
+  Pipe pipe;
+  pipe.Write(std::string(51, 'x'));
+  LineReader reader(pipe.out(), 50);
+  std::string line;
+  int waits = 0;
+  const auto waiting = [&] {
+    if (++waits > 1) pipe.CloseIn();
+  };
+  ASSERT_TRUE(reader.Read(line, {}, waiting));
+  EXPECT_EQ(line, std::string(51, 'x'));
+  ASSERT_EQ(waits, 1) << "it waited for more than the 51 bytes that were there";
+  pipe.Write("yy\nnext");
+  pipe.CloseIn();
+  EXPECT_THAT(AllLines(reader), ElementsAre("next"));
+}
+
+TEST(LineReader, TakesALineOfExactlyTheLongestLengthWhole) {
+  Pipe pipe;
+  pipe.Write(std::string(50, 'x') + "\n" + std::string(51, 'y') + "\n" + std::string(51, 'z'));
+  pipe.CloseIn();
+  LineReader reader(pipe.out(), 50);
+  EXPECT_THAT(AllLines(reader), ElementsAre(std::string(50, 'x'), std::string(51, 'y'), std::string(51, 'z')));
+}
+
 TEST(LineReader, CallsTheIdlerWhileItWaitsAndTellsBeforeItBlocks) {
   Pipe pipe;
   LineReader reader(pipe.out(), 100);

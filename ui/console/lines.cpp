@@ -33,21 +33,29 @@ void LineWriter::Flush() {
 }
 
 bool LineReader::TakeLine(std::string& line) {
+  if (dropping_) {
+    const std::size_t end = buffer_.find('\n', taken_);
+    dropping_ = end == std::string::npos;
+    TakenTo(dropping_ ? buffer_.size() : end + 1);
+  }
   std::size_t end = buffer_.find('\n', scanned_);
   if (end == std::string::npos) {
     scanned_ = buffer_.size();
-    if (!at_end_ || taken_ == buffer_.size()) return false;
+    const std::size_t unfinished = buffer_.size() - taken_;
+    if (unfinished == 0 || (!at_end_ && unfinished <= longest_)) return false;
     end = buffer_.size();
+    dropping_ = !at_end_;
   }
   line.assign(buffer_, taken_, std::min(end - taken_, longest_ + 1));
-  taken_ = std::min(end + 1, buffer_.size());
-  scanned_ = taken_;
-  if (taken_ > kManyBytes) {
-    buffer_.erase(0, taken_);
-    taken_ = 0;
-    scanned_ = 0;
-  }
+  TakenTo(std::min(end + 1, buffer_.size()));
   return true;
+}
+
+void LineReader::TakenTo(std::size_t place) {
+  taken_ = scanned_ = place;
+  if (taken_ <= kManyBytes) return;
+  buffer_.erase(0, taken_);
+  taken_ = scanned_ = 0;
 }
 
 void LineReader::Fill() {
@@ -59,11 +67,6 @@ void LineReader::Fill() {
     return;
   }
   buffer_.append(block.data(), static_cast<std::size_t>(count));
-  // A line that is too long already needs no more of its text.
-  const std::size_t unfinished = buffer_.size() - scanned_;
-  if (buffer_.find('\n', scanned_) == std::string::npos && scanned_ - taken_ > longest_ + kManyBytes) {
-    buffer_.resize(buffer_.size() - unfinished);
-  }
 }
 
 bool LineReader::Read(std::string& line, const Idle& idle, const std::function<void()>& before_wait) {

@@ -25,7 +25,8 @@ class LineReader {
   // lines itself.
   using Idle = std::function<int()>;
 
-  // `longest` in bytes: what comes of a longer line behind that is dropped, so that one byte more than that is given.
+  // `longest` in bytes: of a longer line one byte more than that is given, without waiting for its end, which may never
+  // come; the rest of it is dropped.
   LineReader(int descriptor, std::size_t longest) : descriptor_(descriptor), longest_(longest) {}
 
   // The next line without its line end; false at the end. A last line needs no line end. `before_wait` is called before
@@ -34,6 +35,7 @@ class LineReader {
 
  private:
   bool TakeLine(std::string& line);
+  void TakenTo(std::size_t place);
   void Fill();
 
   int descriptor_;
@@ -41,6 +43,7 @@ class LineReader {
   std::string buffer_;
   std::size_t taken_ = 0;    // of the buffer
   std::size_t scanned_ = 0;  // of the buffer: no line end lies before it
+  bool dropping_ = false;    // what comes up to the next line end
   bool at_end_ = false;
 };
 
