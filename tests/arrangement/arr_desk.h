@@ -88,6 +88,11 @@ class ArrDesk {
     folder.Put("i40Sty", EmptyStyles());
     if (starts) Start();
   }
+  // With the files on a disk of the test's own.
+  explicit ArrDesk(Disk& other) : program(other, folder.Path()) {
+    other.Write(folder.Path("i40Sty"), EmptyStyles());
+    Start();
+  }
 
   // An output is chosen, and what happened so far is forgotten.
   void Start() {
