@@ -73,6 +73,8 @@ class frmEditArr : public ChildWindow {
   void ShowSplitNote(int note);
 
   void Load() override;
+  // The window that the record came from asks for it.
+  bool GoesWithAnother() const override { return true; }
   bool QueryClose() override;
   void Unload() override;
 

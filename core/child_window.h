@@ -50,6 +50,8 @@ class ChildWindow : public ui::Form {
   virtual bool Offers(WindowFunction function);
   // Whether there is something that mnuSalva and mnuSalvaAs would save.
   virtual bool CanSave() const { return false; }
+  // Whether another window takes this one along at its closing, and asks for it.
+  virtual bool GoesWithAnother() const { return false; }
   // The caption by the image.
   virtual void ShowName() {}
   // The window's file has another path now, without extension: the image and the window's record take it.

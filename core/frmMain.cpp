@@ -126,7 +126,7 @@ void frmMain::Load() {
   LabelNomeAppl.SetCaption(kProgramName);
   LabelArr.SetCaption(ShownPath(app().arrangement.ArrInInstrument));
   LabelSty.SetCaption(ShownPath(app().style.StyInInstrument));
-  LabelPrg.SetCaption(ShownPath(app().program.PrgInInstrument));
+  LabelPrg.SetCaption(PrgInInstrumentLabel(app()));
   DressForm(app(), *this);
   ShowDeviceMenus();
   ShowToggles();
@@ -209,7 +209,9 @@ void frmMain::Resized() {
 
 bool frmMain::QueryClose() {
   for (Form* form : toolkit().forms()) {
-    if (form->kind() == ui::FormKind::kChild && !form->QueryClose()) return false;
+    const auto* child = dynamic_cast<const ChildWindow*>(form);
+    const bool asked_with_another = child != nullptr && child->GoesWithAnother();
+    if (form->kind() == ui::FormKind::kChild && !asked_with_another && !form->QueryClose()) return false;
   }
   return true;
 }

@@ -244,6 +244,17 @@ TEST(EditorClosing, TheProgramsEndAsksOnce) {
   EXPECT_EQ(desk.program.Boxes().size(), 1U);
 }
 
+TEST(EditorClosing, TheProgramsEndAsksOnceWhereItsWindowWasOpenedAfterIt) {
+  EditorDesk desk(TwoRecords());
+  desk.Put("other.arr", ArrBytes({{.name = "Other", .parts = {}}}));
+  desk.Open("other.arr");
+  desk.Select(0, 2);
+  desk.Move("Combo2(0)", 0);
+  desk.program.toolkit.answers = {kNo};
+  EXPECT_TRUE(desk.program.Quit());
+  EXPECT_EQ(desk.program.Boxes(), (std::vector<ShownBox>{{51, "Edit Arrangement  other.arr / Other     ", kSave}}));
+}
+
 TEST(EditorClosing, WhatWasHeardIsWhatTheFileHolds) {
   EditorDesk desk(TwoRecords());
   desk.Move("VScroll1(0)", 133);
