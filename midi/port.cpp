@@ -202,6 +202,7 @@ void CloseMidi(Application& app) {
 void ChooseMidiOut(Application& app, int device) {
   MidiState& midi = app.midi;
   MainWindow& main = *app.main;
+  app.core.OperationTitle = GetText(app, kTextOpeningOut);
   if (midi.MidiOutDevice == kNoMidiDevice) midi.MidiOutDevice = device;
   ui::MenuEntry& entry = main.mnuDevMIDIOut(device);
   if (midi.MidiOutDevice == device && entry.checked()) {
@@ -226,6 +227,7 @@ void ChooseMidiIn(Application& app, int device) {
   MidiState& midi = app.midi;
   MainWindow& main = *app.main;
   ui::MenuEntry& thru = main.Menu(MenuId::mnuMIDIThru);
+  app.core.OperationTitle = GetText(app, kTextOpeningOut);
   if (midi.MidiInDevice == kNoMidiDevice) midi.MidiInDevice = device;
   ui::MenuEntry& entry = main.mnuDevMIDIIn(device);
   if (midi.MidiInDevice == device && entry.checked()) {

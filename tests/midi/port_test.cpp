@@ -225,6 +225,21 @@ TEST_F(Start, AModeOutsideTheFiveLeavesTheCaptionAsItStood) {
   }
 }
 
+TEST_F(Start, APortThatIsInUseIsToldUnderItsOwnTitleWhateverWasDoneBefore) {
+  Run(99, 99, false);
+  program_.midi.Fail("midiOutOpen", 4, 1);
+  program_.midi.Fail("midiInOpen", 4, 1);
+  program_.app.core.OperationTitle = "Opening Song.arr";
+  ChooseMidiOut(program_.app, 1);
+  program_.app.core.OperationTitle = "Opening Song.arr";
+  ChooseMidiIn(program_.app, 0);
+  EXPECT_THAT(program_.toolkit.lines,
+              ElementsAre("service 0 midiOutOpen 1 -> 4",
+                          "box 0 48 \"Opening MIDI out device\" \"Output MIDI Device already in use\"",
+                          "service 0 midiInOpen 0 -> 4",
+                          "box 0 48 \"Opening MIDI out device\" \"Input MIDI Device already in use\""));
+}
+
 TEST_F(Start, WithTheOutputClosedSendsDoNothingAndKeepTheLastResult) {
   Run(99, 99, false);
   midi().MidiResult = 3;
