@@ -6,6 +6,7 @@
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/window_image.h"
+#include "data/captions.h"
 #include "files/api.h"
 
 namespace zentaline {
@@ -103,20 +104,23 @@ void MainWindow::EnableDatabaseEntries(bool usable) {
   }
 }
 
+// The entry's own name, with the file that it shows where it has one.
+void MainWindow::ShowFileOf(MenuId id, const std::string& file) {
+  std::string caption(Caption(name(), Menu(id).FullName(), app_.core.LanguageOffset == 0 ? 1 : 2));
+  if (!file.empty()) caption += " (" + ShownPath(file) + ")";
+  Menu(id).SetCaption(caption);
+}
+
 void MainWindow::ShowArrUEntry() {
   const WindowRecord& record = app_.core.ArrWindows[kInstrumentWindow];
-  if (!record.path.empty()) {
-    Menu(mnuArrU).SetCaption("Arrangement User (" + ShownPath(FileBaseName(record.path)) + ".arr)");
-  }
+  ShowFileOf(mnuArrU, record.path.empty() ? "" : std::string(FileBaseName(record.path)) + ".arr");
   Menu(mnuArrU).SetEnabled(!record.path.empty() && app_.arr_windows[kInstrumentWindow] == nullptr);
 }
 
 void MainWindow::ShowPrgUEntry() {
   const WindowRecord& record = app_.core.PrgWindows[kInstrumentWindow];
-  if (!record.path.empty()) {
-    Menu(mnuPrgU).SetCaption("Program F/User (" + ShownPath(FileBaseName(record.path)) +
-                             (record.pgg == 1 ? ".pgg)" : ".prg)"));
-  }
+  const char* extension = record.pgg == 1 ? ".pgg" : ".prg";
+  ShowFileOf(mnuPrgU, record.path.empty() ? "" : std::string(FileBaseName(record.path)) + extension);
   Menu(mnuPrgU).SetEnabled(!record.path.empty() && app_.prg_windows[kInstrumentWindow] == nullptr);
 }
 

@@ -53,6 +53,7 @@ class MainWindow : public ui::Form {
 
  private:
   void MakeMenus();
+  void ShowFileOf(MenuId id, const std::string& file);
   void EnableForKind(ChildWindow& child);
 
   Application& app_;

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "arrangement/api.h"
 #include "arrangement/arr_format.h"
 #include "data/names.h"
@@ -90,6 +92,28 @@ TEST_F(Record, AChangedNameIsShownInItsRow) {
   Edited().replace(0, 16, Field("New", 16));
   EXPECT_EQ(Store(), 0);
   EXPECT_EQ(desk_.List().RowText(5), "16  New             ");
+}
+
+TEST_F(Record, AFileThatHasGoneBeforeTheNextStartLeavesNeitherWindowNorName) {
+  ScratchFolder folder;
+  folder.Put("Song.arr", ArrBytes({{"One", 1, false, {}}}));
+  {
+    TestProgram program(folder);
+    program.Start();
+    program.OpenArr(folder.Path("Song.arr"));
+    static_cast<ui::Button*>(program.Arr(1)->Find("CommLoadArr"))->UserPress();
+    program.toolkit.Advance(100);
+    program.Press(MenuId::mnuArrU);
+    EXPECT_EQ(program.app.main->Menu(MenuId::mnuArrU).caption(), "Arrangement User (Song.arr)");
+    ASSERT_TRUE(program.Quit());
+  }
+  std::filesystem::remove(folder.Path("Song.arr"));
+  TestProgram program(folder);
+  program.Start();
+  EXPECT_EQ(program.Arr(1), nullptr);
+  EXPECT_EQ(program.Arr(9), nullptr);
+  EXPECT_EQ(program.app.main->Menu(MenuId::mnuArrU).caption(), "Arrangement User");
+  EXPECT_FALSE(program.app.main->Menu(MenuId::mnuArrU).enabled());
 }
 
 TEST_F(Record, TheNextStartFindsEverythingWhereItWas) {
