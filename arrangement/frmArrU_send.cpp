@@ -121,10 +121,7 @@ void frmArrU::PressLoadPrg() {
 
 void frmArrU::SendPrograms(const Bytes& image, bool pgg) {
   SendPrgBankDump(app(), image);
-  app().program.PrgInInstrument = ProgramsForInstrument();
-  if (app().main != nullptr) {
-    app().main->LabelPrg.SetCaption(ShownPath(ProgramsForInstrument()) + (pgg ? ".pgg" : ".prg"));
-  }
+  TellPrgInInstrument(app(), ProgramsForInstrument(), pgg);
   SlotTakePrg(app(), Path(), pgg);
 }
 

@@ -188,11 +188,9 @@ void frmPrgUN::PressLoad() {
   TimerLoadPrg.SetInterval(kTimerIdle);
   app().midi.MonitorOn = true;
   SendPrgBankDump(app(), window_image());
-  const std::string extension(ProgramExtension(window_image()));
-  app().program.PrgInInstrument = NameForInstrument();
-  app().program.PrgInInstrumentExtension = extension;
-  if (app().main != nullptr) app().main->LabelPrg.SetCaption(ShownPath(NameForInstrument()) + "." + extension);
-  if (number_ != kInstrumentWindow) SlotTakePrg(app(), std::string(WindowPath(window_image())), extension == "pgg");
+  const bool pgg = ProgramExtension(window_image()) == "pgg";
+  TellPrgInInstrument(app(), NameForInstrument(), pgg);
+  if (number_ != kInstrumentWindow) SlotTakePrg(app(), std::string(WindowPath(window_image())), pgg);
   app().midi.MonitorOn = false;
   if (mode_before_ != kModeArrPlay) SendMode(app(), mode_before_);
   ShowWait(app(), 0);

@@ -102,6 +102,18 @@ void ShowProgramBank(Application& app, int kind, int row) {
   if (row >= 0 && row < list.List1.rows()) list.ShowRow(row);
 }
 
+std::string PrgInInstrumentLabel(const Application& app) {
+  const ProgramState& state = app.program;
+  const std::string ending = state.PrgInInstrumentExtension.empty() ? "" : "." + state.PrgInInstrumentExtension;
+  return ShownPath(state.PrgInInstrument) + ending;
+}
+
+void TellPrgInInstrument(Application& app, const std::string& base_name, bool pgg) {
+  app.program.PrgInInstrument = base_name;
+  app.program.PrgInInstrumentExtension = pgg ? "pgg" : "prg";
+  if (app.main != nullptr) app.main->LabelPrg.SetCaption(PrgInInstrumentLabel(app));
+}
+
 void SlotTakePrg(Application& app, const std::string& path, bool pgg) {
   InstrumentTakes(app, kKindPrg, path, pgg);
   if (app.main != nullptr) app.main->ShowPrgUEntry();

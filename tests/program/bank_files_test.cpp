@@ -163,7 +163,7 @@ TEST_F(BankFiles, ANewBankAsksForItsNameOnceAndIsSavedLikeAFileFromThenOn) {
   EXPECT_TRUE(desk_.Enabled("frmPrgUN(1).CommLoad"));
   EXPECT_TRUE(desk_.Enabled("mnuLoadPrg"));
   EXPECT_FALSE(desk_.Enabled("mnuSalva"));
-  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Mine.prg"));
+  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Mine"));
 
   Set(desk_.Prg(1)->window_image(), 319, 'M');
   desk_.Change(1);
@@ -327,7 +327,7 @@ TEST_F(BankFiles, AnswerNoIsRememberedWhenAnotherWindowKeepsTheProgramFromEnding
 TEST_F(BankFiles, ARecentFileIsFoundUnderTheOtherExtension) {
   Open(Bank());
   Close();
-  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Bank.prg"));
+  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Bank"));
   desk_.Put("Bank.pgg", "KPGG" + WithLink(Bank()).substr(4));
   desk_.program.disk.Remove(desk_.folder.Path("Bank.prg"));
   ASSERT_TRUE(desk_.Press("mnuRecentFile(0)"));
@@ -341,7 +341,7 @@ TEST_F(BankFiles, ARecentFileIsFoundUnderTheOtherExtension) {
   desk_.program.disk.Remove(desk_.folder.Path("Bank.pgg"));
   desk_.Press("mnuRecentFile(0)");
   EXPECT_THAT(Boxes(), ElementsAre(ShownBox{48, "Opening Bank.prg", "File not found"}));
-  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Bank.prg")) << "the record stays";
+  EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Bank")) << "the record stays";
 }
 
 TEST_F(BankFiles, AClosingWindowPutsItsFileBackAmongTheRecentOnes) {
@@ -429,6 +429,17 @@ TEST_F(NextStart, TheUserWindowComesBackWithItsFile) {
   EXPECT_EQ(Caption(next, 1), "File Prg - One.prg (1) - MIDI Channel 1");
   EXPECT_EQ(Caption(next, 9), "Prg F/User - One.prg - MIDI Channel 1");
   EXPECT_FALSE(next.Enabled(MenuId::mnuPrgU));
+}
+
+TEST_F(NextStart, WhatStandsInTheInstrumentIsNamedWithItsExtension) {
+  Open("KPGG" + WithLink(Bank()).substr(4), "Two.pgg");
+  desk_.Press("frmPrgUN(1).CommLoad");
+  desk_.Wait(10);
+  const std::string shown = desk_.program.app.main->LabelPrg.caption();
+  EXPECT_EQ(shown, "Two.pgg");
+  TestProgram& next = Again();
+  EXPECT_EQ(next.app.program.PrgInInstrument, "Two");
+  EXPECT_EQ(next.app.main->LabelPrg.caption(), shown);
 }
 
 TEST_F(NextStart, TheConfigurationHoldsTheBankNumberAndTheFormat) {
