@@ -180,7 +180,7 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
   const int type = whole ? OwnType(image) : answer.filter;
   const bool programs = type == kTypePrg || type == kTypePgg;
   const std::string base = BasePath(answer.path, type, programs ? kTypePrg + kTypePgg - type : type);
-  if (!CanKeep(base) || (!whole && !HasPart(image, answer.filter))) {
+  if (!CanKeep(base) || FileBaseName(base).empty() || (!whole && !HasPart(image, answer.filter))) {
     ShowNameNotValid(app, answer.path);
     return false;
   }

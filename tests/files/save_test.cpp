@@ -366,6 +366,10 @@ TEST_F(Saving, ANameThatCannotBeKeptOrIsOpenIsRefused) {
   AnswerSave(Path("blank .arr"));
   program.Press(mnuSalvaAs);
   EXPECT_EQ(program.Boxes(), (Boxes{{48, "blank .arr", "File name not valid"}}));
+  AnswerSave(Path() + "/");
+  program.Press(mnuSalvaAs);
+  EXPECT_EQ(program.Boxes(), (Boxes{{48, "", "File name not valid"}}));
+  EXPECT_FALSE(There(".arr"));
   AnswerSave(Path("other.arr"));
   program.Press(mnuSalvaAs);
   EXPECT_EQ(program.Boxes(), (Boxes{{48, "other.arr", "File already open"}}));
