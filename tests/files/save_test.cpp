@@ -366,7 +366,7 @@ TEST_F(Saving, ANameThatCannotBeKeptOrIsOpenIsRefused) {
   AnswerSave(Path("blank .arr"));
   program.Press(mnuSalvaAs);
   EXPECT_EQ(program.Boxes(), (Boxes{{48, "blank .arr", "File name not valid"}}));
-  AnswerSave(Path() + "/");
+  AnswerSave(folder.Path() + "/");
   program.Press(mnuSalvaAs);
   EXPECT_EQ(program.Boxes(), (Boxes{{48, "", "File name not valid"}}));
   EXPECT_FALSE(There(".arr"));
