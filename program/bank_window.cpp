@@ -88,7 +88,8 @@ void BankWindow::ClickRow() {
   if (row < 0) return;
   if (app().arrangement.ArrPartArmed) {
     AssignRow(row);
-    return SelectProgram(app(), window_image(), row);
+    if (app().midi.OutputOpen) SelectProgram(app(), window_image(), row);
+    return;
   }
   HearRow(row);
   ShowWait(app(), 0);

@@ -138,7 +138,7 @@ void frmPrgUN::ClickRow() {
   if (!IsProgramLink(window_image(), row)) LoadEditRecord(app(), window_image(), row);
   if (app().arrangement.ArrPartArmed) {
     AssignRow(row);
-  } else if (app().midi.OutputOpen) {
+  } else {
     HearRow(row);
   }
 }

@@ -63,6 +63,7 @@ int ProgramListWindow::ClickedRow() const {
 
 // The monitor shows the eight bytes of the selection and then the last two again.
 void ProgramListWindow::HearRow(int row) {
+  if (!app().midi.OutputOpen) return;
   MonitorLog(app(), {});
   SelectProgram(app(), window_image(), row);
   MonitorLog(app(), app().midi.SysExBuffer);

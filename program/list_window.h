@@ -29,7 +29,7 @@ class ProgramListWindow : public ChildWindow {
   std::string ChannelSuffix() const;
   // The row that a click means: -1 for none, and while the list is only put in its place.
   int ClickedRow() const;
-  // Selects the row's program on the instrument, between the monitor's lines.
+  // Selects the row's program on the instrument, between the monitor's lines. Without an output both stay as they are.
   void HearRow(int row);
   // Gives the row's program to the armed part of the arrangement under edit.
   void AssignRow(int row);

@@ -178,6 +178,21 @@ TEST_F(BankWindows, NothingIsSentWhileTheListIsOnlyPutInItsPlaceOrNoPortIsOpen) 
   EXPECT_THAT(desk_.program.Boxes(), IsEmpty());
 }
 
+TEST_F(BankWindows, WithoutAPortTheMonitorStaysAsItIs) {
+  std::vector<std::string> lines;
+  desk_.program.app.midi.MonitorOn = true;
+  desk_.program.app.midi.Monitor = [&lines](std::string_view line) { lines.push_back(HexText(line)); };
+  desk_.Press("mnuDevMIDIOut(0)");
+  desk_.Press("mnuWProgA");
+  desk_.Press("mnuDrum");
+  List("frmPcgAE(4)").UserSelect({4});
+  List("frmDrum(9)").UserSelect({5});
+  desk_.program.app.arrangement.ArrPartArmed = true;
+  List("frmPcgAE(4)").UserSelect({6});
+  EXPECT_THAT(lines, IsEmpty());
+  EXPECT_TRUE(desk_.program.app.arrangement.EditorChanged) << "the part gets its program all the same";
+}
+
 TEST_F(BankWindows, TheMonitorIsClearedThenShowsTheSelectionAndItsLastTwoBytesAgain) {
   std::vector<std::string> lines;
   desk_.program.app.midi.MonitorOn = true;
