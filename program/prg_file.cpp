@@ -18,10 +18,16 @@ namespace {
 constexpr int kBankCodeUser = 3;
 constexpr int kBankCodeDrum = 4;
 
-// A file of the right size stands in the buffer even when its signature is wrong.
+// Nobody would take a longer one for a program file.
+constexpr std::size_t kLargest = std::size_t{1} << 24;
+
+// The buffer takes what was read before anything is tested: as much of it as a bank, or zero bytes behind it.
 PrgReadResult Judge(Application& app, FileReadResult read, Bytes file, PrgReadResult (*check)(std::string_view)) {
   const PrgReadResult result = read == kFileRead ? check(file) : kPrgWrong;
-  if (file.size() == kPrgFileLength) app.program.ProgramFileBuffer = std::move(file);
+  if (read == kFileRead) {
+    file.resize(kPrgFileLength, '\0');
+    app.program.ProgramFileBuffer = std::move(file);
+  }
   if (result == kPrgWrong) ShowMessage(app, kMessageDataFormat, app.core.OperationTitle, {});
   return result;
 }
@@ -36,7 +42,7 @@ PrgReadResult CheckPgg(std::string_view file) {
 
 int ReadWith(Application& app, const std::string& path, PrgReadResult (*check)(std::string_view)) {
   Bytes file;
-  const FileReadResult read = ReadDataFile(app, path, kPrgFileLength, file);
+  const FileReadResult read = ReadDataFile(app, path, kLargest, file);
   if (read == kFileFailed || read == kFileAbsent) return read;
   return Judge(app, read, std::move(file), check);
 }

@@ -76,6 +76,16 @@ TEST_F(BankFiles, WrongFilesAreRefused) {
   EXPECT_TRUE(desk_.Enabled("mnuApriPrg"));
 }
 
+TEST_F(BankFiles, TheBufferHoldsWhatWasReadAlsoOfAWrongFile) {
+  const Bytes& buffer = desk_.state().ProgramFileBuffer;
+  Open(Bank(3) + "x", "Long.prg");
+  EXPECT_EQ(buffer, Bank(3));
+  Open(Bank(4).substr(0, 100), "Short.prg");
+  EXPECT_EQ(buffer, Bank(4).substr(0, 100) + Zeros(30380));
+  Open("KORX" + Bank().substr(4), "Odd.prg");
+  EXPECT_EQ(buffer, "KORX" + Bank().substr(4));
+}
+
 TEST_F(BankFiles, EitherSignatureIsTakenUnderEitherExtensionAndByteEightIsFree) {
   std::string file = WithLink(Bank());
   Set(file, 8, 0xE7);
