@@ -82,7 +82,6 @@ constexpr int kRecentTypes = 6;
 
 constexpr std::size_t kSizesPosition = 26;
 constexpr std::size_t kNameLength = 50;
-constexpr std::size_t kProgramExtensionPosition = 151;  // behind the three names: "prg" or "pgg" of the second
 
 Bytes Record(const Bytes& file, int record) {
   return Slice(file, kConfigRecordLength * static_cast<std::size_t>(record - 1) + 1, kConfigRecordLength);
@@ -316,8 +315,6 @@ void TakeConfiguration(Application& app, const Bytes& file) {
   app.arrangement.ArrInInstrument = TakeText(names, 1, kNameLength);
   app.program.PrgInInstrument = TakeText(names, 1 + kNameLength, kNameLength);
   app.style.StyInInstrument = TakeText(names, 1 + 2 * kNameLength, kNameLength);
-  const std::string extension = TakeText(names, kProgramExtensionPosition, 3);
-  if (extension == "prg" || extension == "pgg") app.program.PrgInInstrumentExtension = extension;
 }
 
 void PutConfiguration(const Application& app, Bytes& file) {
@@ -351,7 +348,6 @@ void PutConfiguration(const Application& app, Bytes& file) {
   PutBytes(names, 1, Padded(app.arrangement.ArrInInstrument, kNameLength));
   PutBytes(names, 1 + kNameLength, Padded(app.program.PrgInInstrument, kNameLength));
   PutBytes(names, 1 + 2 * kNameLength, Padded(app.style.StyInInstrument, kNameLength));
-  PutBytes(names, kProgramExtensionPosition, app.program.PrgInInstrumentExtension);
   PutRecord(file, kRecordNames, names);
 }
 

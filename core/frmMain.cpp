@@ -126,7 +126,7 @@ void frmMain::Load() {
   LabelNomeAppl.SetCaption(kProgramName);
   LabelArr.SetCaption(ShownPath(app().arrangement.ArrInInstrument));
   LabelSty.SetCaption(ShownPath(app().style.StyInInstrument));
-  LabelPrg.SetCaption(PrgInInstrumentLabel(app()));
+  LabelPrg.SetCaption(ShownPath(app().program.PrgInInstrument));
   DressForm(app(), *this);
   ShowDeviceMenus();
   ShowToggles();

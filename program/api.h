@@ -27,9 +27,7 @@ std::string PrgLabel(int number, int bank_code);
 
 // The image of the open program window 1 to 8 that shows `path` (without extension), null when none does.
 const Bytes* FindOpenProgram(const Application& app, const std::string& path);
-// What the main window shows of the programs in the instrument: the file's name with its extension.
-std::string PrgInInstrumentLabel(const Application& app);
-// A bank has been sent: its file's base name and format are kept and shown.
+// A bank has been sent: its file's base name is kept, and shown with its extension.
 void TellPrgInInstrument(Application& app, const std::string& base_name, bool pgg);
 // The file stands in the instrument now: program slot 9 takes its path, and window 9, when it is open, shows it.
 void SlotTakePrg(Application& app, const std::string& path, bool pgg);

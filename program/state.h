@@ -11,12 +11,11 @@ namespace zentaline {
 inline constexpr std::size_t kProgramNameKept = 50;
 
 struct ProgramState {
-  Bytes ProgramFileBuffer;               // the last file read
-  std::string ProgramExtension;          // of the file that ReadProgramByName found: "prg" or "pgg"
-  std::string PrgInInstrument;           // base name of the program file last sent, at most 50 bytes
-  std::string PrgInInstrumentExtension;  // "prg" or "pgg", empty when it isn't known
-  Bytes EditRecord;                      // 201 bytes: the program under edit, or the one heard last
-  int UserProgram = -1;                  // the row that window 9 remembers as the bank's current program, -1 for none
+  Bytes ProgramFileBuffer;       // the last file read
+  std::string ProgramExtension;  // of the file that ReadProgramByName found: "prg" or "pgg"
+  std::string PrgInInstrument;   // base name of the program file last sent, at most 50 bytes
+  Bytes EditRecord;              // 201 bytes: the program under edit, or the one heard last
+  int UserProgram = -1;          // the row that window 9 remembers as the bank's current program, -1 for none
 };
 
 }  // namespace zentaline

@@ -102,16 +102,9 @@ void ShowProgramBank(Application& app, int kind, int row) {
   if (row >= 0 && row < list.List1.rows()) list.ShowRow(row);
 }
 
-std::string PrgInInstrumentLabel(const Application& app) {
-  const ProgramState& state = app.program;
-  const std::string ending = state.PrgInInstrumentExtension.empty() ? "" : "." + state.PrgInInstrumentExtension;
-  return ShownPath(state.PrgInInstrument) + ending;
-}
-
 void TellPrgInInstrument(Application& app, const std::string& base_name, bool pgg) {
   app.program.PrgInInstrument = base_name;
-  app.program.PrgInInstrumentExtension = pgg ? "pgg" : "prg";
-  if (app.main != nullptr) app.main->LabelPrg.SetCaption(PrgInInstrumentLabel(app));
+  if (app.main != nullptr) app.main->LabelPrg.SetCaption(ShownPath(base_name) + (pgg ? ".pgg" : ".prg"));
 }
 
 void SlotTakePrg(Application& app, const std::string& path, bool pgg) {

@@ -441,15 +441,14 @@ TEST_F(NextStart, TheUserWindowComesBackWithItsFile) {
   EXPECT_FALSE(next.Enabled(MenuId::mnuPrgU));
 }
 
-TEST_F(NextStart, WhatStandsInTheInstrumentIsNamedWithItsExtension) {
+TEST_F(NextStart, WhatStandsInTheInstrumentIsNamedByItsBaseNameWhichIsAllThatIsKept) {
   Open("KPGG" + WithLink(Bank()).substr(4), "Two.pgg");
   desk_.Press("frmPrgUN(1).CommLoad");
   desk_.Wait(10);
-  const std::string shown = desk_.program.app.main->LabelPrg.caption();
-  EXPECT_EQ(shown, "Two.pgg");
+  EXPECT_EQ(desk_.program.app.main->LabelPrg.caption(), "Two.pgg");
   TestProgram& next = Again();
   EXPECT_EQ(next.app.program.PrgInInstrument, "Two");
-  EXPECT_EQ(next.app.main->LabelPrg.caption(), shown);
+  EXPECT_EQ(next.app.main->LabelPrg.caption(), "Two");
 }
 
 TEST_F(NextStart, TheConfigurationHoldsTheBankNumberAndTheFormat) {
