@@ -288,8 +288,12 @@ TEST_F(Controls, ANotchOfTheWheelMovesABarWithTheFocusByOneStep) {
                       false);
     QCoreApplication::sendEvent(bar, &event);
   };
+  // On a page that is too small for what it holds the wheel scrolls, but where the focus is.
+  Frame(*child)->resize(Frame(*child)->minimumSizeHint());
+  Settle();
+  log.clear();
   turn(120);
-  EXPECT_THAT(log, IsEmpty()) << "without the focus it scrolls what is around";
+  EXPECT_THAT(log, IsEmpty());
   bar->setFocus();
   log.clear();
   turn(120);
@@ -297,6 +301,19 @@ TEST_F(Controls, ANotchOfTheWheelMovesABarWithTheFocusByOneStep) {
   turn(-60);
   turn(-60);
   EXPECT_THAT(log, ElementsAre("vbar 65", "vbar 63", "vbar 62"));
+}
+
+TEST_F(Controls, WhereNothingScrollsTheWheelMovesTheBarUnderThePointer) {
+  auto* bar = Widget<QScrollBar>(child->HScroll1);
+  Frame(*child)->resize(Frame(*child)->sizeHint() + QSize(100, 100));
+  Settle();
+  child->List1.SetFocus();
+  log.clear();
+  const QPointF place = QRectF(bar->rect()).center();
+  QWheelEvent event(place, bar->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                    false);
+  QCoreApplication::sendEvent(bar, &event);
+  EXPECT_THAT(log, ElementsAre("bar 1"));
 }
 
 TEST_F(Controls, AScrollBarWhoseGreaterValueIsAtTheTopRunsDownwards) {

@@ -4,11 +4,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 
 #include "tests/desktop/desk.h"
 
@@ -91,6 +93,18 @@ TEST_F(Dialogs, ASaveDialogAddsTheExtensionThatIsLacking) {
     QTest::keyClick(line, Qt::Key_Return);
   });
   EXPECT_EQ(answer.path, Path("new.arr"));
+}
+
+TEST_F(Dialogs, SizesAndDatesAreShownWhole) {
+  Run([] {
+    const auto* list = Dialog()->findChild<QTreeView*>();
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->header()->count(), 4);
+    for (int column = 1; column < 4; ++column) {
+      EXPECT_EQ(list->header()->sectionResizeMode(column), QHeaderView::ResizeToContents) << column;
+    }
+    Dialog()->reject();
+  });
 }
 
 TEST_F(Dialogs, AFileIsReplacedOnlyAfterAYes) {

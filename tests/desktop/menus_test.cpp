@@ -1,5 +1,6 @@
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 
 #include "tests/desktop/desk.h"
 #include "ui/qt/menus.h"
@@ -31,6 +32,18 @@ TEST_F(Menus, AnEntryIsPressedByItsShortcutFromAChildWindow) {
   child->List1.SetFocus();
   QTest::keyClick(Widget<QWidget>(child->List1), Qt::Key_O, Qt::ControlModifier);
   EXPECT_THAT(log, ElementsAre("open"));
+}
+
+TEST_F(Menus, OfTwoMnemonicsThatAreAlikeTheMenuBarsIsDone) {
+  child->Comm1.on_click = [this] { log.push_back("fire"); };
+  child->Comm1.SetCaption("Fi&re");
+  QTest::keyClick(Widget<QWidget>(child->List1), Qt::Key_R, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !log.empty(); }, 60000));
+  EXPECT_THAT(log, ElementsAre("fire"));
+  child->Comm1.SetCaption("&Fire && forget");
+  EXPECT_EQ(Widget<QPushButton>(child->Comm1)->text(), "Fire && forget");
+  QTest::keyClick(Widget<QWidget>(child->List1), Qt::Key_F, Qt::AltModifier);
+  EXPECT_TRUE(MenuOf(main->mnuFile)->isVisible());
 }
 
 TEST_F(Menus, MarksAreTheModels) {

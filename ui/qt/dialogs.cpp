@@ -3,7 +3,9 @@
 #include <QCheckBox>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QPushButton>
+#include <QTreeView>
 
 #include "ui/qt/convert.h"
 
@@ -98,6 +100,13 @@ FileDialogAnswer RunFileDialog(QWidget* parent, const Words& words, const FileDi
     read_only->setChecked(request.read_only);
     if (auto* grid = dynamic_cast<QGridLayout*>(dialog.layout())) {
       grid->addWidget(read_only, grid->rowCount(), 1);
+    }
+  }
+
+  // Sizes and dates are shown whole; names have their room already.
+  if (const auto* list = dialog.findChild<QTreeView*>()) {
+    for (int column = 1; column < list->header()->count(); ++column) {
+      list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     }
   }
 

@@ -27,7 +27,7 @@ class ButtonView : public View {
 
  protected:
   void Refresh(Change change) override {
-    if (change == Change::kText) widget_->setText(ToQt(button_.caption()));
+    if (change == Change::kText) widget_->setText(WithMnemonic(button_.caption()));
   }
   bool KeyDoes(const Key& key, const QKeyEvent& event) override {
     if (key.name != Key::kEnter || event.isAutoRepeat()) return key.name == Key::kEnter;
@@ -126,7 +126,7 @@ class CheckBoxView : public View {
 
  protected:
   void Refresh(Change change) override {
-    if (change == Change::kText) widget_->setText(ToQt(box_.caption()));
+    if (change == Change::kText) widget_->setText(WithMnemonic(box_.caption()));
     if (change == Change::kValue) widget_->setChecked(box_.value());
   }
 
@@ -148,7 +148,7 @@ class OptionButtonView : public View {
 
  protected:
   void Refresh(Change change) override {
-    if (change == Change::kText) widget_->setText(ToQt(option_.caption()));
+    if (change == Change::kText) widget_->setText(WithMnemonic(option_.caption()));
     if (change == Change::kValue) widget_->setChecked(option_.value());
   }
 

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QCompleter>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionFocusRect>
@@ -39,14 +40,23 @@ class CalmWheel : public Base {
   }
 };
 
-class Bar : public CalmWheel<QScrollBar> {
+// Whether the widget stands on a page that has more to show than there is room for.
+bool OnAPageThatScrolls(const QWidget& widget) {
+  for (const QWidget* around = widget.parentWidget(); around != nullptr; around = around->parentWidget()) {
+    const auto* page = qobject_cast<const QScrollArea*>(around);
+    if (page != nullptr && page->verticalScrollBar()->maximum() > 0) return true;
+  }
+  return false;
+}
+
+class Bar : public QScrollBar {
  public:
-  using CalmWheel::CalmWheel;
+  using QScrollBar::QScrollBar;
 
  protected:
-  // A notch of the wheel is one step, as an arrow key is.
+  // A notch of the wheel is one step, as an arrow key is. Where the wheel has nothing to scroll the bar needs no focus.
   void wheelEvent(QWheelEvent* event) override {
-    if (!hasFocus()) {
+    if (!hasFocus() && OnAPageThatScrolls(*this)) {
       event->ignore();
       return;
     }
@@ -58,7 +68,7 @@ class Bar : public CalmWheel<QScrollBar> {
     event->accept();
   }
   void paintEvent(QPaintEvent* event) override {
-    CalmWheel::paintEvent(event);
+    QScrollBar::paintEvent(event);
     if (!hasFocus()) return;
     QStylePainter painter(this);
     painter.setPen(palette().color(QPalette::Highlight));

@@ -2,11 +2,13 @@
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QKeySequence>
 #include <QMouseEvent>
 #include <QPointer>
 
 #include "ui/controls.h"
 #include "ui/qt/convert.h"
+#include "ui/toolkit.h"
 
 namespace zentaline::ui::qt {
 
@@ -32,6 +34,20 @@ View::~View() {
 void View::Detach() {
   if (control_ != nullptr && control_->view == this) control_->view = nullptr;
   control_ = nullptr;
+}
+
+QString View::WithMnemonic(const std::string& caption) const {
+  const QString text = ToQt(caption);
+  const QKeySequence key = QKeySequence::mnemonic(text);
+  if (key.isEmpty() || control_->form().kind() != FormKind::kChild) return text;
+  for (const Form* form : control_->form().toolkit().forms()) {
+    for (const MenuEntry* entry : form->menu_bar()) {
+      if (QKeySequence::mnemonic(ToQt(entry->caption())) == key) {
+        return WithoutMnemonic(caption).replace(u'&', QStringLiteral("&&"));
+      }
+    }
+  }
+  return text;
 }
 
 void View::Show(Change change) {

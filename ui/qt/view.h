@@ -40,6 +40,9 @@ class View : public QObject, public ControlView {
   // The room that `least_characters` asks for.
   virtual void ShowLeastSize();
 
+  // The caption with its mnemonic, but for one that the menu bar has: of two that ask for the same key neither is done.
+  QString WithMnemonic(const std::string& caption) const;
+
   // Has a part of the widget watched for focus, keys and mouse too.
   void Watch(QWidget* part);
   // Reports a doing of the user, and shows the model again afterwards: it may have been refused.
