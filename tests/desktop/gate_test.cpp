@@ -248,6 +248,17 @@ TEST_P(Boxes, GiveTheAnswerOfTheButton) {
   EXPECT_EQ(toolkit.MessageBox(GetParam().style, "T", "?"), GetParam().answer);
 }
 
+TEST_F(Holding, ABoxIsWideEnoughForItsTitle) {
+  const std::string title = "Opening A File With A Name.arr";
+  QTimer::singleShot(0, [&title] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(ToQt(title)) + 100);
+    QTest::keyClick(box, Qt::Key_Escape);
+  });
+  toolkit.MessageBox(BoxStyle::kOk, title, "File not found");
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Styles, Boxes,
     ::testing::Values(Answer{BoxStyle::kOk, 3, BoxAnswer::kOk}, Answer{BoxStyle::kOk, -1, BoxAnswer::kOk},

@@ -132,6 +132,24 @@ TEST_F(Windows, AWindowWithTooLittleRoomScrollsAndKeepsItsControlsApart) {
   EXPECT_LT(text.right(), button.left());
 }
 
+TEST_F(Windows, AMainWindowThatIsTooLargeForTheScreenIsShownWholeOnIt) {
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  Placement place;
+  place.left = 100;
+  place.top = 100;
+  place.width = screen.width() - 200;
+  place.height = screen.height() + 1;
+  main->SetPlacement(place);
+  const QWidget* window = toolkit.windows().main()->window();
+  EXPECT_EQ(window->pos(), screen.topLeft());
+  EXPECT_EQ(window->width(), screen.width() - 200);
+  EXPECT_LE(window->height(), screen.height() - 40) << "its frame has room too";
+  place.height = screen.height() - 200;
+  main->SetPlacement(place);
+  EXPECT_EQ(window->pos(), QPoint(100, 100));
+  EXPECT_EQ(window->height(), screen.height() - 200);
+}
+
 TEST_F(Windows, TheMainWindowTakesMostOfTheScreenAtItsFirstStart) {
   const QSize screen = QGuiApplication::primaryScreen()->availableSize();
   const QSize window = toolkit.windows().main()->window()->size();

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTreeView>
+#include <algorithm>
 
 #include "ui/qt/convert.h"
 
@@ -13,6 +14,8 @@ namespace zentaline::ui::qt {
 
 namespace {
 
+constexpr int kTitleButtons = 120;  // pixels: the icon and the buttons beside a title
+constexpr int kWidestBox = 600;
 constexpr QSize kFirstSize(760, 480);  // of a file dialog: names and dates have room
 
 // "Programs (*.prg)" and "*.prg;*.pgg" make "Programs (*.prg *.pgg)".
@@ -51,6 +54,13 @@ BoxAnswer RunBox(QWidget* parent, const Words& words, BoxStyle style, const std:
   box.setWindowTitle(ToQt(title));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(text));
+  // A question is told by its title too: the box is wide enough for it and for the buttons beside it.
+  QFont bold = box.font();
+  bold.setBold(true);
+  if (auto* grid = dynamic_cast<QGridLayout*>(box.layout())) {
+    const int width = std::min(QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + kTitleButtons, kWidestBox);
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  }
   QPushButton* yes = nullptr;
   QPushButton* no = nullptr;
   QPushButton* last = nullptr;

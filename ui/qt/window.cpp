@@ -26,7 +26,8 @@ namespace {
 
 constexpr QSize kFirstSize(1760, 1100);  // of the main window, where the screen has room for it
 constexpr QSize kLeastSize(480, 320);
-constexpr int kTitleRoom = 140;  // pixels
+constexpr QSize kFrameRoom(16, 48);  // what the desktop puts around the main window
+constexpr int kTitleRoom = 140;      // pixels
 
 // What every frame reports to its window.
 template <class Base>
@@ -237,8 +238,11 @@ void MainFormWindow::Place() {
     const QRect wanted(place.left, place.top, place.width, place.height);
     const QScreen* screen = QGuiApplication::screenAt(wanted.center());
     const QRect around = screen == nullptr ? room : screen->availableGeometry();
-    window_->resize(wanted.size().boundedTo(around.size()).expandedTo(kLeastSize));
-    window_->move(screen == nullptr ? room.topLeft() : wanted.topLeft());
+    // What is too large for the screen, as after a change of its scaling, is shown whole on it.
+    const bool fits = wanted.width() <= around.width() && wanted.height() <= around.height();
+    window_->resize(
+        (fits ? wanted.size() : wanted.size().boundedTo(around.size() - kFrameRoom)).expandedTo(kLeastSize));
+    window_->move(screen == nullptr ? room.topLeft() : fits ? wanted.topLeft() : around.topLeft());
   } else if (!window_->isVisible()) {
     window_->resize(kFirstSize.boundedTo(room.size() * 9 / 10));
     window_->move(room.center() - window_->rect().center());
