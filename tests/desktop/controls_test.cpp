@@ -131,6 +131,16 @@ TEST_F(Controls, LettersAndSpaceOnlyCallTheKeyHandler) {
   EXPECT_EQ(child->List1.Row(), 0);
 }
 
+TEST_F(Controls, AListThatOutlivesItsWindowReadsItNoMore) {
+  const QPointer<QListView> list = List();
+  toolkit.windows().gate().UserNow([&] {
+    const UserEvent event(*main);
+    ASSERT_TRUE(child->Close());
+    ASSERT_FALSE(list.isNull());
+    EXPECT_EQ(list->model()->index(0, 0).data().toString(), "");
+  });
+}
+
 TEST_F(Controls, ARightClickOnAListOpensItsMenuOnReleaseAndSelectsNothing) {
   QTest::mousePress(List()->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOfRow(List(), 2));
   EXPECT_THAT(log, IsEmpty());

@@ -10,9 +10,7 @@ class ListView : public View {
  public:
   ListView(ListBox& box, Gate& gate, QWidget* parent)
       : View(box, gate, new RowsView(box, parent)), box_(box), widget_(static_cast<RowsView*>(View::widget())) {
-    Font fixed = box.font();
-    fixed.fixed_pitch = true;
-    widget_->setFont(ToQt(fixed));
+    ShowFont();
     Watch(widget_->viewport());
     widget_->on_select = [this](const std::vector<int>& rows) { User([this, rows] { box_.UserSelect(rows); }); };
     widget_->on_double_click = [this](int) {
@@ -24,19 +22,27 @@ class ListView : public View {
     };
   }
 
+  void Detach() override {
+    widget_->Forget();
+    View::Detach();
+  }
+
  protected:
   void Refresh(Change change) override {
     if (change == Change::kRows) widget_->ShowRows();
     if (change == Change::kRow) widget_->ShowSelection();
-    if (change == Change::kFont) {
-      Font fixed = box_.font();
-      fixed.fixed_pitch = true;
-      widget_->setFont(ToQt(fixed));
-    }
+    if (change == Change::kFont) ShowFont();
   }
   bool KeyDoes(const Key&, const QKeyEvent& event) override { return widget_->Key(event); }
 
  private:
+  // Rows are tables: their columns stand one below the other.
+  void ShowFont() {
+    Font fixed = box_.font();
+    fixed.fixed_pitch = true;
+    widget_->setFont(ToQt(fixed));
+  }
+
   ListBox& box_;
   RowsView* widget_;
 };

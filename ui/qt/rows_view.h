@@ -23,6 +23,7 @@ class RowsView : public QListView {
   void ShowSelection();
   // Keys that change the selection; true when the key was one.
   bool Key(const QKeyEvent& event);
+  // The model is about to go: from now on the rows have no text and nothing is asked for.
   void Forget() { box_ = nullptr; }
 
   QSize sizeHint() const override;

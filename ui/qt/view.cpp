@@ -28,7 +28,7 @@ View::View(Control& control, Gate& gate, QWidget* widget)
 }
 
 View::~View() {
-  Detach();
+  View::Detach();
 }
 
 void View::Detach() {

@@ -25,7 +25,8 @@ class View : public QObject, public ControlView {
 
   void Show(Change change) final;
   void ShowAll();
-  void Detach();
+  // The control is about to go; the widget may live on for a while.
+  virtual void Detach();
   QWidget* widget() const { return widget_; }
   Control* control() const { return control_; }
 
