@@ -17,8 +17,6 @@ namespace {
 
 constexpr char kName[] = "i40DBArr";
 constexpr char kWindowTitle[] = "Edit i40DBArr";
-// As much of an arrangement file as the purge looks at.
-constexpr std::size_t kPurgeLength = 9056;
 // A file of the wrong length is looked at as far as it counts, unless it is longer than any file could be by mistake.
 constexpr std::size_t kLargest = std::size_t{1} << 24;
 
@@ -115,7 +113,7 @@ void DBPurge(Application& app) {
     // What can't be read for a reason of its own isn't gone.
     if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kPathAbsent) return true;
     if (result == DiskResult::kOk && file.empty()) app.disk.Remove(path);
-    return DBPurgeKeeps(std::string_view(file).substr(0, kPurgeLength));
+    return DBPurgeKeeps(file);
   });
   WriteDatabase(app);
 }

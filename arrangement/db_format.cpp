@@ -1,11 +1,7 @@
 #include "arrangement/db_format.h"
 
-#include <algorithm>
-
 namespace zentaline {
 namespace {
-
-constexpr std::size_t kTestedLength = 9056;  // what a purge reads of a file
 
 bool IsIndex(int index) {
   return index >= kDbFirstIndex && index <= kDbLastIndex;
@@ -144,8 +140,7 @@ void DBRemoveEntry(Bytes& image, int index) {
 }
 
 bool DBPurgeKeeps(std::string_view file) {
-  const Bytes tested = Slice(file, 1, std::min(file.size(), kTestedLength));
-  return tested.starts_with("KORG") && Slice(tested, 33, 10) == Slice(tested, 673, 10);
+  return file.starts_with("KORG") && Slice(file, 33, 10) == Slice(file, 673, 10);
 }
 
 int DBPurgeEntries(Bytes& image, const std::function<bool(std::string_view name)>& keeps) {
