@@ -68,7 +68,6 @@ inline constexpr std::size_t kWrapAround = 7;  // 0 to 11 for 1 to 12; 255 origi
 }  // namespace part_block
 
 inline constexpr int kUserStyleLocation = 1;
-inline constexpr int kUserBankCode = 3;
 
 // Offset of part 0 to 8 in the record.
 constexpr std::size_t PartOffset(int part) {
@@ -80,9 +79,8 @@ constexpr std::size_t PartOffset(int part) {
 inline constexpr std::size_t kArrImageMarkPosition = 3;
 inline constexpr std::size_t kArrImageFilePosition = 271;
 inline constexpr std::size_t kArrImageRecordsPosition = 303;
-inline constexpr std::size_t kArrImageRowTablePosition =
-    10799;                                                      // 64 rows of 21 bytes; blanks until something is copied
-inline constexpr std::size_t kArrImageProgramPosition = 12143;  // a program file of 30480 bytes, or blanks
+inline constexpr std::size_t kArrImageRowTablePosition = 10799;  // 64 rows of 21 bytes, blanks at first
+inline constexpr std::size_t kArrImageProgramPosition = 12143;   // a program file of 30480 bytes, or blanks
 inline constexpr std::size_t kArrImageUserNamePosition = 12191;  // + 172 n: name of user program n
 inline constexpr std::size_t kArrImageLength = 42622;            // without the style part, which starts behind it
 inline constexpr std::size_t kArrBankImageLength = 12142;

@@ -4,8 +4,6 @@
 #include <string_view>
 
 #include "arrangement/arr_format.h"
-#include "core/panel_numbers.h"
-#include "data/names.h"
 
 namespace zentaline {
 
@@ -23,9 +21,6 @@ constexpr std::array<bool, kNotesOfAnOctave> kSharps = {false, true,  false, tru
 constexpr int kPanOff = 1;
 constexpr int kPanCentre = 17;
 constexpr int kPanOfProgram = 33;
-
-constexpr int kBankSize = 64;
-constexpr int kDrumBankCode = 4;
 
 constexpr int kUserStylesInADecade = 8;
 constexpr int kFirstUserStyle = 11;
@@ -57,27 +52,6 @@ std::string StyleText(int number, int location) {
     return "Style (U" + std::to_string(number + first) + ")";
   }
   return "Style (" + StyleLabel(number) + ")";
-}
-
-Bytes InstrumentProgramName(int bank_code, int number) {
-  std::string_view name;
-  switch (bank_code) {
-    case 0:
-    case 1: {
-      const bool second = number >= kBankSize;
-      name = ProgramName(2 * bank_code + (second ? 1 : 0), second ? number - kBankSize : number);
-      break;
-    }
-    case 2:
-      name = ProgramName(2 * bank_code, number);
-      break;
-    case kDrumBankCode:
-      name = DrumKitName(number);
-      break;
-    default:
-      break;
-  }
-  return Bytes(TrimRight(name));
 }
 
 }  // namespace zentaline

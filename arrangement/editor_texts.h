@@ -3,8 +3,6 @@
 
 #include <string>
 
-#include "core/bytes.h"
-
 namespace zentaline {
 
 // The name of a note, 36 to 96: letter, octave from 2 on, and "#" behind them, as in "C2#" for 37.
@@ -18,9 +16,5 @@ std::string EffectText(int effect, int type);
 
 // "Style (A11)" as the record's number and location tell it. User styles from 8 on count on from 21, without an end.
 std::string StyleText(int number, int location);
-
-// The name of a program of the instrument by its bank code, 0 to 2 and 4, as bytes, blanks at its end removed. Empty
-// for user programs and for what doesn't exist.
-Bytes InstrumentProgramName(int bank_code, int number);
 
 }  // namespace zentaline

@@ -13,6 +13,7 @@
 #include "data/message_codes.h"
 #include "data/names.h"
 #include "midi/api.h"
+#include "program/api.h"
 #include "program/prg_format.h"
 
 namespace zentaline {

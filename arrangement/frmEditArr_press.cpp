@@ -2,6 +2,7 @@
 // in other windows.
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "arrangement/api.h"
 #include "arrangement/editor_texts.h"
@@ -10,6 +11,7 @@
 #include "core/window_image.h"
 #include "data/names.h"
 #include "midi/api.h"
+#include "program/api.h"
 #include "program/prg_format.h"
 #include "style/sty_format.h"
 
@@ -26,19 +28,23 @@ constexpr ui::Colour kArmedText = 0x000000;
 constexpr char kEffectOn[] = "On";
 constexpr char kEffectOff[] = "Off";
 
-// What a row of a program window stands for: the bank's letter, its code in the record, and the number of its first
-// program.
+// What a row of a program window stands for: the code of its bank in the record, and the number of its first program.
 struct ProgramSource {
   int kind;
-  std::string_view letter;
   int bank_code;
   int first;
   int rows;
 };
 constexpr ProgramSource kProgramSources[] = {
-    {kKindPrgA, "A", 0, 0, 64},  {kKindPrgB, "B", 0, 64, 64},       {kKindPrgC, "C", 1, 0, 64},
-    {kKindPrgD, "D", 1, 64, 64}, {kKindPrgE, "E", 2, 0, 64},        {kKindDrum, "Dr", 4, 0, 16},
-    {kKindPrg, "U", 3, 0, 64},   {kKindPercussion, "Dr", 4, 0, 16}, {kKindNewPrg, "U", 3, 0, 64},
+    {kKindPrgA, 0, 0, 64},
+    {kKindPrgB, 0, 64, 64},
+    {kKindPrgC, 1, 0, 64},
+    {kKindPrgD, 1, 64, 64},
+    {kKindPrgE, 2, 0, 64},
+    {kKindDrum, kDrumBankCode, 0, 16},
+    {kKindPercussion, kDrumBankCode, 0, 16},
+    {kKindPrg, kUserBankCode, 0, 64},
+    {kKindNewPrg, kUserBankCode, 0, 64},
 };
 
 // The same of a style window; user styles stand in groups of four with a blank row behind each.
@@ -55,26 +61,20 @@ constexpr std::size_t kStyleNameAt = 4;  // in the text of a list row
 struct Picked {
   int number = 0;
   int bank_code = 0;
-  std::string_view letter;
-  int place = 0;  // in the letter's bank
   Bytes name;
 };
 
 Picked PickedProgram(const ProgramSource& source, const Bytes& image, int row) {
-  Picked picked{source.first + row, source.bank_code, source.letter, row, {}};
+  const int number = source.first + row;
   if (source.bank_code != kUserBankCode) {
-    picked.name = InstrumentProgramName(picked.bank_code, picked.number);
-    return picked;
+    return {number, source.bank_code, InstrumentProgramName(source.bank_code, number)};
   }
-  picked.name = TrimRight(ProgramPlaceName(image, row));
+  Picked picked{number, source.bank_code, Bytes(TrimRight(ProgramPlaceName(image, row)))};
   if (!IsProgramLink(image, row)) return picked;
   // The name that was copied into the link stands for a place that the instrument hasn't got.
   const std::size_t link = ProgramPosition(row) - 1;
   picked.bank_code = ByteAt(image, link + program_link::kBankCode);
   picked.number = ByteAt(image, link + program_link::kNumber);
-  const ProgramPlace place = ProgramPlaceOf(picked.bank_code, picked.number);
-  picked.letter = place.letter;
-  picked.place = place.index;
   if (Bytes name = InstrumentProgramName(picked.bank_code, picked.number); !name.empty()) picked.name = std::move(name);
   return picked;
 }
@@ -202,13 +202,14 @@ void frmEditArr::PickProgram(const Bytes& image, int row) {
                                    [&image](const auto& each) { return each.kind == ByteAt(image, kKindPosition); });
   if (!state.ArrPartArmed || part < 0 || source == std::end(kProgramSources) || row < 0 || row >= source->rows) return;
   const Picked picked = PickedProgram(*source, image, row);
+  const ProgramPlace place = ProgramPlaceOf(picked.bank_code, picked.number);
   const std::size_t block = ArrEditPosition(PartOffset(part));
   PutByte(record(), block + part_block::kProgram, picked.number);
   PutByte(record(), block + part_block::kBankCode, picked.bank_code);
   PutBytes(record(), NamePosition(part), Padded(picked.name, kArrNameLength));
   const int box = kFirstPartBox + 2 * part;
   Text1[box].SetText(Utf8FromBytes(picked.name));
-  Text1[box + 1].SetText(ProgramNumberText(picked.letter, picked.place));
+  Text1[box + 1].SetText(ProgramNumberText(place.letter, place.index));
   state.EditorChanged = true;
 }
 

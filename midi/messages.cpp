@@ -202,7 +202,7 @@ Selection BuildProgramSelection(int channel, std::string_view image, int index, 
     case kKindPrg:
     case kKindPcg:
     case kKindNewPrg:
-      state = {3, index};
+      state = {kUserBankCode, index};
       if (IsProgramLink(image, index)) {
         state = {ByteAt(image, ProgramPosition(index) + program_link::kBankCode - 1),
                  ByteAt(image, ProgramPosition(index) + program_link::kNumber - 1)};
@@ -210,7 +210,7 @@ Selection BuildProgramSelection(int channel, std::string_view image, int index, 
       break;
     case kKindDrum:
     case kKindPercussion:
-      if (DrumKitProgram(index) >= 0) state = {4, DrumKitProgram(index)};
+      if (DrumKitProgram(index) >= 0) state = {kDrumBankCode, DrumKitProgram(index)};
       break;
     default:
       break;

@@ -22,6 +22,9 @@ int ReadProgramByName(Application& app, const std::string& path);
 // one. False when it failed, which was shown.
 bool SavePrgFile(Application& app, Bytes& image);
 
+// The name of a program or drum kit of the instrument as bytes, blanks at its end removed. Empty for user programs and
+// for what doesn't exist.
+Bytes InstrumentProgramName(int bank_code, int number);
 // "Piano 1 (A11)" for the bank codes 0 to 2, "F/User", a drum kit's name or "Drum"; empty for any other code. UTF-8.
 std::string PrgLabel(int number, int bank_code);
 

@@ -15,22 +15,8 @@ namespace zentaline {
 
 namespace {
 
-constexpr int kBankCodeUser = 3;
-constexpr int kBankCodeDrum = 4;
-
 // Nobody would take a longer one for a program file.
 constexpr std::size_t kLargest = std::size_t{1} << 24;
-
-// The buffer takes what was read before anything is tested: as much of it as a bank, or zero bytes behind it.
-PrgReadResult Judge(Application& app, FileReadResult read, Bytes file, PrgReadResult (*check)(std::string_view)) {
-  const PrgReadResult result = read == kFileRead ? check(file) : kPrgWrong;
-  if (read == kFileRead) {
-    file.resize(kPrgFileLength, '\0');
-    app.program.ProgramFileBuffer = std::move(file);
-  }
-  if (result == kPrgWrong) ShowMessage(app, kMessageDataFormat, app.core.OperationTitle, {});
-  return result;
-}
 
 PrgReadResult CheckPrg(std::string_view file) {
   return CheckProgramByExtension(file, false);
@@ -40,11 +26,18 @@ PrgReadResult CheckPgg(std::string_view file) {
   return CheckProgramByExtension(file, true);
 }
 
+// The buffer takes what was read before anything is tested: as much of it as a bank, or zero bytes behind it.
 int ReadWith(Application& app, const std::string& path, PrgReadResult (*check)(std::string_view)) {
   Bytes file;
   const FileReadResult read = ReadDataFile(app, path, kLargest, file);
   if (read == kFileFailed || read == kFileAbsent) return read;
-  return Judge(app, read, std::move(file), check);
+  const PrgReadResult result = read == kFileRead ? check(file) : kPrgWrong;
+  if (read == kFileRead) {
+    file.resize(kPrgFileLength, '\0');
+    app.program.ProgramFileBuffer = std::move(file);
+  }
+  if (result == kPrgWrong) ShowMessage(app, kMessageDataFormat, app.core.OperationTitle, {});
+  return result;
 }
 
 }  // namespace
@@ -78,15 +71,20 @@ bool SavePrgFile(Application& app, Bytes& image) {
   return true;
 }
 
+Bytes InstrumentProgramName(int bank_code, int number) {
+  if (bank_code == kDrumBankCode) return Bytes(TrimRight(DrumKitName(number)));
+  const ProgramPlace place = ProgramPlaceOf(bank_code, number);
+  if (bank_code == kUserBankCode || place.letter.empty()) return {};
+  return Bytes(TrimRight(ProgramName(place.letter[0] - 'A', place.index)));
+}
+
 std::string PrgLabel(int number, int bank_code) {
-  if (bank_code == kBankCodeUser) return "F/User";
-  if (bank_code == kBankCodeDrum) {
-    return number < 16 ? Utf8FromBytes(TrimRight(DrumKitName(number))) : std::string("Drum");
-  }
+  if (bank_code == kUserBankCode) return "F/User";
+  const std::string name = Utf8FromBytes(InstrumentProgramName(bank_code, number));
+  if (bank_code == kDrumBankCode) return name.empty() ? "Drum" : name;
   const ProgramPlace place = ProgramPlaceOf(bank_code, number);
   if (place.letter.empty()) return {};
-  return Utf8FromBytes(TrimRight(ProgramName(place.letter[0] - 'A', place.index))) + " (" + std::string(place.letter) +
-         PanelNumberText(place.index) + ")";
+  return name + " (" + std::string(place.letter) + PanelNumberText(place.index) + ")";
 }
 
 const Bytes* FindOpenProgram(const Application& app, const std::string& path) {

@@ -147,9 +147,9 @@ ProgramPlace ProgramPlaceOf(int bank_code, int number) {
       return {second ? "D" : "C", second ? number - 64 : number};
     case 2:
       return {"E", number};
-    case 3:
+    case kUserBankCode:
       return {"U", number};
-    case 4:
+    case kDrumBankCode:
       return {"Dr", number};
     default:
       return {};

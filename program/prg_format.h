@@ -148,6 +148,11 @@ inline constexpr std::size_t kName = 4;      // 16 bytes, copied at the time of 
 inline constexpr std::size_t kNameLength = 16;
 }  // namespace program_link
 
+// The bank codes of a link, and of a part in an arrangement, that stand for more than letters: the user's bank, which
+// only a part names, and the drum kits.
+inline constexpr int kUserBankCode = 3;
+inline constexpr int kDrumBankCode = 4;
+
 // EditRecord: the record under edit at 1 to 172, and what belongs to it.
 namespace edit_record {
 inline constexpr std::size_t kLength = 201;
