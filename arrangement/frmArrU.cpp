@@ -46,6 +46,7 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
       TimerShowSty(MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); })),
       TimerShowPrg(MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); })) {
   window_image() = std::move(image);
+  // Nothing here starts these: they press what the others press, for whoever starts them by their names.
   MakeTimer("TimerCaricaArr", -1, [this] { CommLoadArr.Press(); });
   MakeTimer("TimerCaricaSty", -1, [this] { CommLoadSty.Press(); });
   MakeTimer("TimerCaricaPrg", -1, [this] { CommLoadPrg.Press(); });

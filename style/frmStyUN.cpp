@@ -21,9 +21,8 @@ namespace {
 constexpr int kGroupIdle = 10;
 constexpr int kGroupDue = 11;
 
-constexpr std::size_t kNumberLength = 2;                     // of a row; what is no longer than that shows no style
-constexpr int kRowsOfGroup = kStyGroupEntries + 1;           // with the blank one behind it
-constexpr int kInstrumentBank = static_cast<int>(kKindArr);  // the user's arrangements
+constexpr std::size_t kNumberLength = 2;            // of a row; what is no longer than that shows no style
+constexpr int kRowsOfGroup = kStyGroupEntries + 1;  // with the blank one behind it
 
 }  // namespace
 
@@ -181,7 +180,7 @@ void frmStyUN::PressLoadSty() {
     return;
   }
   int first = 0;
-  SelectArrangement(app(), first, kInstrumentBank);
+  SelectArrangement(app(), first, kKindArr);
 }
 
 // A second press isn't held off: it sends at once, and the timer that still runs begins anew.
