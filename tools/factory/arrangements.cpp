@@ -4,6 +4,7 @@
 
 #include "data/choices.h"
 #include "data/names.h"
+#include "program/prg_format.h"
 #include "tools/factory/sounds.h"
 
 namespace zentaline::factory {
@@ -11,9 +12,6 @@ namespace {
 
 constexpr std::array<std::string_view, kArrPartCount> kPartNames = {"drum", "percussion", "bass",   "acc1", "acc2",
                                                                     "acc3", "upper1",     "upper2", "lower"};
-constexpr std::array<std::string_view, 4> kLetters = {"A", "B", "C", "D"};
-constexpr std::array<std::string_view, 4> kOut = {"OFF", "INT", "EXT", "BOTH"};
-constexpr std::array<std::string_view, 3> kPlay = {"PLAY", "MUTE", "SOLO"};
 
 struct Switch {
   std::string_view name;
@@ -46,12 +44,6 @@ std::optional<int> NoteOf(std::string_view text) {
   return (*octave + 1) * 12 + static_cast<int>(note) + (sharp ? 1 : 0);
 }
 
-std::optional<int> EffectOf(std::string_view name) {
-  const std::optional<int> index = IndexIn(kEffects, name);
-  if (!index) return std::nullopt;
-  return static_cast<int>(kEffects.size()) - 1 - *index;
-}
-
 std::optional<int> InRange(std::optional<int> value, int low, int high) {
   return value && *value >= low && *value <= high ? value : std::nullopt;
 }
@@ -81,7 +73,7 @@ std::string Missing(const Bytes& record) {
     if (Field(record, arr_record::kDrumMap + variation) == 0) missing += " map";
   }
   for (int part = 0; part < kArrPartCount; ++part) {
-    const bool kit = Field(record, PartOffset(part) + part_block::kBankCode) == 4;
+    const bool kit = Field(record, PartOffset(part) + part_block::kBankCode) == kDrumBankCode;
     if (kit != (part <= kPartPercussion)) missing += " (kit or program of the wrong kind)";
     if (Field(record, PartOffset(part) + part_block::kVolume) == 0) missing += " volume";
   }
@@ -188,8 +180,8 @@ bool ArrangementTables::ApplySetting(std::string_view setting, Bytes& record, st
   if (key == "variation") return put(arr_record::kInitialVariation, less(InRange(NumberOf(rest), 1, 4), 1));
   if (key == "tempo") return put(arr_record::kTempo, less(InRange(NumberOf(rest), 40, 240), 30));
   if (key == "transpose") return put(arr_record::kTranspose, InRange(NumberOf(rest), -11, 11));
-  if (key == "kick") return put(arr_record::kKick, IndexIn(kLetters, rest));
-  if (key == "snare") return put(arr_record::kSnare, IndexIn(kLetters, rest));
+  if (key == "kick") return put(arr_record::kKick, IndexIn(kDesignations, rest));
+  if (key == "snare") return put(arr_record::kSnare, IndexIn(kDesignations, rest));
   if (key == "fill1") return put(arr_record::kFill1, IndexIn(kFills, rest));
   if (key == "fill2") return put(arr_record::kFill2, IndexIn(kFills, rest));
   if (key == "effect1") return put(arr_record::kEffect1, EffectOf(rest));
@@ -243,7 +235,7 @@ bool ArrangementTables::ApplyPart(int part, std::string_view rest, Bytes& record
     return put(part_block::kWrapAround, value == "ORG" ? 255 : note ? std::optional<int>(*note - 1) : note);
   }
   if (word == "out" || word == "play") {
-    const std::optional<int> index = word == "out" ? IndexIn(kOut, value) : IndexIn(kPlay, value);
+    const std::optional<int> index = word == "out" ? IndexIn(kOutStatus1, value) : IndexIn(kOutStatus2, value);
     if (!index) return false;
     const int old = Field(record, block + part_block::kStatus);
     return put(part_block::kStatus, word == "out" ? (old & 0xC) | *index : (old & 3) | *index << 2);

@@ -138,10 +138,8 @@ std::optional<int> ValueOf(const Field& field, std::string_view text) {
       const std::optional<int> index = IndexIn(feet, text);
       return index ? std::optional<int>(1 - *index) : index;
     }
-    case Kind::kEffect: {
-      const std::optional<int> index = IndexIn(kEffects, text);
-      return index ? std::optional<int>(47 - *index) : index;
-    }
+    case Kind::kEffect:
+      return EffectOf(text);
     case Kind::kPan:
       return PanOf(text);
   }

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "data/names.h"
+#include "program/prg_format.h"
 
 namespace zentaline::factory {
 namespace {
@@ -15,7 +16,7 @@ void FindInBank(int bank, std::string_view name, std::vector<Sound>& found) {
 
 void FindInKits(std::string_view name, std::vector<Sound>& found) {
   for (int n = 0; n < 16; ++n) {
-    if (TrimRight(DrumKitName(n)) == name) found.push_back({4, n});
+    if (TrimRight(DrumKitName(n)) == name) found.push_back({kDrumBankCode, n});
   }
 }
 
@@ -27,7 +28,7 @@ bool FindSound(std::string_view name, const OwnPrograms& own, Sound& sound, std:
     FindInBank(name[0] - 'A', name.substr(2), found);
   } else if (name.starts_with("U:")) {
     for (std::size_t n = 0; n < own.size(); ++n) {
-      if (!own[n].empty() && TrimRight(own[n]) == name.substr(2)) found.push_back({3, static_cast<int>(n)});
+      if (!own[n].empty() && TrimRight(own[n]) == name.substr(2)) found.push_back({kUserBankCode, static_cast<int>(n)});
     }
   } else if (name.starts_with("Dr:")) {
     FindInKits(name.substr(3), found);
@@ -44,7 +45,7 @@ bool FindSound(std::string_view name, const OwnPrograms& own, Sound& sound, std:
 }
 
 std::string_view SoundName(const Sound& sound) {
-  if (sound.bank_code == 4) return DrumKitName(sound.number);
+  if (sound.bank_code == kDrumBankCode) return DrumKitName(sound.number);
   return ProgramName(sound.bank_code * 2 + sound.number / 64, sound.number % 64);
 }
 

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "core/posix_disk.h"
+#include "data/choices.h"
 
 namespace zentaline::factory {
 
@@ -92,6 +93,12 @@ std::optional<int> NumberOf(std::string_view text) {
 std::optional<int> PlaceOf(std::string_view text) {
   if (text.size() != 2 || text[0] < '1' || text[0] > '8' || text[1] < '1' || text[1] > '8') return std::nullopt;
   return (text[0] - '1') * 8 + text[1] - '1';
+}
+
+std::optional<int> EffectOf(std::string_view name) {
+  const std::optional<int> index = IndexIn(kEffects, name);
+  if (!index) return std::nullopt;
+  return static_cast<int>(kEffects.size()) - 1 - *index;
 }
 
 std::optional<int> PanOf(std::string_view text) {
