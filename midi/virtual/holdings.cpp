@@ -1,4 +1,5 @@
 // What the virtual instrument tells of itself.
+#include "core/panel_numbers.h"
 #include "midi/virtual/instrument.h"
 
 namespace zentaline {
@@ -19,18 +20,13 @@ class Table {
   std::vector<HeldValue> values_;
 };
 
-// Places 0 to 63 read 11 to 18, 21 to 28, up to 88.
-std::string Place(int number) {
-  return std::to_string(10 * (1 + number / 8) + 1 + number % 8);
-}
-
 std::string At(const char* name, const std::string& index) {
   return std::string(name) + "(" + index + ")";
 }
 
 // The letter and place of one of two banks of 64 that share a bank number.
 std::string PlaceInPair(const char* first, const char* second, int number) {
-  return std::string(number < 64 ? first : second) + " " + Place(number % 64);
+  return std::string(number < 64 ? first : second) + " " + PanelNumberText(number % 64);
 }
 
 std::string WithName(const std::string& place, const Bytes& name) {
@@ -45,9 +41,9 @@ std::string ProgramText(const VirtualInstrument& instrument, const VirtualInstru
     case 1:
       return PlaceInPair("C", "D", number);
     case 2:
-      return number < 64 ? "E " + Place(number) : "bank 2 program " + std::to_string(number);
+      return number < 64 ? "E " + PanelNumberText(number) : "bank 2 program " + std::to_string(number);
     case 3:
-      return number < 64 ? WithName("F/User " + Place(number), instrument.ProgramName(number))
+      return number < 64 ? WithName("F/User " + PanelNumberText(number), instrument.ProgramName(number))
                          : "bank 3 program " + std::to_string(number);
     case 4:
       return "Drum " + std::to_string(number);
@@ -62,7 +58,7 @@ std::string ArrangementText(const VirtualInstrument& instrument,
                             const VirtualInstrument::ArrangementSelection& selection) {
   if (selection.bank == 0) return PlaceInPair("A", "B", selection.number);
   if (selection.number >= VirtualInstrument::kArrangements) return "User " + std::to_string(selection.number);
-  return WithName("User " + Place(selection.number), instrument.ArrangementName(selection.number));
+  return WithName("User " + PanelNumberText(selection.number), instrument.ArrangementName(selection.number));
 }
 
 // The count of the bank's places that have a name, and their names.
@@ -72,7 +68,7 @@ void TellBank(Table& table, const char* count_name, const char* name, int places
   for (int i = 0; i < places; ++i) filled += name_of(i).empty() ? 0 : 1;
   table.Number(count_name, filled);
   for (int i = 0; i < places; ++i) {
-    if (const Bytes text = name_of(i); !text.empty()) table.Name(At(name, Place(i)), text);
+    if (const Bytes text = name_of(i); !text.empty()) table.Name(At(name, PanelNumberText(i)), text);
   }
 }
 
@@ -90,8 +86,8 @@ void TellStyles(Table& table, const VirtualInstrument& instrument) {
   for (int i = 0; i < VirtualInstrument::kStyles; ++i) {
     const Bytes& style = instrument.Style(i);
     if (style.empty()) continue;
-    table.Name(At("style", Place(i)), instrument.StyleName(i));
-    table.Number(At("styleSize", Place(i)), static_cast<int>(style.size()));
+    table.Name(At("style", PanelNumberText(i)), instrument.StyleName(i));
+    table.Number(At("styleSize", PanelNumberText(i)), static_cast<int>(style.size()));
   }
 }
 

@@ -8,6 +8,7 @@ namespace zentaline {
 
 namespace {
 
+// Told here once more, and not taken from the code that builds the messages: a slip there must not be understood here.
 constexpr int kStart = 0xF0;
 constexpr int kEnd = 0xF7;
 constexpr int kKorg = 0x42;

@@ -45,12 +45,6 @@ class VirtualInstrument {
     int SoundingNotes() const;
   };
 
-  struct ArrangementEdit {
-    int id = 0, value = 0;
-  };
-  struct ProgramEdit {
-    int a = 0, b = 0, value = 0;
-  };
   // `bank` 0: the factory banks, `number` 0 to 127; 1: the user bank, `number` 0 to 63 (larger ones come as they are).
   struct ArrangementSelection {
     int bank = 0, number = 0;
@@ -93,15 +87,18 @@ class VirtualInstrument {
   Bytes BackSequenceName(int number) const;
   const std::optional<ArrangementSelection>& CurrentArrangement() const { return current_arrangement_; }
   const Channel& ChannelState(int channel) const { return channels_[static_cast<std::size_t>(channel)]; }
-  int ArrangementEdits() const { return arrangement_edits_; }
-  int ProgramEdits() const { return program_edits_; }
-  const ArrangementEdit& LastArrangementEdit() const { return last_arrangement_edit_; }
-  const ProgramEdit& LastProgramEdit() const { return last_program_edit_; }
   // The first kComplaintsKept of them, as sentences, and how many there were.
   const std::vector<std::string>& Complaints() const { return complaints_; }
   int ComplaintCount() const { return complaint_count_; }
 
  private:
+  struct ArrangementEdit {
+    int id = 0, value = 0;
+  };
+  struct ProgramEdit {
+    int a = 0, b = 0, value = 0;
+  };
+
   void Complain(const std::string& what);
   void Frame(std::string_view bytes);
   void Mode(std::string_view data);
