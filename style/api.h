@@ -17,8 +17,6 @@ int StyFileRead(Application& app, const std::string& path);
 bool StyFileWrite(Application& app, Bytes& image);
 // The same for a style window, of which the image itself stays untrimmed.
 bool SaveStyFile(Application& app, Bytes& image);
-// Removes that file; one that is not there is no failure.
-bool StyFileDelete(Application& app, const Bytes& image);
 // Splits an i30 file, `path` with its extension, into three .sty beside it: 0 done, 1 and 2 as StyFileRead.
 int StyImportI30(Application& app, const std::string& path);
 

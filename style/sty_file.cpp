@@ -68,10 +68,6 @@ bool SaveStyFile(Application& app, Bytes& image) {
   return true;
 }
 
-bool StyFileDelete(Application& app, const Bytes& image) {
-  return RemoveDataFile(app, std::string(WindowPath(image)) + ".sty");
-}
-
 int StyImportI30(Application& app, const std::string& path) {
   std::array<Bytes, 3> outputs;
   const int result = ReadStyles(app, path, [&](const Bytes& file) { return StySplitI30(file, outputs); });
