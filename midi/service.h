@@ -75,7 +75,7 @@ class MidiService {
 
   // Called from the thread that sends, while a long message goes out. Not one of the sixteen operations: a service that
   // sends at once leaves it.
-  virtual void SetProgress(MidiProgress) {}
+  virtual void SetProgress(MidiProgress) {}  // NOLINT(performance-unnecessary-value-param): kept by who wants it
 };
 
 // The number of data bytes that follow a short message's status byte: 1 for program change and channel pressure, 2

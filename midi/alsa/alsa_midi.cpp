@@ -63,15 +63,11 @@ snd_seq_t* OpenSequencer() {
 }  // namespace
 
 AlsaMidi::AlsaMidi() {
-  Scan();
+  AlsaMidi::Scan();
 }
 
 AlsaMidi::~AlsaMidi() {
-  for (const auto& [in, guard] : guards_) {
-    snd_seq_port_subscribe_t* subscription = nullptr;
-    snd_seq_port_subscribe_alloca(&subscription);
-    snd_seq_unsubscribe_port(sequencer_, Fill(subscription, inputs_[in], outputs_[JoinedTo(in)].destination));
-  }
+  for (const auto& [in, guard] : guards_) Unsubscribe(inputs_[in], outputs_[JoinedTo(in)].destination);
   if (encoder_ != nullptr) snd_midi_event_free(encoder_);
   if (sequencer_ != nullptr) snd_seq_close(sequencer_);
 }
@@ -93,8 +89,8 @@ bool AlsaMidi::Connect() {
   return true;
 }
 
-AlsaMidi::List AlsaMidi::Find(unsigned capabilities) const {
-  List list;
+std::vector<AlsaMidi::Port> AlsaMidi::Find(unsigned capabilities) const {
+  std::vector<Port> ports;
   snd_seq_client_info_t* client = nullptr;
   snd_seq_port_info_t* port = nullptr;
   snd_seq_client_info_alloca(&client);
@@ -108,12 +104,12 @@ AlsaMidi::List AlsaMidi::Find(unsigned capabilities) const {
     while (snd_seq_query_next_port(sequencer_, port) >= 0) {
       const unsigned has = snd_seq_port_info_get_capability(port);
       if ((has & capabilities) != capabilities || (has & SND_SEQ_PORT_CAP_NO_EXPORT) != 0) continue;
-      list.ports.push_back({{number, snd_seq_port_info_get_port(port)},
-                            snd_seq_client_info_get_name(client),
-                            snd_seq_port_info_get_name(port)});
+      ports.push_back({{number, snd_seq_port_info_get_port(port)},
+                       snd_seq_client_info_get_name(client),
+                       snd_seq_port_info_get_name(port)});
     }
   }
-  return list;
+  return ports;
 }
 
 void AlsaMidi::Scan() {
@@ -123,7 +119,7 @@ void AlsaMidi::Scan() {
   for (const auto& [direction, capabilities] :
        {std::pair{MidiDirection::kOut, kWritable}, std::pair{MidiDirection::kIn, kReadable}}) {
     List& list = ListOf(direction);
-    for (const Port& port : Find(capabilities).ports) {
+    for (const Port& port : Find(capabilities)) {
       if (std::find(list.ports.begin(), list.ports.end(), port) == list.ports.end()) list.ports.push_back(port);
     }
     list.names.clear();
@@ -196,6 +192,14 @@ int AlsaMidi::Subscribe(PortAddress from, PortAddress to) {
   const int error = snd_seq_subscribe_port(sequencer_, Fill(subscription, from, to));
   if (error >= 0 || Subscribed(from, to)) return kMidiOk;
   return error == -EAGAIN ? kMidiAllocated : ResultOf(error);
+}
+
+int AlsaMidi::Unsubscribe(PortAddress from, PortAddress to) {
+  snd_seq_port_subscribe_t* subscription = nullptr;
+  snd_seq_port_subscribe_alloca(&subscription);
+  const int error = snd_seq_unsubscribe_port(sequencer_, Fill(subscription, from, to));
+  // Someone else may have parted them already.
+  return error == -ENOENT ? kMidiOk : ResultOf(error);
 }
 
 int AlsaMidi::Write(const Output& output, snd_seq_event& event) {
@@ -281,12 +285,9 @@ int AlsaMidi::Join(MidiHandle in, MidiHandle out) {
 }
 
 int AlsaMidi::Part(MidiHandle in, MidiHandle out) {
-  snd_seq_port_subscribe_t* subscription = nullptr;
-  snd_seq_port_subscribe_alloca(&subscription);
-  const int error = snd_seq_unsubscribe_port(sequencer_, Fill(subscription, inputs_[in], outputs_[out].destination));
+  const int result = Unsubscribe(inputs_[in], outputs_[out].destination);
   guards_.erase(in);
-  // Someone else may have parted them already.
-  return error == -ENOENT ? kMidiOk : ResultOf(error);
+  return result;
 }
 
 }  // namespace zentaline

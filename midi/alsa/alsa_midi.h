@@ -67,11 +67,12 @@ class AlsaMidi : public DeviceService {
   };
 
   bool Connect();
-  List Find(unsigned capabilities) const;
+  std::vector<Port> Find(unsigned capabilities) const;
   bool StillThere(const Port& port) const;
   int OpenOut(const Port& port, MidiHandle handle);
   bool Subscribed(PortAddress from, PortAddress to) const;
   int Subscribe(PortAddress from, PortAddress to);
+  int Unsubscribe(PortAddress from, PortAddress to);
   bool IsCable(PortAddress address) const;
   int Write(const Output& output, snd_seq_event& event);
   int WriteBytes(const Output& output, std::string_view bytes);
