@@ -4,9 +4,10 @@
 #include <cstdio>
 #include <string>
 
+#include "bench/measure.h"
 #include "midi/alsa/alsa_midi.h"
-#include "tests/alsa/long_message.h"
 #include "tests/alsa/raw_port.h"
+#include "tests/midi/long_message.h"
 
 namespace zentaline {
 namespace {
@@ -47,12 +48,12 @@ int Main() {
                 100 * last.bytes_per_second / kCableBytesPerSecond, last.most_in_one_second, last.lost);
   }
   const double use = last.bytes_per_second / kCableBytesPerSecond;
-  std::printf("bench wire_use_least %.5f >= 0.97 a 65000-byte message against the speed of a cable\n", use);
-  std::printf("bench wire_use_most %.5f <= 1 the same\n", use);
-  std::printf("bench wire_burst %.5f <= 1 bytes in any one second against a cable's and one piece of 256\n",
-              static_cast<double>(last.most_in_one_second) / (kCableBytesPerSecond + kPieceBytes));
-  std::printf("bench wire_lost %.5f <= 0 bytes lost or changed against those sent\n",
-              static_cast<double>(last.lost) / 65000);
+  bench::PrintRatio("wire_use_least", use, ">=", 0.97, "a 65000-byte message against the speed of a cable");
+  bench::PrintRatio("wire_use_most", use, "<=", 1, "the same");
+  bench::PrintRatio("wire_burst", static_cast<double>(last.most_in_one_second) / (kCableBytesPerSecond + kPieceBytes),
+                    "<=", 1, "bytes in any one second against a cable's and one piece of 256");
+  bench::PrintRatio("wire_lost", static_cast<double>(last.lost) / 65000, "<=", 0,
+                    "bytes lost or changed against those sent");
   return 0;
 }
 

@@ -11,8 +11,8 @@
 
 #include "core/bytes.h"
 #include "midi/alsa/alsa_midi.h"
-#include "tests/alsa/long_message.h"
 #include "tests/alsa/raw_port.h"
+#include "tests/midi/long_message.h"
 
 namespace zentaline {
 namespace {

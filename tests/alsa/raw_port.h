@@ -16,6 +16,12 @@
 
 namespace zentaline {
 
+// The name of the virtual raw port of that number.
+inline std::string RawPortName(int number) {
+  const std::string place = "0-" + std::to_string(number);
+  return "Virtual Raw MIDI " + place + " VirMIDI " + place;
+}
+
 class RawPort {
  public:
   using Clock = std::chrono::steady_clock;

@@ -44,6 +44,7 @@ inline std::string ArrBytes(const std::vector<Arr>& arrangements) {
 // A style file of four styles for each group that is wanted, each of 20 bytes more than the one before it.
 inline std::string StyBytes(int groups) {
   std::vector<Style> styles;
+  styles.reserve(static_cast<std::size_t>(groups) * 4);
   for (int e = 0; e < 4 * groups; ++e) {
     styles.push_back({"Style " + std::to_string(e), 40 + 20 * e, 0x80 + e});
   }
@@ -59,7 +60,7 @@ inline std::string StyGroupPayload(const std::string& sty, int g) {
   for (std::size_t e = 0; e < 4 * static_cast<std::size_t>(g) + 4; ++e) {
     const int low = At(sty, 25 + 4 * e);
     const int high = At(sty, 26 + 4 * e);
-    const std::size_t size = static_cast<std::size_t>(low + 256 * high);
+    const std::size_t size = static_cast<std::size_t>(low) + static_cast<std::size_t>(high) * 256;
     if (e < 4 * static_cast<std::size_t>(g)) {
       start += size;
       continue;
@@ -72,7 +73,7 @@ inline std::string StyGroupPayload(const std::string& sty, int g) {
 }
 
 // What the instrument gets of a program file, before packing: the records, links wiped in a .pgg, and the second block.
-inline std::string PrgPayload(std::string file, bool wiped) {
+inline std::string PrgPayload(const std::string& file, bool wiped) {
   std::string payload = file.substr(48, 11008);
   for (std::size_t n = 0; wiped && n < 64; ++n) {
     if (payload[172 * n] == 1) payload.replace(172 * n, 20, Zeros(20));

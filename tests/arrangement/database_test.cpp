@@ -58,7 +58,7 @@ class DatabaseTest : public ::testing::Test {
     desk_.Open(name + ".arr");
     desk_.Press("frmArrU(1).CommAdd");
     desk_.Wait(20);
-    const std::string text = desk_.Text("frmArrU(1).Text1");
+    std::string text = desk_.Text("frmArrU(1).Text1");
     desk_.program.Arr(1)->UserClose();
     return text;
   }

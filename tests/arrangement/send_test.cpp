@@ -10,7 +10,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::StartsWith;
 
 constexpr char kNoFormat[] = "box 0 48 \"Opening Song.prg\" \"Data format error\"";
 

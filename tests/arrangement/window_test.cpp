@@ -33,7 +33,7 @@ class Window : public ::testing::Test {
   std::string Program(const std::vector<std::pair<int, int>>& parts) {
     OpenSong(ArrBytes({{"One", 0, false, parts}}));
     desk_.Select(0);
-    const std::string text = Text("Text2");
+    std::string text = Text("Text2");
     desk_.program.Arr(1)->UserClose();
     return text;
   }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "midi/recorder/recorder.h"
+#include "tests/midi/long_message.h"
 
 namespace zentaline {
 namespace {
@@ -37,15 +38,7 @@ class Listening : public ::testing::Test {
     recorder.SetOuts({"A", "B", "C"});
     recorder.SetIns({"K", "L"});
   }
-  int SendLong(const std::string& bytes) {
-    MidiHeader header;
-    header.data = bytes.data();
-    header.buffer_length = static_cast<std::uint32_t>(bytes.size());
-    if (const int result = midi.midiOutPrepareHeader(out, header, kMidiHeaderSize)) return result;
-    if (const int result = midi.midiOutLongMsg(out, header, kMidiHeaderSize)) return result;
-    header.flags = 0;
-    return midi.midiOutUnprepareHeader(out, header, kMidiHeaderSize);
-  }
+  int SendLong(const std::string& bytes) { return SendLongMessage(midi, out, bytes); }
 
   RecorderMidi recorder;
   Lines lines;

@@ -6,6 +6,7 @@
 
 #include "midi/virtual/unpack.h"
 #include "midi/virtual/virtual_midi.h"
+#include "tests/midi/long_message.h"
 
 namespace zentaline {
 namespace {
@@ -96,12 +97,7 @@ TEST_F(Virtual, HasOneOutputAndOneInputAndGivesTheInstrumentWhatIsSent) {
   EXPECT_EQ(caps.product_name, "Virtual Keyboard");
   MidiHandle out = 0;
   ASSERT_EQ(midi.midiOutOpen(out, 0, 0, 0, 0), kMidiOk);
-  const std::string message = Frame(0x4E, Of({0x02}));
-  MidiHeader header;
-  header.data = message.data();
-  header.buffer_length = static_cast<std::uint32_t>(message.size());
-  EXPECT_EQ(midi.midiOutPrepareHeader(out, header, kMidiHeaderSize), kMidiOk);
-  EXPECT_EQ(midi.midiOutLongMsg(out, header, kMidiHeaderSize), kMidiOk);
+  EXPECT_EQ(SendLongMessage(midi, out, Frame(0x4E, Of({0x02}))), kMidiOk);
   EXPECT_EQ(midi.midiOutShortMsg(out, 0x643C90), kMidiOk);
   EXPECT_EQ(midi.Instrument().Mode(), 4);
   EXPECT_EQ(midi.Instrument().ChannelState(0).SoundingNotes(), 1);

@@ -15,12 +15,6 @@ constexpr char kDump[] = " dump 4C 14992";
 
 class BankSend : public ::testing::Test {
  protected:
-  void Open(const std::string& file, const std::string& name = "Bank.prg") {
-    desk_.Put(name, file);
-    desk_.OpenPrg(name);
-    desk_.Log();
-    desk_.dumps.clear();
-  }
   void Load(int number = 1) { desk_.Press(PrgDesk::Of(number, "CommLoad")); }
   std::string Payload() { return Unpack7(desk_.dumps.back().substr(5, desk_.dumps.back().size() - 6)); }
   const WindowRecord& Slot(int number) { return desk_.program.app.core.PrgWindows[static_cast<std::size_t>(number)]; }
@@ -30,7 +24,7 @@ class BankSend : public ::testing::Test {
 
 TEST_F(BankSend, TheWaitTextComesFirstThenTheWholeBank) {
   const std::string file = Bank();
-  Open(file);
+  desk_.OpenBank(file);
   Load();
   EXPECT_THAT(desk_.Log(), ElementsAre("wait 0 \"Loading Program\""));
   desk_.Wait(100);
@@ -43,14 +37,14 @@ TEST_F(BankSend, TheWaitTextComesFirstThenTheWholeBank) {
 }
 
 TEST_F(BankSend, TheMenuEntrySendsItToo) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   desk_.Press("mnuLoadPrg");
   desk_.Wait(100);
   EXPECT_THAT(desk_.Wire(), ElementsAre(std::string("19") + kDump));
 }
 
 TEST_F(BankSend, APressWhileTheWaitTextStandsSendsAtOnceAndNotAgain) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   Load();
   Load();
   desk_.Wait(1000);
@@ -58,7 +52,7 @@ TEST_F(BankSend, APressWhileTheWaitTextStandsSendsAtOnceAndNotAgain) {
 }
 
 TEST_F(BankSend, AWindowThatClosesWhileTheWaitTextStandsSendsNothingAndTakesTheTextAway) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   Load();
   EXPECT_EQ(desk_.program.app.main->Label1.caption(), "Loading Program");
   desk_.program.toolkit.FindForm("frmPrgUN(1)")->Close();
@@ -68,7 +62,7 @@ TEST_F(BankSend, AWindowThatClosesWhileTheWaitTextStandsSendsNothingAndTakesTheT
 }
 
 TEST_F(BankSend, TheInstrumentGoesBackToTheModeItWasIn) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   struct Mode {
     int mode;
     const char* message;
@@ -98,7 +92,7 @@ TEST_F(BankSend, LinksAreWipedInWhatIsSentOnly) {
   file.replace(0, 4, "KPGG");
   PutLink(file, 3, 1, 70, "Small^Orch");
   PutLink(file, 60, 4, 2, "Room Kit");
-  Open(file, "Links.pgg");
+  desk_.OpenBank(file, "Links.pgg");
   EXPECT_EQ(desk_.Caption(1), "File Prg - Links.pgg (1) - MIDI Channel 1");
   Load();
   desk_.Wait(10);
@@ -110,7 +104,7 @@ TEST_F(BankSend, LinksAreWipedInWhatIsSentOnly) {
 }
 
 TEST_F(BankSend, TheMonitorShowsTheDumpAndIsOffAfterwards) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   std::vector<std::size_t> lengths;
   desk_.program.app.midi.Monitor = [&lengths](std::string_view line) { lengths.push_back(line.size()); };
   desk_.program.app.midi.MonitorOn = false;
@@ -121,7 +115,7 @@ TEST_F(BankSend, TheMonitorShowsTheDumpAndIsOffAfterwards) {
 }
 
 TEST_F(BankSend, WithoutAPortEverythingLooksSent) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   desk_.Press("mnuDevMIDIOut(0)");
   desk_.Log();
   Load();
@@ -131,7 +125,7 @@ TEST_F(BankSend, WithoutAPortEverythingLooksSent) {
 }
 
 TEST_F(BankSend, AutomaticSelectionSendsTheBankFirstAndOnlyOnce) {
-  Open(Bank(2));
+  desk_.OpenBank(Bank(2));
   desk_.Press("mnuAutoPrgSel");
   desk_.Click(20);
   EXPECT_THAT(desk_.Wire(), IsEmpty());
@@ -149,7 +143,7 @@ TEST_F(BankSend, AutomaticSelectionSendsTheBankFirstAndOnlyOnce) {
 }
 
 TEST_F(BankSend, ANameOfMoreThanTwentyFourBytesIsShownWhole) {
-  Open(Bank(), "A name of more than twenty-four.prg");
+  desk_.OpenBank(Bank(), "A name of more than twenty-four.prg");
   Load();
   desk_.Wait(100);
   EXPECT_EQ(desk_.program.app.main->LabelPrg.caption(), "A name of more than twenty-four.prg");
@@ -157,7 +151,7 @@ TEST_F(BankSend, ANameOfMoreThanTwentyFourBytesIsShownWhole) {
 
 TEST_F(BankSend, LongNamesAreComparedAsFarAsTheyAreKept) {
   const std::string name = "A name of more than the fifty bytes that are kept of it";
-  Open(Bank(), name + ".prg");
+  desk_.OpenBank(Bank(), name + ".prg");
   desk_.Press("mnuAutoPrgSel");
   desk_.Click(0);
   desk_.Wait(100);
@@ -172,7 +166,7 @@ TEST_F(BankSend, TheInstrumentsOwnEntryTakesTheFile) {
   std::string file = Bank();
   file.replace(0, 4, "KPGG");
   PutLink(file, 0, 0, 1, "Piano 2");
-  Open(file, "Links.pgg");
+  desk_.OpenBank(file, "Links.pgg");
   Load();
   desk_.Wait(10);
   EXPECT_TRUE(desk_.Enabled("mnuPrgU"));
@@ -189,7 +183,7 @@ TEST_F(BankSend, TheInstrumentsOwnEntryTakesTheFile) {
 }
 
 TEST_F(BankSend, AnOpenUserWindowShowsWhatWasSentAndStaysBehind) {
-  Open(Bank(), "One.prg");
+  desk_.OpenBank(Bank(), "One.prg");
   Load();
   desk_.Wait(10);
   desk_.Press("mnuPrgU");
@@ -207,7 +201,7 @@ TEST_F(BankSend, AnOpenUserWindowShowsWhatWasSentAndStaysBehind) {
 }
 
 TEST_F(BankSend, AUserWindowThatKeepsItsChangesStays) {
-  Open(Bank(), "One.prg");
+  desk_.OpenBank(Bank(), "One.prg");
   Load();
   desk_.Wait(10);
   desk_.Press("mnuPrgU");
@@ -222,7 +216,7 @@ TEST_F(BankSend, AUserWindowThatKeepsItsChangesStays) {
 }
 
 TEST_F(BankSend, TheUserWindowRemembersItsCurrentProgramByTheLetterP) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   Load();
   desk_.Wait(10);
   desk_.Key("frmPrgUN(1).List1", {ui::Key::kCharacter, "p"});

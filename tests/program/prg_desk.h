@@ -28,6 +28,13 @@ class PrgDesk : public ArrDesk {
     Press("mnuApriPrg");
     program.toolkit.files.clear();
   }
+  // Opens a new file of the folder; what was said and sent so far is forgotten.
+  void OpenBank(const std::string& file, const std::string& name = "Bank.prg") {
+    Put(name, file);
+    OpenPrg(name);
+    Log();
+    dumps.clear();
+  }
   // The next file dialog is answered with this file of the folder.
   void Answer(const std::string& name, int filter = 3, bool read_only = false) {
     program.toolkit.files.push_back({false, folder.Path(name), filter, read_only});

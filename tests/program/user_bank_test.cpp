@@ -12,12 +12,6 @@ using ::testing::IsEmpty;
 
 class UserBank : public ::testing::Test {
  protected:
-  void Open(const std::string& file, const std::string& name = "Bank.prg") {
-    desk_.Put(name, file);
-    desk_.OpenPrg(name);
-    desk_.Log();
-    desk_.dumps.clear();
-  }
   bool Button(const std::string& control) { return desk_.Enabled(PrgDesk::Of(1, control)); }
 
   PrgDesk desk_;
@@ -28,7 +22,7 @@ TEST_F(UserBank, RowsAreNumberMarkAndName) {
   PutLink(file, 9, 1, 70, "Small^Orch");
   file.replace(48 + 172 * 2, 16, std::string(16, '\0'));
   file.replace(48 + 172 * 3, 16, "Caff\xE8" + std::string(11, ' '));
-  Open(file);
+  desk_.OpenBank(file);
   ASSERT_EQ(desk_.Rows().rows(), 64);
   EXPECT_EQ(desk_.Rows().RowText(0), "11  Prog 0          ");
   EXPECT_EQ(desk_.Rows().RowText(7), "18  Prog 7          ");
@@ -41,7 +35,7 @@ TEST_F(UserBank, RowsAreNumberMarkAndName) {
 
 TEST_F(UserBank, TheImageIsTheFileBehindItsControlBytes) {
   const std::string file = Bank(6);
-  Open(file);
+  desk_.OpenBank(file);
   const Bytes& image = desk_.Image();
   EXPECT_EQ(image.size(), 32094u);
   EXPECT_EQ(image.substr(270, 30480), file);
@@ -57,7 +51,7 @@ TEST_F(UserBank, TheImageIsTheFileBehindItsControlBytes) {
 }
 
 TEST_F(UserBank, AClickSelectsTheProgramOnTheBanksChannel) {
-  Open(Bank(4));
+  desk_.OpenBank(Bank(4));
   EXPECT_EQ(desk_.Caption(1), "File Prg - Bank.prg (1) - MIDI Channel 5");
   EXPECT_EQ(desk_.Text("frmPrgUN(1).Combo1"), " 5");
   desk_.Click(0);
@@ -68,7 +62,7 @@ TEST_F(UserBank, AClickSelectsTheProgramOnTheBanksChannel) {
 
 TEST_F(UserBank, AClickPutsTheProgramInTheEditRecord) {
   const std::string file = Bank();
-  Open(file);
+  desk_.OpenBank(file);
   desk_.Click(5);
   const Bytes& record = desk_.state().EditRecord;
   EXPECT_EQ(record.size(), 201u);
@@ -87,7 +81,7 @@ TEST_F(UserBank, ALinkSelectsTheProgramItPointsToAndLeavesTheEditRecordAlone) {
   PutLink(file, 2, 1, 127, "Explosion");
   PutLink(file, 3, 2, 63, "Brass Fall");
   PutLink(file, 4, 4, 13, "SFX Kit");
-  Open(file);
+  desk_.OpenBank(file);
   desk_.Click(10);
   const Bytes before = desk_.state().EditRecord;
   desk_.Log();
@@ -104,7 +98,7 @@ TEST_F(UserBank, AnEmptyRowDoesNothing) {
   std::string file = Bank();
   file.replace(48, 16, std::string(16, ' '));
   file.replace(48 + 172, 16, std::string(16, '\0'));
-  Open(file);
+  desk_.OpenBank(file);
   desk_.settings().AutoPrgSel = true;
   desk_.program.app.arrangement.ArrPartArmed = true;
   for (int row : {0, 1}) {
@@ -117,7 +111,7 @@ TEST_F(UserBank, AnEmptyRowDoesNothing) {
 }
 
 TEST_F(UserBank, NothingIsSentWhileTheListIsOnlyPutInItsPlaceOrNoPortIsOpen) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   desk_.program.app.arrangement.ListBusy = true;
   desk_.Click(3);
   desk_.program.app.arrangement.ListBusy = false;
@@ -129,7 +123,7 @@ TEST_F(UserBank, NothingIsSentWhileTheListIsOnlyPutInItsPlaceOrNoPortIsOpen) {
 }
 
 TEST_F(UserBank, AnArmedPartGetsTheProgramAndNothingIsSelected) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   ArrangementState& arrangement = desk_.program.app.arrangement;
   arrangement.ArrPartArmed = true;
   arrangement.ArrPartSlots[4] = 1;
@@ -139,7 +133,7 @@ TEST_F(UserBank, AnArmedPartGetsTheProgramAndNothingIsSelected) {
 }
 
 TEST_F(UserBank, TheMonitorIsClearedThenShowsTheSelectionAndItsLastTwoBytesAgain) {
-  Open(Bank(1));
+  desk_.OpenBank(Bank(1));
   std::vector<std::string> lines;
   desk_.program.app.midi.MonitorOn = true;
   desk_.program.app.midi.Monitor = [&lines](std::string_view line) { lines.push_back(HexText(line)); };
@@ -148,7 +142,7 @@ TEST_F(UserBank, TheMonitorIsClearedThenShowsTheSelectionAndItsLastTwoBytesAgain
 }
 
 TEST_F(UserBank, AnotherChannelStandsInTheHeaderAndEndsProgramEditing) {
-  Open(Bank(4));
+  desk_.OpenBank(Bank(4));
   desk_.Press("frmPrgUN(1).CommProgram");
   EXPECT_THAT(desk_.Wire(), ElementsAre("0 mode 02"));
   EXPECT_TRUE(desk_.program.app.midi.ProgramEditing);
@@ -171,7 +165,7 @@ TEST_F(UserBank, AnotherChannelStandsInTheHeaderAndEndsProgramEditing) {
 }
 
 TEST_F(UserBank, TheEditorsButtonsStayOffAndSendingIsOffered) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   desk_.Click(0);
   EXPECT_FALSE(Button("CommEdit"));
   EXPECT_FALSE(desk_.Enabled("mnuEdit"));
@@ -183,7 +177,7 @@ TEST_F(UserBank, TheEditorsButtonsStayOffAndSendingIsOffered) {
 }
 
 TEST_F(UserBank, EnterSelectsAsAClickDoes) {
-  Open(Bank());
+  desk_.OpenBank(Bank());
   desk_.Click(5);
   desk_.Wire();
   desk_.Key("frmPrgUN(1).List1", {ui::Key::kEnter, ""});
@@ -197,7 +191,7 @@ TEST_F(UserBank, SpaceOnALinkShowsTheBankOnTheProgramLinkedToAndNothingIsHeard) 
   PutLink(file, 2, 9, 8, "Nowhere");
   PutLink(file, 3, 2, 200, "Nowhere");
   PutLink(file, 4, 3, 1, "Nowhere");
-  Open(file);
+  desk_.OpenBank(file);
   const auto space = [this](int row) {
     desk_.Click(row);
     desk_.Log();
@@ -236,7 +230,7 @@ TEST_F(UserBank, RandomBytesAsProgramsAreShownAndHeardAndNothingChangesByLooking
       char& first = file[48 + 172 * n];
       if (n % 2 == 0 || first == 1) first = n % 2 == 0 ? 1 : 2;
     }
-    Open(file, "Wild.pgg");
+    desk_.OpenBank(file, "Wild.pgg");
     ASSERT_NE(desk_.Prg(1), nullptr);
     desk_.settings().AutoPrgSel = round % 2 == 1;
     desk_.program.app.arrangement.ArrPartArmed = round % 3 == 1;

@@ -43,10 +43,4 @@ inline int InNamed(MidiService& midi, const std::string& name) {
   return -1;
 }
 
-// The name of the virtual raw port of that number.
-inline std::string RawPortName(int number) {
-  const std::string place = "0-" + std::to_string(number);
-  return "Virtual Raw MIDI " + place + " VirMIDI " + place;
-}
-
 }  // namespace zentaline
