@@ -28,7 +28,11 @@ fi
 
 configure() { cmake -S "$root" --preset release "$@" >"$build.log" 2>&1; }
 
-if [ ! -e "$build/build.ninja" ] || [ ! -x "$build/bin/zentaline" ] || [ "$packages_changed" = 1 ] ||
+# found ENTRY: whether the build was prepared with this library; one that came to the machine later is taken up.
+found() { grep -q "^$1=/" "$build/CMakeCache.txt"; }
+qt=Qt6_DIR:PATH alsa=ALSA_LIBRARY:FILEPATH
+
+if [ ! -e "$build/build.ninja" ] || [ "$packages_changed" = 1 ] || ! found "$qt" || ! found "$alsa" ||
   ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$build/CMakeCache.txt"; then
   say "Preparing the build"
   # A tree that was prepared for the tests keeps them. One that was moved or left half done is prepared anew.
@@ -41,8 +45,8 @@ if [ ! -e "$build/build.ninja" ] || [ ! -x "$build/bin/zentaline" ] || [ "$packa
   fi
 fi
 
-targets=(zentaline-console factory_files)
-if grep -q '^Qt6_DIR:PATH=/' "$build/CMakeCache.txt"; then targets+=(zentaline); fi
+targets=(zentaline-console zentaline-multisample factory_files)
+if found "$qt"; then targets+=(zentaline); fi
 if [ -x "$build/bin/zentaline-console" ]; then say "Building what has changed"; else say "Building; the first time this takes some minutes"; fi
 cmake --build "$build" --target "${targets[@]}"
 exec 9>&-
@@ -95,7 +99,8 @@ fi
 
 # The program starts in its working directory, so that paths of the caller are made to hold there too.
 from_here() { case $1 in /*) printf '%s' "$1" ;; *) printf '%s' "$here/$1" ;; esac; }
-work=$(from_here "${ZENTALINE_HOME:-${XDG_DATA_HOME:-$HOME/.local/share}/zentaline}")
+data_home=${XDG_DATA_HOME:-~/.local/share}
+work=$(from_here "${ZENTALINE_HOME:-$data_home/zentaline}")
 own_work='' midi='' arguments=()
 while [ $# -gt 0 ]; do
   case $1 in
@@ -124,7 +129,7 @@ fi
 
 if [ -z "$midi" ]; then
   midi=virtual
-  if ! grep -q '^ALSA_LIBRARY:FILEPATH=/' "$build/CMakeCache.txt"; then
+  if ! found "$alsa"; then
     say "The program was built without ALSA: it plays to the instrument inside the program (--midi virtual)."
   elif [ ! -e /dev/snd/seq ]; then
     say "This machine has no MIDI sequencer (/dev/snd/seq): the program plays to the instrument inside it (--midi virtual)."
