@@ -1,8 +1,15 @@
 # What every folder of the project uses: warnings, sanitizers, optional dependencies and the functions for targets.
 
+# Where ccache can't write its cache, as in a home that is read-only, it doesn't compile at all.
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  execute_process(COMMAND ${CCACHE} ${CMAKE_CXX_COMPILER} -x c++ -c /dev/null -o ${CMAKE_BINARY_DIR}/ccache.o
+                  RESULT_VARIABLE CCACHE_REFUSED OUTPUT_QUIET ERROR_QUIET)
+  if(CCACHE_REFUSED)
+    message(STATUS "Building without ccache, which can't keep its cache here")
+  else()
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  endif()
 endif()
 
 add_library(zentaline_options INTERFACE)

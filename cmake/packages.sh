@@ -25,6 +25,9 @@ clang             -     -     need  the fuzz programs
 LIST
 }
 
+# mktemp and the programs that are built fail with a TMPDIR that isn't there.
+if [ ! -w "${TMPDIR:-/tmp}" ]; then unset TMPDIR; fi
+
 say() { printf '%s\n' "-- $*"; }
 
 package_is_installed() {
