@@ -2,6 +2,7 @@
 
 #include "core/application.h"
 #include "core/main_window.h"
+#include "core/utf8.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
 
@@ -9,29 +10,11 @@ namespace zentaline {
 
 namespace {
 
-// What ShowMessage shows for the errors of the file system.
-
 std::string QuestionText(const Application& app, const QuestionTexts& texts, const std::string& name) {
   if (texts.first == 0) return name;
   std::string text = GetText(app, texts.first);
   if (texts.second != 0) text += "\n" + GetText(app, texts.second);
   return text;
-}
-
-bool IsUtf8(std::string_view text) {
-  std::size_t more = 0;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (more > 0) {
-      if ((byte & 0xC0) != 0x80) return false;
-      --more;
-    } else if (byte >= 0xC2 && byte < 0xF5) {
-      more = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;
-    } else if (byte >= 0x80) {
-      return false;
-    }
-  }
-  return more == 0;
 }
 
 }  // namespace
@@ -100,7 +83,7 @@ std::string ShownPath(std::string_view path) {
 std::string CutText(std::string_view text, std::size_t most) {
   if (text.size() <= most) return std::string(text);
   std::size_t length = most;
-  while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) --length;
+  while (length > 0 && IsInsideCharacter(text[length])) --length;
   return std::string(text.substr(0, length));
 }
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "core/utf8.h"
+
 namespace zentaline {
 
 Bytes Slice(std::string_view image, std::size_t position, std::size_t length) {
@@ -89,21 +91,6 @@ constexpr std::array<std::uint16_t, 32> kUpperControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// The next character of well-formed UTF-8 at `i`, which moves on; -1 where it is malformed.
-long NextCharacter(std::string_view text, std::size_t& i) {
-  const auto lead = static_cast<unsigned char>(text[i++]);
-  if (lead < 0x80) return lead;
-  const int more = lead >= 0xF0 && lead < 0xF5 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC2 ? 1 : 0;
-  if (more == 0 || lead >= 0xF5) return -1;
-  long character = lead & (0x3F >> more);
-  for (int k = 0; k < more; ++k) {
-    if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return -1;
-    character = character << 6 | (static_cast<unsigned char>(text[i++]) & 0x3F);
-  }
-  const bool overlong = (more == 2 && character < 0x800) || (more == 3 && character < 0x10000);
-  return overlong ? -1 : character;
-}
-
 }  // namespace
 
 std::string Utf8FromBytes(std::string_view bytes) {
@@ -129,13 +116,15 @@ std::string Utf8FromBytes(std::string_view bytes) {
 bool BytesFromUtf8(std::string_view text, Bytes& bytes) {
   Bytes converted;
   converted.reserve(text.size());
-  for (std::size_t i = 0; i < text.size();) {
-    const long character = NextCharacter(text, i);
-    if (character >= 0 && (character < 0x80 || (character >= 0xA0 && character < 0x100))) {
+  for (std::size_t at = 0; at < text.size();) {
+    const auto [character, length] = Utf8CharacterAt(text, at);
+    if (length == 0) return false;
+    at += length;
+    if (character < 0x80 || (character >= 0xA0 && character < 0x100)) {
       converted += static_cast<char>(character);
       continue;
     }
-    const auto found = std::find(kUpperControls.begin(), kUpperControls.end(), character);
+    const auto* const found = std::find(kUpperControls.begin(), kUpperControls.end(), character);
     if (found == kUpperControls.end()) return false;
     converted += static_cast<char>(0x80 + (found - kUpperControls.begin()));
   }

@@ -5,6 +5,7 @@
 
 #include "core/boxes.h"
 #include "core/bytes.h"
+#include "core/utf8.h"
 
 namespace zentaline {
 
@@ -20,7 +21,7 @@ constexpr std::size_t kTailLength = 28;
 std::vector<std::size_t> CharacterStarts(std::string_view text) {
   std::vector<std::size_t> starts;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) starts.push_back(i);
+    if (!IsInsideCharacter(text[i])) starts.push_back(i);
   }
   starts.push_back(text.size());
   return starts;

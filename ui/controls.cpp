@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "core/bytes.h"
+#include "core/utf8.h"
 #include "ui/form.h"
 #include "ui/toolkit.h"
 
@@ -14,11 +16,6 @@ namespace {
 constexpr int kRowsOfAPage = 10;
 
 const std::string kNoText;
-
-std::size_t CountCharacters(const std::string& text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
 
 const std::string& TextOfRow(const std::vector<std::string>& rows, int row) {
   return row >= 0 && row < static_cast<int>(rows.size()) ? rows[static_cast<std::size_t>(row)] : kNoText;
@@ -331,6 +328,20 @@ bool OptionButton::UserPress() {
 
 void OptionButton::DefaultKey(const Key& key) {
   if (key.name == Key::kSpace) UserPress();
+  if (key.name == Key::kUp) PressNext(-1);
+  if (key.name == Key::kDown) PressNext(1);
+}
+
+void OptionButton::PressNext(int way) {
+  std::vector<OptionButton*> group;
+  for (Control* control : form().controls()) {
+    if (control->kind() != ControlKind::kOptionButton || control->name() != name()) continue;
+    auto* option = static_cast<OptionButton*>(control);
+    if (option == this || option->Usable()) group.push_back(option);
+  }
+  const auto own = static_cast<std::size_t>(std::find(group.begin(), group.end(), this) - group.begin());
+  const std::size_t next = (own + group.size() + static_cast<std::size_t>(way)) % group.size();
+  if (group[next] != this) group[next]->UserPress();
 }
 
 void Tabs::SetPage(int page) {

@@ -379,6 +379,7 @@ TEST(ShownPath, TextThatIsNoUtf8IsTakenByteByByte) {
   EXPECT_EQ(ShownPath("caff\xE8.arr"), "caffè.arr");
   EXPECT_EQ(ShownPath(""), "");
   EXPECT_EQ(ShownPath("\xC3"), "Ã");
+  EXPECT_EQ(ShownPath("\xED\xA0\x80"), "\xC3\xAD\xC2\xA0\xE2\x82\xAC");
 }
 
 TEST(CutText, NeverCutsACharacter) {

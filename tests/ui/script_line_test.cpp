@@ -104,11 +104,6 @@ TEST(Quoted, KeepsCharactersAndEscapesControls) {
   EXPECT_EQ(Quoted("\xC3\xA8 \"q\" \\ \n\t\r\x7F \xE8"), "\"\xC3\xA8 \\\"q\\\" \\\\ \\n\\x09\\x0D\\x7F \\xE8\"");
 }
 
-TEST(CountCharacters, CountsCharactersAndStrayBytes) {
-  EXPECT_EQ(CountCharacters("a\xC3\xA8\xE2\x82\xAC\xF0\x9D\x84\x9E"), 4U);
-  EXPECT_EQ(CountCharacters("\xFF\xC3"), 2U);
-}
-
 TEST(ScriptNumber, TakesWholeNumbersOnly) {
   EXPECT_EQ(ScriptNumber("0"), 0);
   EXPECT_EQ(ScriptNumber("-12"), -12);

@@ -5,7 +5,7 @@
 #include <thread>
 #include <utility>
 
-#include "ui/script/text.h"
+#include "core/utf8.h"
 
 namespace zentaline::ui {
 

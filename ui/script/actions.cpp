@@ -3,8 +3,8 @@
 #include <tuple>
 #include <utility>
 
+#include "core/utf8.h"
 #include "ui/script/engine.h"
-#include "ui/script/text.h"
 
 namespace zentaline::ui {
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <utility>
 
-#include "ui/script/text.h"
+#include "core/utf8.h"
 
 namespace zentaline::ui {
 
@@ -67,7 +67,7 @@ std::optional<Key> ScriptKey(const std::string& word) {
   const auto* const named =
       std::find_if(kNames.begin(), kNames.end(), [&word](const auto& name) { return name.first == word; });
   if (named != kNames.end()) return Key{named->second, {}};
-  if (word.empty() || Utf8CharacterLength(word, 0) != word.size()) return std::nullopt;
+  if (word.empty() || Utf8CharacterAt(word, 0).length != word.size()) return std::nullopt;
   return Key{Key::kCharacter, word};
 }
 

@@ -1,6 +1,6 @@
 #include "ui/script/line.h"
 
-#include "ui/script/text.h"
+#include "core/utf8.h"
 
 namespace zentaline::ui {
 
