@@ -12,7 +12,6 @@ namespace zentaline::ui {
 
 class Form;
 class Toolkit;
-class Control;
 
 enum class ControlKind {
   kButton,
@@ -54,9 +53,6 @@ class ControlView {
 };
 
 using Handler = std::function<void()>;
-
-// Wraps whatever the user does: a form that is closed meanwhile is destroyed only when the outermost event has ended.
-class UserEvent;
 
 class Control {
  public:
@@ -133,7 +129,8 @@ class Control {
   Font font_;
 };
 
-// Stands around a user's action on a control: brings the control's form to the front and keeps closed forms alive.
+// Stands around whatever the user does: brings the form, when it is a child window, to the front. A form that is closed
+// meanwhile is destroyed only when the outermost event has ended.
 class UserEvent {
  public:
   explicit UserEvent(Form& form);

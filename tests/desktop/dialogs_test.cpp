@@ -131,7 +131,7 @@ TEST_F(Dialogs, AFileIsReplacedOnlyAfterAYes) {
 }
 
 TEST_F(Dialogs, TheDialogSpeaksTheProgramsLanguage) {
-  toolkit.SetWords(ItalianWords());
+  toolkit.SetWordSource(ItalianWords);
   Run([] {
     EXPECT_EQ(Dialog()->labelText(QFileDialog::Accept), "&Apri");
     EXPECT_EQ(Dialog()->findChild<QCheckBox*>("read_only")->text(), "Apri in sola &lettura");

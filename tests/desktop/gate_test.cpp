@@ -244,7 +244,7 @@ TEST_P(Boxes, GiveTheAnswerOfTheButton) {
     ADD_FAILURE() << "no such button";
     box->reject();
   });
-  toolkit.SetWords(ItalianWords());
+  toolkit.SetWordSource(ItalianWords);
   EXPECT_EQ(toolkit.MessageBox(GetParam().style, "T", "?"), GetParam().answer);
 }
 

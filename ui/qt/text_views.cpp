@@ -84,10 +84,9 @@ class PagesView : public View {
     cursor.setPosition(std::min(at, static_cast<int>(text.size())));
     widget_->setTextCursor(cursor);
   }
-  bool KeyDoes(const Key& key, const QKeyEvent& event) override {
+  bool KeyDoes(const Key& key, const QKeyEvent&) override {
     // Enter is a line of its own here, not the default button.
     if (key.name != Key::kEnter) return false;
-    (void)event;
     if (!box_.read_only) widget_->insertPlainText(QStringLiteral("\n"));
     return true;
   }

@@ -36,7 +36,7 @@ class PlainPointer {
 
 }  // namespace
 
-QtToolkit::QtToolkit() : words_(&EnglishWords()) {
+QtToolkit::QtToolkit() {
   clock_.start();
   // Reading the pictures takes longer than all else here: the first frame doesn't wait for them.
   QTimer::singleShot(0, QCoreApplication::instance(), [] { QApplication::setWindowIcon(ProgramIcon()); });
@@ -61,13 +61,13 @@ int QtToolkit::Run() {
 BoxAnswer QtToolkit::MessageBox(BoxStyle style, const std::string& title, const std::string& text) {
   const Gate::Hold hold(windows_.gate());
   const PlainPointer pointer(waiting_);
-  return RunBox(windows_.Front(), words(), style, title, text);
+  return RunBox(windows_.Front(), words_(), style, title, text);
 }
 
 FileDialogAnswer QtToolkit::FileDialog(const FileDialogRequest& request) {
   const Gate::Hold hold(windows_.gate());
   const PlainPointer pointer(waiting_);
-  return RunFileDialog(windows_.Front(), words(), request);
+  return RunFileDialog(windows_.Front(), words_(), request);
 }
 
 void QtToolkit::PopupMenu(MenuEntry& menu) {
@@ -144,7 +144,7 @@ void QtToolkit::MainClosed() {
 }
 
 void QtToolkit::ShowForm(Form& form) {
-  windows_.Show(form, words());
+  windows_.Show(form, words_());
 }
 
 void QtToolkit::HideForm(Form& form) {

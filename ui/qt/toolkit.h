@@ -21,10 +21,9 @@ class QtToolkit : public Toolkit {
   QtToolkit();
   ~QtToolkit() override;
 
-  // The words of its own boxes, dialogs and bars; they are borrowed. English at first.
-  void SetWords(const Words& words) { words_ = &words; }
-  // Called whenever words are needed, so that they follow the program's language.
-  void SetWordSource(std::function<const Words&()> source) { word_source_ = std::move(source); }
+  // Where the words of its own boxes, dialogs and bars come from; called whenever they are needed, so that they follow
+  // the program's language. English at first.
+  void SetWordSource(std::function<const Words&()> source) { words_ = std::move(source); }
 
   // Runs until the main window has closed.
   int Run();
@@ -53,12 +52,10 @@ class QtToolkit : public Toolkit {
   void RunModal(Form& form) override;
 
  private:
-  const Words& words() const { return word_source_ ? word_source_() : *words_; }
   void OnTimer();
   void PaintNow();
 
-  const Words* words_;
-  std::function<const Words&()> word_source_;
+  std::function<const Words&()> words_ = EnglishWords;
   QElapsedTimer clock_;
   QTimer due_;
   Printing printing_;

@@ -24,22 +24,6 @@ namespace {
 constexpr int kLeastBarLength = 120;  // pixels: long enough to aim at a value
 constexpr int kLeastBarHeight = 104;  // a window has less room to give in its height
 
-// Turning the wheel over a page scrolls the page; it changes a value only where the focus is.
-template <class Base>
-class CalmWheel : public Base {
- public:
-  using Base::Base;
-
- protected:
-  void wheelEvent(QWheelEvent* event) override {
-    if (this->hasFocus()) {
-      Base::wheelEvent(event);
-    } else {
-      event->ignore();
-    }
-  }
-};
-
 // Whether the widget stands on a page that has more to show than there is room for.
 bool OnAPageThatScrolls(const QWidget& widget) {
   for (const QWidget* around = widget.parentWidget(); around != nullptr; around = around->parentWidget()) {
@@ -118,15 +102,23 @@ class ScrollBarView : public View {
 };
 
 // Shows the model's text, also when it is none of the rows.
-class Combo : public CalmWheel<QComboBox> {
+class Combo : public QComboBox {
  public:
-  using CalmWheel::CalmWheel;
+  using QComboBox::QComboBox;
   QString shown;
 
  protected:
+  // Turning the wheel over a page scrolls the page; it changes the row only where the focus is.
+  void wheelEvent(QWheelEvent* event) override {
+    if (hasFocus()) {
+      QComboBox::wheelEvent(event);
+    } else {
+      event->ignore();
+    }
+  }
   void paintEvent(QPaintEvent* event) override {
     if (isEditable()) {
-      CalmWheel::paintEvent(event);
+      QComboBox::paintEvent(event);
       return;
     }
     QStylePainter painter(this);
