@@ -1,17 +1,12 @@
 #include "data/captions.h"
 
+#include "data/control_texts.h"
+
 namespace zentaline {
 namespace {
 
-struct Row {
-  std::string_view form;
-  std::string_view control;
-  std::string_view italian;
-  std::string_view english;
-};
-
 // clang-format off
-constexpr Row kCaptions[] = {
+constexpr ControlText kCaptions[] = {
     // Asked before any language is known, so it speaks both.
     {"frmLingua", "frmLingua", "Lingua - Language", "Lingua - Language"},
     {"frmLingua", "Option1(0)", "&Italiano", "&Italiano"},
@@ -77,10 +72,7 @@ constexpr Row kCaptions[] = {
 }  // namespace
 
 std::string_view Caption(std::string_view form, std::string_view control, int language_code) {
-  for (const Row& row : kCaptions) {
-    if (row.form == form && row.control == control) return language_code == 1 ? row.italian : row.english;
-  }
-  return {};
+  return FindControlText(kCaptions, form, control, language_code);
 }
 
 }  // namespace zentaline

@@ -1,17 +1,12 @@
 #include "data/tooltips.h"
 
+#include "data/control_texts.h"
+
 namespace zentaline {
 namespace {
 
-struct Tip {
-  std::string_view form;
-  std::string_view control;
-  std::string_view italian;
-  std::string_view english;
-};
-
 // clang-format off
-constexpr Tip kTips[] = {
+constexpr ControlText kTips[] = {
     {"frmLingua", "Option1(0)", "Menu, messaggi e guida in italiano", "Menus, messages and guide in Italian"},
     {"frmLingua", "Option1(1)", "Menu, messaggi e guida in inglese", "Menus, messages and guide in English"},
     {"frmLingua", "Option1", "La lingua di menu, messaggi e guida", "The language of menus, messages and guide"},
@@ -257,20 +252,11 @@ constexpr Tip kTips[] = {
 };
 // clang-format on
 
-const Tip* FindTip(std::string_view form, std::string_view control) {
-  for (const Tip& tip : kTips) {
-    if (tip.form == form && tip.control == control) return &tip;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 std::string_view ToolTip(std::string_view form, std::string_view control, int language_code) {
-  const Tip* tip = FindTip(form, control);
-  if (tip == nullptr) tip = FindTip(form, control.substr(0, control.find('(')));
-  if (tip == nullptr) return {};
-  return language_code == 1 ? tip->italian : tip->english;
+  const std::string_view own = FindControlText(kTips, form, control, language_code);
+  return own.empty() ? FindControlText(kTips, form, control.substr(0, control.find('(')), language_code) : own;
 }
 
 }  // namespace zentaline
