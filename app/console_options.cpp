@@ -10,12 +10,7 @@ ConsoleOptions ReadConsoleOptions(const std::vector<std::string>& arguments) {
   own.midi = [&](const std::string& service) {
     constexpr std::pair<const char*, Midi> kServices[] = {
         {"recorder", Midi::kRecorder}, {"virtual", Midi::kVirtual}, {"alsa", Midi::kAlsa}, {"none", Midi::kNone}};
-    for (const auto& [name, midi] : kServices) {
-      if (service != name) continue;
-      options.midi = midi;
-      return std::string();
-    }
-    return "there is no MIDI service " + service;
+    return ChooseService(kServices, service, options.midi);
   };
   own.operand = [&](const std::string& script) {
     if (has_script) return "more than one script: " + script;

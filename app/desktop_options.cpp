@@ -9,12 +9,7 @@ DesktopOptions ReadDesktopOptions(const std::vector<std::string>& arguments) {
   own.midi = [&](const std::string& service) {
     constexpr std::pair<const char*, Midi> kServices[] = {
         {"alsa", Midi::kAlsa}, {"virtual", Midi::kVirtual}, {"none", Midi::kNone}};
-    for (const auto& [name, midi] : kServices) {
-      if (service != name) continue;
-      options.midi = midi;
-      return std::string();
-    }
-    return "there is no MIDI service " + service;
+    return ChooseService(kServices, service, options.midi);
   };
   own.operand = [&](const std::string& file) {
     if (file == "-") return std::string("there is no option -");

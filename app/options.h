@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zentaline {
@@ -20,6 +21,18 @@ struct OwnOptions {
   // An option without a value, as it stands; false when there is none of the name.
   std::function<bool(const std::string& name)> flag = [](const std::string&) { return false; };
 };
+
+// OwnOptions::midi for a program whose services go by these names.
+template <class Midi, std::size_t count>
+std::string ChooseService(const std::pair<const char*, Midi> (&services)[count], const std::string& name,
+                          Midi& chosen) {
+  for (const auto& [known, midi] : services) {
+    if (name != known) continue;
+    chosen = midi;
+    return {};
+  }
+  return "there is no MIDI service " + name;
+}
 
 // `arguments` without the program's name. Behind -- stand operands only; "-" alone is an operand. Reading ends at the
 // first error.
