@@ -74,7 +74,7 @@ int main(int count, char** arguments) {
   zentaline::ui::qt::LongSender sender(toolkit, *service);
   zentaline::Application program(toolkit, sender, disk, directory);
   toolkit.SetWordSource([&program]() -> const zentaline::ui::qt::Words& {
-    return program.core.LanguageOffset == 0 ? zentaline::ui::qt::ItalianWords() : zentaline::ui::qt::EnglishWords();
+    return program.Language() == 1 ? zentaline::ui::qt::ItalianWords() : zentaline::ui::qt::EnglishWords();
   });
   if (!program.Start()) return 0;
   if (program.main != nullptr) program.main->OpenWhenReady(options.files);

@@ -15,7 +15,7 @@ Application::Application(ui::Toolkit& the_toolkit, MidiService& the_service, Dis
                          const std::string& directory)
     : toolkit(the_toolkit), service(the_service), disk(the_disk) {
   core.Directory = directory;
-  core.ConfigFile = JoinPath(directory, "Zentaline.ini");
+  core.ConfigFile = JoinPath(directory, kConfigFileName);
   core.InternalArrA = JoinPath(directory, "i40ArrA");
   core.InternalArrB = JoinPath(directory, "i40ArrB");
   core.InternalPrg = JoinPath(directory, "i40Prg");
@@ -33,8 +33,7 @@ bool Application::Start() {
     core.StartingUp = false;
     return false;
   }
-  core.GuideFile =
-      JoinPath(core.Directory, core.LanguageCode == 1 ? "Zentaline-GuidaUtente.txt" : "Zentaline-UserGuide.txt");
+  core.GuideFile = JoinPath(core.Directory, Language() == 1 ? "Zentaline-GuidaUtente.txt" : "Zentaline-UserGuide.txt");
   core.OperationTitle = GetText(*this, kTextOpeningOut);
   EnumerateMidi(*this);
   toolkit.Open(std::make_unique<frmMain>(*this));

@@ -31,6 +31,8 @@ struct Application {
   bool Start();
   // True from Start until the windows of the last run have come back.
   bool Starting() const { return core.StartingUp || core.ReopeningFiles || reopening_chain; }
+  // Of this run: 1 Italian, 2 English.
+  int Language() const { return core.LanguageOffset == 0 ? 1 : 2; }
 
   ui::Toolkit& toolkit;
   MidiService& service;

@@ -11,28 +11,6 @@
 
 namespace zentaline {
 
-namespace {
-
-// The size of a window that fills the main window, or is an icon, is not one to come back to.
-template <typename Kept>
-void KeepNormalPlace(Kept& kept, const ui::Placement& placement) {
-  if (placement.state != ui::WindowState::kNormal && kept.width > 0) return;
-  kept.left = placement.left;
-  kept.top = placement.top;
-  kept.width = placement.width;
-  kept.height = placement.height;
-}
-
-ui::Placement OnScreen(const Application& app, ui::Placement placement) {
-  const ui::Size screen = app.toolkit.ScreenSize();
-  const bool beyond = placement.left + placement.width <= 0 || placement.left >= screen.width ||
-                      placement.top + placement.height <= 0 || placement.top >= screen.height;
-  if (beyond) placement.left = placement.top = 0;
-  return placement;
-}
-
-}  // namespace
-
 ui::Toolkit& ChildWindow::app_toolkit(Application& app) {
   return app.toolkit;
 }
@@ -129,7 +107,7 @@ void ChildWindow::FilesDropped(const std::vector<std::string>& paths) {
 }
 
 void DressForm(const Application& app, ui::Form& form) {
-  const int language = app.core.LanguageOffset == 0 ? 1 : 2;
+  const int language = app.Language();
   if (form.caption().empty()) form.SetCaption(std::string(Caption(form.name(), form.name(), language)));
   for (ui::Control* control : form.controls()) {
     const std::string name = control->FullName();
@@ -138,6 +116,14 @@ void DressForm(const Application& app, ui::Form& form) {
     if (captioned == nullptr || !captioned->caption().empty()) continue;
     captioned->SetCaption(std::string(Caption(form.name(), name, language)));
   }
+}
+
+ui::Placement OnScreen(const Application& app, ui::Placement placement) {
+  const ui::Size screen = app.toolkit.ScreenSize();
+  const bool beyond = placement.left + placement.width <= 0 || placement.left >= screen.width ||
+                      placement.top + placement.height <= 0 || placement.top >= screen.height;
+  if (beyond) placement.left = placement.top = 0;
+  return placement;
 }
 
 ui::Placement PlacementOf(const Application& app, const WindowRecord& record) {

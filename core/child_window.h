@@ -94,7 +94,21 @@ class ChildWindow : public ui::Form {
 // Copies tool tips and captions from the tables to a form's controls. Captions that are set already stay.
 void DressForm(const Application& app, ui::Form& form);
 
-// A record's place as a window takes it, and back. A place beyond the screen is left to the toolkit.
+// The place itself or, where nothing of it would be seen, the same size in the corner of the screen.
+ui::Placement OnScreen(const Application& app, ui::Placement placement);
+
+// Keeps the place of a WindowRecord or a FormState, but not its state. The size of a window that fills the main window,
+// or is an icon, is not one to come back to.
+template <typename Kept>
+void KeepNormalPlace(Kept& kept, const ui::Placement& placement) {
+  if (placement.state != ui::WindowState::kNormal && kept.width > 0) return;
+  kept.left = placement.left;
+  kept.top = placement.top;
+  kept.width = placement.width;
+  kept.height = placement.height;
+}
+
+// A record's place as a window takes it, on the screen, and back.
 ui::Placement PlacementOf(const Application& app, const WindowRecord& record);
 void KeepPlacement(WindowRecord& record, const ui::Placement& placement);
 ui::Placement PlacementOf(const Application& app, const FormState& state);

@@ -7,7 +7,9 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/frmLingua.h"
+#include "core/window_image.h"
 #include "data/message_codes.h"
+#include "data/multisample.h"
 #include "data/texts.h"
 
 namespace zentaline {
@@ -15,7 +17,9 @@ namespace zentaline {
 namespace {
 
 constexpr std::string_view kSignature = "Zentaline";
-constexpr std::size_t kMultisampleLength = 519 * 15;
+
+// What is longer still is no configuration. In bytes.
+constexpr std::size_t kLongestFile = 16 * kConfigLength;
 
 // Records, which count from 1.
 constexpr int kRecordSettings = 1;
@@ -121,7 +125,7 @@ std::string TakeText(const Bytes& record, std::size_t position, std::size_t leng
 WindowRecord TakeWindow(const Bytes& record) {
   WindowRecord window;
   window.state = ByteAt(record, kEntryState);
-  window.path = TakeText(record, 1, kLongestPath);
+  window.path = TakeText(record, 1, kPathLength);
   if ((window.state != 1 && window.state != 2) || window.path.empty()) return {};
   window.width = WordHighFirst(record, kEntryWidth);
   window.height = WordHighFirst(record, kEntryHeight);
@@ -134,7 +138,7 @@ WindowRecord TakeWindow(const Bytes& record) {
 }
 
 Bytes WindowBytes(const WindowRecord& window) {
-  Bytes record = Padded(window.path, kLongestPath);
+  Bytes record = Padded(window.path, kPathLength);
   record.resize(kConfigRecordLength, '\0');
   PutWordHighFirst(record, kEntryWidth, StoredSize(window.width));
   PutByte(record, kEntryState, window.state);
@@ -154,7 +158,7 @@ void PutWindow(Bytes& file, int record, const WindowRecord& window) {
 
 RecentFile TakeRecent(const Bytes& record) {
   RecentFile recent;
-  recent.path = TakeText(record, 1, kLongestPath);
+  recent.path = TakeText(record, 1, kPathLength);
   recent.type = Within(ByteAt(record, kRecentType), 1, kRecentTypes, 0);
   recent.read_only = ByteAt(record, kRecentReadOnly) == 1;
   return recent.type == 0 || recent.path.empty() ? RecentFile() : recent;
@@ -163,7 +167,7 @@ RecentFile TakeRecent(const Bytes& record) {
 Bytes RecentBytes(const RecentFile& recent) {
   Bytes record(kConfigRecordLength, ' ');
   if (recent.type == 0) return record;
-  PutBytes(record, 1, Padded(recent.path, kLongestPath));
+  PutBytes(record, 1, Padded(recent.path, kPathLength));
   PutByte(record, kRecentType, recent.type);
   PutByte(record, kRecentReadOnly, recent.read_only ? 1 : 0);
   return record;
@@ -268,12 +272,17 @@ bool AskLanguage(Application& app) {
 void ReadMultisamples(Application& app) {
   Bytes file;
   app.core.OperationTitle = GetText(app, kTextOpening) + "i40Multisample";
-  const DiskResult result = app.disk.Read(app.core.MultisampleFile, file, kMultisampleLength);
+  const DiskResult result = app.disk.Read(app.core.MultisampleFile, file, kMultisampleCount * kMultisampleLength);
   if (result == DiskResult::kOk) {
     app.core.MultisampleImage = std::move(file);
   } else if (result != DiskResult::kAbsent) {
     FileErrorMessage(app, result);
   }
+}
+
+// An absent or overlong file is none: it gives no bytes, and is made anew.
+bool IsFailure(DiskResult result) {
+  return result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kTooLarge;
 }
 
 bool CannotOpen(DiskResult result) {
@@ -296,8 +305,8 @@ void TakeConfiguration(Application& app, const Bytes& file) {
     core.FormStates[static_cast<std::size_t>(form)].large_width = WordHighFirst(sizes, position);
     core.FormStates[static_cast<std::size_t>(form)].large_height = WordHighFirst(sizes, position + 2);
   }
-  app.files.LastArrDirectory = TakeText(Record(file, kRecordArrDirectory), 1, kLongestPath);
-  app.files.LastPrgDirectory = TakeText(Record(file, kRecordPrgDirectory), 1, kLongestPath);
+  app.files.LastArrDirectory = TakeText(Record(file, kRecordArrDirectory), 1, kPathLength);
+  app.files.LastPrgDirectory = TakeText(Record(file, kRecordPrgDirectory), 1, kPathLength);
   for (int i = 1; i <= kFileWindows; ++i) {
     const auto entry = static_cast<std::size_t>(i);
     core.ArrWindows[entry] = TakeWindow(Record(file, kRecordArrWindows + i - 1));
@@ -329,8 +338,8 @@ void PutConfiguration(const Application& app, Bytes& file) {
     PutWordHighFirst(sizes, position + 2, StoredSize(core.FormStates[static_cast<std::size_t>(form)].large_height));
   }
   PutRecord(file, kRecordSizes, sizes);
-  PutRecord(file, kRecordArrDirectory, Padded(app.files.LastArrDirectory, kLongestPath));
-  PutRecord(file, kRecordPrgDirectory, Padded(app.files.LastPrgDirectory, kLongestPath));
+  PutRecord(file, kRecordArrDirectory, Padded(app.files.LastArrDirectory, kPathLength));
+  PutRecord(file, kRecordPrgDirectory, Padded(app.files.LastPrgDirectory, kPathLength));
   for (int i = 1; i <= kFileWindows; ++i) {
     const auto entry = static_cast<std::size_t>(i);
     PutWindow(file, kRecordArrWindows + i - 1, core.ArrWindows[entry]);
@@ -363,16 +372,15 @@ Bytes NewConfiguration() {
 
 void ReadConfiguration(Application& app) {
   CoreState& core = app.core;
-  core.OperationTitle = GetText(app, kTextOpening) + "Zentaline.ini";
+  core.OperationTitle = GetText(app, kTextOpening) + kConfigFileName;
   Bytes file;
-  // A longer file is read as far as it matters.
-  const DiskResult result = app.disk.Read(core.ConfigFile, file, 16 * kConfigLength);
-  if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kTooLarge) {
+  const DiskResult result = app.disk.Read(core.ConfigFile, file, kLongestFile);
+  if (IsFailure(result)) {
     core.StopRun = true;
     if (CannotOpen(result)) return ShowMessage(app, kMessageFileNotFound, core.OperationTitle, {});
     return FileErrorMessage(app, result);
   }
-  const bool known = result == DiskResult::kOk && IsConfiguration(file);
+  const bool known = IsConfiguration(file);
   if (known) {
     TakeConfiguration(app, file);
   } else {
@@ -386,11 +394,11 @@ void ReadConfiguration(Application& app) {
       return;
     }
   }
-  core.LanguageOffset = (core.LanguageCode - 1) * 200;
+  core.LanguageOffset = core.LanguageCode == 1 ? 0 : kEnglishOffset;
   if (!known) {
     file = NewConfiguration();
     PutSettings(app, file);
-    core.OperationTitle = GetText(app, kTextOpening) + "Zentaline.ini";
+    core.OperationTitle = GetText(app, kTextOpening) + kConfigFileName;
     if (const DiskResult written = app.disk.Write(core.ConfigFile, file); written != DiskResult::kOk) {
       core.StopRun = true;
       return FileErrorMessage(app, written);
@@ -400,10 +408,10 @@ void ReadConfiguration(Application& app) {
 }
 
 void WriteConfiguration(Application& app) {
-  app.core.OperationTitle = GetText(app, kTextSaving) + "Zentaline.ini";
+  app.core.OperationTitle = GetText(app, kTextSaving) + kConfigFileName;
   Bytes file;
-  const DiskResult result = app.disk.Read(app.core.ConfigFile, file, 16 * kConfigLength);
-  if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kTooLarge) {
+  const DiskResult result = app.disk.Read(app.core.ConfigFile, file, kLongestFile);
+  if (IsFailure(result)) {
     return FileErrorMessage(app, result);
   }
   if (!IsConfiguration(file)) file = NewConfiguration();

@@ -7,6 +7,7 @@ namespace zentaline {
 
 struct Application;
 
+inline constexpr char kConfigFileName[] = "Zentaline.ini";
 inline constexpr std::size_t kConfigRecordLength = 250;
 inline constexpr int kConfigRecordCount = 50;
 inline constexpr std::size_t kConfigLength = kConfigRecordLength * kConfigRecordCount;

@@ -1,7 +1,7 @@
 #include "core/frmMain.h"
 
 #include <algorithm>
-#include <utility>
+#include <memory>
 
 #include "arrangement/api.h"
 #include "core/application.h"
@@ -10,11 +10,9 @@
 #include "core/configuration.h"
 #include "core/frmAbout.h"
 #include "core/window_image.h"
-#include "data/captions.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
 #include "files/api.h"
-#include "files/paths.h"
 #include "midi/api.h"
 #include "program/api.h"
 #include "style/api.h"
@@ -112,13 +110,8 @@ void frmMain::Load() {
   app().core.FormLoading = true;
   const FormState& place = app().core.FormStates[kMainFormState];
   if (place.width > 0 && place.height > 0) {
-    WindowRecord record;
-    record.left = place.left;
-    record.top = place.top;
-    record.width = place.width;
-    record.height = place.height;
-    record.window_state = place.state;
-    SetPlacement(PlacementOf(app(), record));
+    SetPlacement(
+        OnScreen(app(), {place.left, place.top, place.width, place.height, static_cast<ui::WindowState>(place.state)}));
   }
   for (const MenuRow& row : MenuRows()) {
     if (row.text != 0) Menu(row.id).SetCaption(GetText(app(), row.text));
@@ -180,15 +173,21 @@ void frmMain::Enlarge() {
   child->ToggleSize({entry.large_width, entry.large_height});
 }
 
+// Each window stands before the one above it, so that all their titles are seen. Many windows begin at the top again
+// before they leave the main window, beside the first ones.
 void frmMain::Cascade() {
+  const int steps_down = std::max(inner_size().height / 2 / kCascadeStep, 1);
   int step = 0;
-  ForEachChild([&step](ChildWindow& child) {
+  for (Form* form : toolkit().stacked_children()) {
+    auto& child = static_cast<ChildWindow&>(*form);
     ui::Placement placement = child.placement();
-    placement.left = placement.top = kCascadeStep * step++;
+    placement.left = kCascadeStep * step;
+    placement.top = kCascadeStep * (step % steps_down);
     placement.state = ui::WindowState::kNormal;
     child.SetPlacement(placement);
     child.Resized();
-  });
+    ++step;
+  }
 }
 
 void frmMain::ForEachChild(const std::function<void(ChildWindow&)>& action) {
@@ -200,18 +199,14 @@ void frmMain::ForEachChild(const std::function<void(ChildWindow&)>& action) {
 void frmMain::Resized() {
   FormState& state = app().core.FormStates[kMainFormState];
   state.state = static_cast<int>(placement().state);
-  if (placement().state != ui::WindowState::kNormal && state.width > 0) return;
-  state.left = placement().left;
-  state.top = placement().top;
-  state.width = placement().width;
-  state.height = placement().height;
+  KeepNormalPlace(state, placement());
 }
 
 bool frmMain::QueryClose() {
   for (Form* form : toolkit().forms()) {
-    const auto* child = dynamic_cast<const ChildWindow*>(form);
-    const bool asked_with_another = child != nullptr && child->GoesWithAnother();
-    if (form->kind() == ui::FormKind::kChild && !asked_with_another && !form->QueryClose()) return false;
+    if (form->kind() != ui::FormKind::kChild) continue;
+    auto& child = static_cast<ChildWindow&>(*form);
+    if (!child.GoesWithAnother() && !child.QueryClose()) return false;
   }
   return true;
 }

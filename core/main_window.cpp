@@ -106,7 +106,7 @@ void MainWindow::EnableDatabaseEntries(bool usable) {
 
 // The entry's own name, with the file that it shows where it has one.
 void MainWindow::ShowFileOf(MenuId id, const std::string& file) {
-  std::string caption(Caption(name(), Menu(id).FullName(), app_.core.LanguageOffset == 0 ? 1 : 2));
+  std::string caption(Caption(name(), Menu(id).FullName(), app_.Language()));
   if (!file.empty()) caption += " (" + ShownPath(file) + ")";
   Menu(id).SetCaption(caption);
 }

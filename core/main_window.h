@@ -9,11 +9,13 @@
 #include "core/child_window.h"
 #include "core/menus.h"
 #include "core/state.h"
+#include "midi/state.h"
 #include "ui/form.h"
 
 namespace zentaline {
 
 struct Application;
+
 class MainWindow : public ui::Form {
  public:
   ui::PictureBox Picture1{*this, "Picture1"};
@@ -58,9 +60,9 @@ class MainWindow : public ui::Form {
 
   Application& app_;
   std::vector<std::unique_ptr<ui::MenuEntry>> menus_;
-  std::array<std::unique_ptr<ui::MenuEntry>, 19> out_devices_;
-  std::array<std::unique_ptr<ui::MenuEntry>, 19> in_devices_;
-  std::array<std::unique_ptr<ui::MenuEntry>, 8> recent_files_;
+  std::array<std::unique_ptr<ui::MenuEntry>, kMostMidiDevices> out_devices_;
+  std::array<std::unique_ptr<ui::MenuEntry>, kMostMidiDevices> in_devices_;
+  std::array<std::unique_ptr<ui::MenuEntry>, kRecentFiles> recent_files_;
 };
 
 // The entries that let the window in front do the work, as if its own button had been pressed.

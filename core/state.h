@@ -13,7 +13,7 @@ namespace zentaline {
 struct WindowRecord {
   std::string path;  // without extension, at most 238 bytes; the file system's bytes
   int state = 0;     // 0 closed, 1 and 2 open
-  int second = 0;    // in program windows the bank number
+  int second = 0;    // of arrangements and styles 1 when the file was opened read-only, of programs the kind of window
   int left = 0;
   int top = 0;
   int width = 0;  // 0: never placed
@@ -30,8 +30,8 @@ struct FormState {
   int top = 0;
   int width = 0;
   int height = 0;
-  int state = 0;   // 0 closed, else it comes back at the next start
-  int second = 0;  // of the forms 4 to 10, 0 to 15
+  int state = 0;   // 0 closed, else it comes back at the next start; of the main window a ui::WindowState
+  int second = 0;  // of the forms 4 to 10 the MIDI channel, 0 to 15
   // The size that mnuIngrandisci gives the windows of this kind; 0 is none yet.
   int large_width = 0;
   int large_height = 0;
@@ -50,8 +50,7 @@ struct RecentFile {
 
 inline constexpr int kFileWindows = 8;  // of each kind of file
 inline constexpr int kRecentFiles = 8;
-inline constexpr int kInstrumentWindow = 9;       // the window of what the instrument holds
-inline constexpr std::size_t kLongestPath = 238;  // bytes without extension
+inline constexpr int kInstrumentWindow = 9;  // the window of what the instrument holds
 
 // Indices of FormStates, which are kinds of windows too.
 inline constexpr int kFormStates = 38;

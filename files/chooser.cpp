@@ -174,7 +174,7 @@ ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::str
 }
 
 bool CanKeep(std::string_view base) {
-  return base.size() <= kLongestPath && !base.ends_with(' ');
+  return base.size() <= kPathLength && !base.ends_with(' ');
 }
 
 bool PathFits(Application& app, const std::string& path) {
