@@ -11,7 +11,6 @@
 #include "arrangement/arr_format.h"
 #include "bench/measure.h"
 #include "bench/program.h"
-#include "bench/ratios.h"
 #include "core/application.h"
 #include "core/child_window.h"
 #include "core/panel_numbers.h"
@@ -26,6 +25,8 @@
 
 namespace zentaline {
 namespace {
+
+using namespace bench;
 
 constexpr std::size_t kStyLength = 289800;
 constexpr int kRounds = 15;
@@ -172,7 +173,7 @@ void MeasureOpening(Desk& desk) {
   const double read = Median(kRounds, [&] { return ReadTime(desk, buffer); });
   const double open = Median(kRounds, [&] { return OpenTime(desk); });
   std::printf("reading %.0f ns, opening %.0f ns\n", read, open);
-  bench::PrintRatio("open_set", open / read, "<=", 10, "opening .arr, .sty and .prg as a window, of reading them");
+  PrintRatio("open_set", open / read, "<=", 10, "opening .arr, .sty and .prg as a window, of reading them");
 }
 
 void MeasureClicks(Desk& desk) {
@@ -195,8 +196,8 @@ void MeasureClicks(Desk& desk) {
   const double among = Median(kRounds, [&] { return ClickTime(desk, list); });
   std::printf("list %.0f ns, click %.0f ns, click among %d windows %.0f ns\n", build, alone,
               desk.app.core.OpenChildCount, among);
-  bench::PrintRatio("click_1", alone / build, "<=", 0.1, "a click up to its last byte, of building the list");
-  bench::PrintRatio("click_24", among / build, "<=", 0.1, "the same with 24 windows open");
+  PrintRatio("click_1", alone / build, "<=", 0.1, "a click up to its last byte, of building the list");
+  PrintRatio("click_24", among / build, "<=", 0.1, "the same with 24 windows open");
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -12,7 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "bench/measure.h"
+
 namespace {
+
+using namespace zentaline::bench;
 
 constexpr int kRounds = 21;
 constexpr double kLimit = 1.3;
@@ -52,21 +54,16 @@ std::string Run(const Command& command) {
 }
 
 double Milliseconds(const Command& command) {
-  const auto began = std::chrono::steady_clock::now();
+  const Clock::time_point began = Clock::now();
   Run(command);
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - began).count();
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
+  return Nanoseconds(Clock::now() - began) / 1e6;
 }
 
 // The bare window is told too, and not part of the ratio.
 void Print(const char* name, double bare, double empty, double filled, const char* unit, const char* text) {
   std::printf("%s: bare window %.1f, empty window with a menu %.1f, program %.1f %s\n", name, bare, empty, filled,
               unit);
-  std::printf("bench %s %g <= %g %s\n", name, filled / empty, kLimit, text);
+  PrintRatio(name, filled / empty, "<=", kLimit, text);
 }
 
 // A working directory of its own, which goes with it.

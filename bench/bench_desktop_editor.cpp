@@ -13,7 +13,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabWidget>
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -36,7 +35,7 @@ namespace {
 
 using zentaline::ui::ControlKind;
 namespace fs = std::filesystem;
-using zentaline::Clock;
+using namespace zentaline::bench;
 
 constexpr int kRounds = 31;
 constexpr double kLimit = 1.5;
@@ -93,7 +92,7 @@ double Measure(const std::function<void()>& open) {
     std::fprintf(stderr, "bench_desktop_editor: nothing was painted\n");
     std::exit(1);
   }
-  return zentaline::Nanoseconds(Clock::now() - begin) / 1e6;
+  return Nanoseconds(Clock::now() - begin) / 1e6;
 }
 
 // What stands on the pages of the editor, and around them.
@@ -179,11 +178,6 @@ QMdiSubWindow* OpenPlain(QMdiArea& area, const Kinds& kinds, const QRect& place)
   return window;
 }
 
-double Middle(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 }  // namespace
 
 int main(int, char** arguments) {
@@ -231,11 +225,11 @@ int main(int, char** arguments) {
     editor_times.push_back(editor_time);
     plain_times.push_back(plain_time);
   }
-  const double editor = Middle(editor_times);
-  const double plain = Middle(plain_times);
+  const double editor = Median(editor_times);
+  const double plain = Median(plain_times);
   std::printf("desktop_editor: %zu plain widgets %.1f ms, editor %.1f ms\n", count, plain, editor);
-  std::printf("bench desktop_editor %g <= %g the press to the editor's first frame, beside as many plain widgets\n",
-              editor / plain, kLimit);
+  PrintRatio("desktop_editor", editor / plain, "<=", kLimit,
+             "the press to the editor's first frame, beside as many plain widgets");
   std::fflush(stdout);
   return 0;
 }

@@ -13,7 +13,6 @@
 #include "arrangement/arr_format.h"
 #include "bench/measure.h"
 #include "bench/program.h"
-#include "bench/ratios.h"
 #include "core/application.h"
 #include "core/child_window.h"
 #include "core/posix_disk.h"
@@ -26,6 +25,8 @@
 
 namespace zentaline {
 namespace {
+
+using namespace bench;
 
 constexpr int kRounds = 41;
 constexpr int kChanges = 2000;
@@ -229,9 +230,9 @@ void Main() {
   const double among = Median(kRounds, [&] { return ChangeTime(desk); });
   std::printf("send %.0f ns, change %.0f ns, among %d windows %.0f ns; assign %.0f ns, fill %.0f ns\n", send, alone,
               desk.app.core.OpenChildCount, among, assign, fill);
-  bench::PrintRatio("edit_1", alone / send, "<=", 3, "a change in the editor up to its message, of the bare sending");
-  bench::PrintRatio("edit_24", among / send, "<=", 3, "the same with 24 windows open");
-  bench::PrintRatio("edit_fill", fill / assign, "<=", 3, "showing a record, of giving the values to plain controls");
+  PrintRatio("edit_1", alone / send, "<=", 3, "a change in the editor up to its message, of the bare sending");
+  PrintRatio("edit_24", among / send, "<=", 3, "the same with 24 windows open");
+  PrintRatio("edit_fill", fill / assign, "<=", 3, "showing a record, of giving the values to plain controls");
 }
 
 }  // namespace

@@ -5,7 +5,8 @@
 #include <cstring>
 #include <random>
 
-#include "bench/ratios.h"
+#include "bench/measure.h"
+#include "bench/times.h"
 #include "midi/pack7.h"
 
 namespace zentaline {

@@ -1,19 +1,13 @@
-// What the benchmarks have in common: times by Google Benchmark, and the lines that bench.sh makes its table of.
+// Times by Google Benchmark.
 #pragma once
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
 
 namespace zentaline::bench {
-
-// Prints a result: `ratio` is a multiple of a yardstick measured in the same run, `bound` is "<=" or ">=".
-inline void PrintRatio(const char* name, double ratio, const char* bound, double limit, const char* text) {
-  std::printf("bench %s %g %s %g %s\n", name, ratio, bound, limit, text);
-}
 
 // Shows the runs as usual and keeps their times.
 class Times : public benchmark::ConsoleReporter {
