@@ -1,5 +1,6 @@
 #include "core/frmMain.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "arrangement/api.h"
@@ -172,15 +173,21 @@ void frmMain::Enlarge() {
   child->ToggleSize({entry.large_width, entry.large_height});
 }
 
+// Each window stands before the one above it, so that all their titles are seen. Many windows begin at the top again
+// before they leave the main window, beside the first ones.
 void frmMain::Cascade() {
+  const int steps_down = std::max(inner_size().height / 2 / kCascadeStep, 1);
   int step = 0;
-  ForEachChild([&step](ChildWindow& child) {
+  for (Form* form : toolkit().stacked_children()) {
+    auto& child = static_cast<ChildWindow&>(*form);
     ui::Placement placement = child.placement();
-    placement.left = placement.top = kCascadeStep * step++;
+    placement.left = kCascadeStep * step;
+    placement.top = kCascadeStep * (step % steps_down);
     placement.state = ui::WindowState::kNormal;
     child.SetPlacement(placement);
     child.Resized();
-  });
+    ++step;
+  }
 }
 
 void frmMain::ForEachChild(const std::function<void(ChildWindow&)>& action) {

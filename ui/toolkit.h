@@ -28,6 +28,8 @@ class Toolkit {
   // The open forms in the order of opening, and the child window in front (null when there is none).
   std::vector<Form*> forms() const;
   Form* active_child() const;
+  // The open child windows, from the back to the one in front.
+  const std::vector<Form*>& stacked_children() const { return activation_order_; }
   // The modal form on top, null when there is none.
   Form* modal() const { return modals_.empty() ? nullptr : modals_.back(); }
   // Null when no open form has this full name, as in frmArrU(3).

@@ -473,6 +473,39 @@ TEST_F(MainWindowTest, CascadePlacesEachWindowAStepFurtherAndStoresIt) {
   EXPECT_EQ(program->Arr(1)->placement().left, 0);
 }
 
+TEST_F(MainWindowTest, CascadeKeepsWhoIsInFrontAndPutsItBelowTheTitlesOfTheOthers) {
+  const auto program = Run();
+  for (const char* name : {"a", "b", "c"}) {
+    Song(name);
+    program->OpenArr(folder.Path(name) + ".arr");
+  }
+  program->Arr(1)->UserActivate();
+  EXPECT_TRUE(program->Press(mnuWCascade));
+  EXPECT_EQ(program->toolkit.active_child(), program->Arr(1));
+  EXPECT_EQ(program->Arr(2)->placement().top, 0);
+  EXPECT_LT(program->Arr(2)->placement().top, program->Arr(3)->placement().top);
+  EXPECT_LT(program->Arr(3)->placement().top, program->Arr(1)->placement().top);
+}
+
+TEST_F(MainWindowTest, ManyWindowsInACascadeStayInsideTheMainWindow) {
+  const auto program = Run();
+  program->toolkit.UserPlaces(*program->app.main, {0, 0, 700, 300, ui::WindowState::kNormal});
+  const ui::Size room = program->app.main->inner_size();
+  for (int number = 1; number <= 8; ++number) {
+    const std::string name = "song" + std::to_string(number);
+    Song(name);
+    program->OpenArr(folder.Path(name) + ".arr");
+  }
+  EXPECT_TRUE(program->Press(mnuWCascade));
+  int left = -1;
+  for (int number = 1; number <= 8; ++number) {
+    const ui::Placement& place = program->Arr(number)->placement();
+    EXPECT_LE(place.top, room.height / 2);
+    EXPECT_GT(place.left, left);
+    left = place.left;
+  }
+}
+
 TEST_F(MainWindowTest, TheMainWindowComesBackWhereItWas) {
   {
     const auto program = Run();
