@@ -198,6 +198,9 @@ class OptionButton : public Captioned {
   void DefaultKey(const Key& key) override;
 
  private:
+  // Of the usable ones of its name the one after it (1) or before it (-1), round at the ends.
+  void PressNext(int way);
+
   bool value_ = false;
 };
 

@@ -277,6 +277,25 @@ TEST_F(Controls, OfOptionButtonsOneIsOn) {
   EXPECT_THAT(log, ElementsAre("option 1"));
 }
 
+TEST_F(Controls, ArrowKeysGoThroughTheOptionButtonsRoundAtTheEnds) {
+  auto* first = Widget<QRadioButton>(child->Option0);
+  auto* second = Widget<QRadioButton>(child->Option1);
+  first->setFocus();
+  QTest::keyClick(first, Qt::Key_Down);
+  EXPECT_TRUE(second->isChecked());
+  EXPECT_EQ(child->focus(), &child->Option1);
+  QTest::keyClick(second, Qt::Key_Down);
+  EXPECT_TRUE(first->isChecked());
+  QTest::keyClick(first, Qt::Key_Up);
+  EXPECT_THAT(log, ElementsAre("option 1", "option 0", "option 1"));
+}
+
+TEST_F(Controls, AFixedPitchIsOneAlsoWhereTheDesktopHasNoneSet) {
+  Font fixed;
+  fixed.fixed_pitch = true;
+  EXPECT_TRUE(QFontInfo(ToQt(fixed)).fixedPitch());
+}
+
 TEST_F(Controls, AScrollBarMovesByKeysAndShowsItsValue) {
   auto* bar = Widget<QScrollBar>(child->HScroll1);
   QTest::keyClick(bar, Qt::Key_PageDown);
@@ -363,6 +382,9 @@ TEST_F(Controls, ColoursFollowTheModelAndTheWindowsOwnColourIsTheDesktops) {
   EXPECT_EQ(line->palette().color(QPalette::Text), QColor(Qt::black));
   child->Text1.SetBackColour(0x400000);
   EXPECT_EQ(line->palette().color(QPalette::Text), QColor(Qt::white));
+  // On plain red black is the easier to read.
+  child->Text1.SetBackColour(0x0000FF);
+  EXPECT_EQ(line->palette().color(QPalette::Text), QColor(Qt::black));
   child->Text1.SetBackColour(kWindowColour);
   EXPECT_EQ(line->palette().color(QPalette::Base), own);
 }

@@ -142,6 +142,17 @@ TEST_F(Controls, OfTheOptionButtonsOfOneNameOneIsOn) {
   EXPECT_THAT(toy.log, ElementsAre("Option1(0)", "Option1(1)"));
 }
 
+TEST_F(Controls, ArrowKeysGoThroughTheUsableOptionButtonsRoundAtTheEnds) {
+  child.Option0.DefaultKey({Key::kUp, {}});
+  EXPECT_TRUE(child.Option1.value());
+  child.Option1.DefaultKey({Key::kDown, {}});
+  EXPECT_TRUE(child.Option0.value());
+  child.Option1.SetEnabled(false);
+  child.Option0.DefaultKey({Key::kDown, {}});
+  EXPECT_TRUE(child.Option0.value());
+  EXPECT_THAT(toy.log, ElementsAre("Option1(1)", "Option1(0)"));
+}
+
 TEST_F(Controls, ATextChangesOnlyToAnotherText) {
   EXPECT_TRUE(child.Text1.UserType("abc"));
   EXPECT_TRUE(child.Text1.UserType("abc"));

@@ -1,7 +1,9 @@
 #include "ui/qt/convert.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
+#include <cmath>
 
 namespace zentaline::ui::qt {
 
@@ -18,10 +20,25 @@ QColor ToQt(Colour colour) {
                 static_cast<int>((colour >> 16) & 0xFFU));
 }
 
+QColor ReadableOn(const QColor& ground) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  const double light =
+      0.2126 * linear(ground.redF()) + 0.7152 * linear(ground.greenF()) + 0.0722 * linear(ground.blueF());
+  // Where black and white stand out alike.
+  return light > 0.179 ? Qt::black : Qt::white;
+}
+
 QFont ToQt(const Font& font) {
   QFont made = QGuiApplication::font();
   if (font.fixed_pitch) {
     made = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    // A desktop that has none set gives its general one.
+    if (!QFontInfo(made).fixedPitch()) {
+      made.setFamily(QStringLiteral("monospace"));
+      made.setStyleHint(QFont::Monospace);
+    }
     if (QGuiApplication::font().pointSizeF() > 0) made.setPointSizeF(QGuiApplication::font().pointSizeF());
   }
   if (font.points > 0) made.setPointSize(font.points);

@@ -16,6 +16,8 @@ QString ToQt(const std::string& text);
 std::string FromQt(const QString& text);
 
 QColor ToQt(Colour colour);
+// Black or white, whichever stands out more from the ground.
+QColor ReadableOn(const QColor& ground);
 // The desktop's own face, or its fixed-pitch one in the same size.
 QFont ToQt(const Font& font);
 

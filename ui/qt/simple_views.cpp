@@ -151,6 +151,11 @@ class OptionButtonView : public View {
     if (change == Change::kText) widget_->setText(WithMnemonic(option_.caption()));
     if (change == Change::kValue) widget_->setChecked(option_.value());
   }
+  bool KeyDoes(const Key& key, const QKeyEvent&) override {
+    if (key.name != Key::kUp && key.name != Key::kDown) return false;
+    option_.DefaultKey(key);
+    return true;
+  }
 
  private:
   OptionButton& option_;

@@ -105,7 +105,7 @@ void View::ShowColours() {
     palette.setColor(QPalette::Button, colour);
   }
   if (fore || back) {
-    const QColor colour = fore ? ToQt(*fore) : QColor(qGray(ToQt(*back).rgb()) > 127 ? Qt::black : Qt::white);
+    const QColor colour = fore ? ToQt(*fore) : ReadableOn(ToQt(*back));
     palette.setColor(QPalette::Text, colour);
     palette.setColor(QPalette::WindowText, colour);
     palette.setColor(QPalette::ButtonText, colour);
