@@ -117,12 +117,7 @@ TEST(Boxes, AnEmptyNameLetsThePlaceHolderDisappear) {
 }
 
 TEST(Boxes, QuestionsWithYesAndNoHaveTheirStyleTheirTextAndTheCaptionOfTheWindowInFront) {
-  struct Row {
-    int code;
-    const char* english;
-    const char* italian;
-  };
-  const Row rows[] = {
+  const CodeTexts rows[] = {
       {0, "song", "song"},
       {1, "The file has changed\nKeep changes ?", "Il file è stato modificato\nMantenere le modifiche ?"},
       {2, "The Arrangement has changed.\nKeep changes ?",
@@ -132,7 +127,7 @@ TEST(Boxes, QuestionsWithYesAndNoHaveTheirStyleTheirTextAndTheCaptionOfTheWindow
   };
   Speaking italian(1);
   Speaking english(2);
-  for (const Row& row : rows) {
+  for (const CodeTexts& row : rows) {
     english.program.toolkit.answers = {ui::BoxAnswer::kYes};
     EXPECT_EQ(static_cast<int>(AskYesNo(english.program.app, row.code, "song")), 6);
     EXPECT_EQ(english.program.Boxes(), (std::vector<ShownBox>{{52, "Zentaline", row.english}})) << row.code;
@@ -147,12 +142,7 @@ TEST(Boxes, QuestionsWithYesAndNoHaveTheirStyleTheirTextAndTheCaptionOfTheWindow
 }
 
 TEST(Boxes, QuestionsWithCancelHaveTheirStyleAndText) {
-  struct Row {
-    int code;
-    const char* english;
-    const char* italian;
-  };
-  const Row rows[] = {
+  const CodeTexts rows[] = {
       {0, "song", "song"},
       {1, "The file has changed\nSave changes ?", "Il file è stato modificato\nSalvare le modifiche ?"},
       {2, "The Arrangement has changed.\nSave changes ?", "L'Arrangement è stato modificato.\nSalvare le modifiche ?"},
@@ -160,7 +150,7 @@ TEST(Boxes, QuestionsWithCancelHaveTheirStyleAndText) {
   };
   Speaking italian(1);
   Speaking english(2);
-  for (const Row& row : rows) {
+  for (const CodeTexts& row : rows) {
     for (const ui::BoxAnswer answer : {ui::BoxAnswer::kYes, ui::BoxAnswer::kNo, ui::BoxAnswer::kCancel}) {
       english.program.toolkit.answers = {answer};
       EXPECT_EQ(AskYesNoCancel(english.program.app, row.code, "t", "song"), answer);
@@ -172,12 +162,7 @@ TEST(Boxes, QuestionsWithCancelHaveTheirStyleAndText) {
 }
 
 TEST(Boxes, TheWaitTextStandsInTheStatusStripUntilItIsCleared) {
-  struct Row {
-    int code;
-    const char* english;
-    const char* italian;
-  };
-  const Row rows[] = {
+  const CodeTexts rows[] = {
       {1, "Processing File Style", "Elaborazione File Style"},
       {2, "Loading Style", "Trasmissione Style"},
       {3, "Loading Arrangement", "Trasm. Arrangement"},
@@ -192,7 +177,7 @@ TEST(Boxes, TheWaitTextStandsInTheStatusStripUntilItIsCleared) {
   Speaking italian(1);
   Speaking english(2);
   english.program.toolkit.lines.clear();
-  for (const Row& row : rows) {
+  for (const CodeTexts& row : rows) {
     ShowWait(english.program.app, row.code, "song");
     EXPECT_EQ(english.program.app.main->Label1.caption(), row.english) << row.code;
     ShowWait(italian.program.app, row.code, "song");

@@ -42,6 +42,12 @@ ScriptEngine::Outcome ScriptEngine::Reach(const std::string& name, ScriptTarget&
   return Refused(*target.control, target.control->enabled() ? "stands in what is disabled or hidden" : "is disabled");
 }
 
+ScriptEngine::Outcome ScriptEngine::ReachByMouse(const std::string& name, ScriptTarget& target) {
+  Outcome outcome = Reach(name, target);
+  if (outcome.status != kScriptDone || target.control == nullptr || IsShown(*target.control)) return outcome;
+  return Refused(*target.control, "is nothing that the mouse can reach");
+}
+
 Control* ScriptEngine::ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds,
                                     Outcome& refusal) {
   ScriptTarget target;
@@ -150,21 +156,17 @@ ScriptEngine::Outcome ScriptEngine::Mouse(Words words) {
   const UserEvent event(host_.toolkit());
   const MouseEvent mouse = *ScriptMouse(words.subspan(1));
   ScriptTarget target;
-  Outcome outcome = Reach(words[0].text, target);
-  if (outcome.status != kScriptDone) return outcome;
-  if (target.control == nullptr) return DoneBy(driver_.Mouse(*target.form, mouse), words[0].text);
-  if (!IsShown(*target.control)) return Refused(*target.control, "is nothing that the mouse can reach");
-  return DoneBy(driver_.Mouse(*target.control, mouse), words[0].text);
+  if (Outcome refusal = ReachByMouse(words[0].text, target); refusal.status != kScriptDone) return refusal;
+  return DoneBy(target.control != nullptr ? driver_.Mouse(*target.control, mouse) : driver_.Mouse(*target.form, mouse),
+                words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::Menu(Words words) {
   const UserEvent event(host_.toolkit());
   ScriptTarget target;
-  Outcome outcome = Reach(words[0].text, target);
-  if (outcome.status != kScriptDone) return outcome;
-  if (target.control == nullptr) return DoneBy(driver_.Context(*target.form), words[0].text);
-  if (!IsShown(*target.control)) return Refused(*target.control, "is nothing that the mouse can reach");
-  return DoneBy(driver_.Context(*target.control), words[0].text);
+  if (Outcome refusal = ReachByMouse(words[0].text, target); refusal.status != kScriptDone) return refusal;
+  return DoneBy(target.control != nullptr ? driver_.Context(*target.control) : driver_.Context(*target.form),
+                words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::Activate(Words words) {

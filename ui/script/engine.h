@@ -95,6 +95,8 @@ class ScriptEngine : public ScriptQuestions {
 
   // Finds what a user can get at, and has brought its window to the front when it is a child window.
   Outcome Reach(const std::string& name, ScriptTarget& target);
+  // The same for what stands on the screen: a window, or a control other than timers and menu entries.
+  Outcome ReachByMouse(const std::string& name, ScriptTarget& target);
   // Null, with the reason, when there is no such control of one of the kinds.
   Control* ReachControl(const std::string& name, std::initializer_list<ControlKind> kinds, Outcome& refusal);
   // The same for a window itself.
