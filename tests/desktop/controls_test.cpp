@@ -290,6 +290,16 @@ TEST_F(Controls, ArrowKeysGoThroughTheOptionButtonsRoundAtTheEnds) {
   EXPECT_THAT(log, ElementsAre("option 1", "option 0", "option 1"));
 }
 
+TEST_F(Controls, TheFocusIsDrawnWhereAKeyHasTakenIt) {
+  auto* first = Widget<QRadioButton>(child->Option0);
+  first->setFocus(Qt::MouseFocusReason);
+  first->window()->setAttribute(Qt::WA_KeyboardFocusChange, false);
+  QTest::keyClick(first, Qt::Key_Down);
+  auto* second = Widget<QRadioButton>(child->Option1);
+  EXPECT_TRUE(second->hasFocus());
+  EXPECT_TRUE(second->window()->testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
 TEST_F(Controls, AFixedPitchIsOneAlsoWhereTheDesktopHasNoneSet) {
   Font fixed;
   fixed.fixed_pitch = true;

@@ -85,7 +85,10 @@ void View::ShowCommon(Change change) {
       widget_->setToolTip(ToToolTip(control_->tool_tip()));
       break;
     case Change::kFocus:
-      if (control_->HasFocus()) field()->setFocus(Qt::OtherFocusReason);
+      if (!control_->HasFocus() || field()->hasFocus()) break;
+      field()->setFocus(Qt::OtherFocusReason);
+      // A mnemonic or the program took the focus there, and no eye on a pointer follows it: it is drawn.
+      field()->window()->setAttribute(Qt::WA_KeyboardFocusChange);
       break;
     default:
       break;
