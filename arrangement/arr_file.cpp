@@ -8,28 +8,17 @@
 #include "core/file_reading.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
-#include "data/texts.h"
 #include "style/api.h"
 
 namespace zentaline {
 
 namespace {
 
-// The styles of a saved file: the empty template stands for no .sty at all. One that is there nevertheless was found
-// damaged, or has come since: it is set aside under another name, never lost.
+// The styles of a saved file: the empty template stands for no .sty at all.
 bool SaveStylePart(Application& app, Bytes& image) {
   const int state = ByteAt(image, kStyStatePosition);
-  if (state == 1) {
-    const std::string path = PathOnDisk(app.disk, std::string(WindowPath(image)) + ".sty");
-    const DiskResult result = app.disk.Exists(path) ? app.disk.Rename(path, path + ".bak") : DiskResult::kOk;
-    if (result != DiskResult::kOk) {
-      app.core.OperationTitle = GetText(app, kTextOpening) + ShownPath(FileBaseName(path));
-      FileErrorMessage(app, result);
-      return false;
-    }
-  } else if (state == 2 && ByteAt(image, kStyChangedPosition) == 1) {
-    if (!StyFileWrite(app, image)) return false;
-  }
+  if (state == 1 && !StyFileDelete(app, image)) return false;
+  if (state == 2 && ByteAt(image, kStyChangedPosition) == 1 && !StyFileWrite(app, image)) return false;
   PutByte(image, kStyChangedPosition, 0);
   return true;
 }

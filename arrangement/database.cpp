@@ -17,15 +17,13 @@ namespace {
 
 constexpr char kName[] = "i40DBArr";
 constexpr char kWindowTitle[] = "Edit i40DBArr";
-// A file of the wrong length is looked at as far as it counts, unless it is longer than any file could be by mistake.
-constexpr std::size_t kLargest = std::size_t{1} << 24;
 
 enum class Found { kGood, kBad, kAbsent, kFailed };
 
 // The file into DBImage. An empty file counts as absent and is removed. A failure is shown only where `shows` is set.
 Found ReadDatabase(Application& app, bool shows) {
   Bytes file;
-  const DiskResult result = app.disk.Read(app.core.DatabaseDir, file, kLargest);
+  const DiskResult result = app.disk.Read(app.core.DatabaseDir, file, kLargestDataFile);
   if (result == DiskResult::kAbsent) return Found::kAbsent;
   if (result != DiskResult::kOk && result != DiskResult::kTooLarge) {
     if (shows) FileErrorMessage(app, result);
@@ -109,7 +107,7 @@ void DBPurge(Application& app) {
   DBPurgeEntries(image, [&](std::string_view name) {
     const std::string path = PathOnDisk(app.disk, JoinPath(directory, name) + ".arr");
     Bytes file;
-    const DiskResult result = app.disk.Read(path, file, kLargest);
+    const DiskResult result = app.disk.Read(path, file, kLargestDataFile);
     // What can't be read for a reason of its own isn't gone.
     if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kPathAbsent) return true;
     if (result == DiskResult::kOk && file.empty()) app.disk.Remove(path);

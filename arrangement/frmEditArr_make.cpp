@@ -145,7 +145,7 @@ ui::Frame& frmEditArr::PartFrame(int part) {
 
 // The tips of the nine parts' controls are those of the first part, and a name has the tip of what it names.
 void frmEditArr::ShowToolTips() {
-  const int language = app().core.LanguageOffset == 0 ? 1 : 2;
+  const int language = app().Language();
   const auto tip = [this, language](const ui::Control& control, int index) {
     return std::string(ToolTip(name(), control.name() + "(" + std::to_string(index) + ")", language));
   };
@@ -188,7 +188,7 @@ void frmEditArr::LayOut() {
   for (const Field& field : fields_) {
     if (field.value != nullptr && field.row.label != EditLabel::kEffect) field.value->least_characters = kValueSize;
   }
-  const int language = app().core.LanguageOffset == 0 ? 1 : 2;
+  const int language = app().Language();
   EffCombo[0].least_characters = EffCombo[1].least_characters = kEffectSize;
   for (int effect = 0; effect < 2; ++effect) EffComm[effect].least_characters = kValueSize;
   SSTab1.captions = {"General", std::string(Caption(name(), "SSTab1(1)", language))};

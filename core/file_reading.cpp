@@ -63,4 +63,14 @@ bool RemoveDataFile(Application& app, const std::string& path) {
   return false;
 }
 
+bool SetDataFileAside(Application& app, const std::string& wanted) {
+  const std::string path = PathOnDisk(app.disk, wanted);
+  if (!app.disk.Exists(path)) return true;
+  SetTitle(app, path);
+  const DiskResult result = app.disk.Rename(path, path + ".bak");
+  if (result == DiskResult::kOk) return true;
+  FileErrorMessage(app, result);
+  return false;
+}
+
 }  // namespace zentaline

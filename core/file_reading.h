@@ -10,6 +10,9 @@ namespace zentaline {
 
 struct Application;
 
+// For readers that look at files of other lengths too: nothing that comes from the instrument is near it.
+inline constexpr std::size_t kLargestDataFile = std::size_t{1} << 24;
+
 enum FileReadResult : int { kFileRead = 0, kFileFailed = 1, kFileTooLarge = 2, kFileAbsent = 3 };
 
 // Reads a file of at most `largest` bytes whole. OperationTitle becomes "Opening " and the file's name. An empty file
@@ -26,5 +29,9 @@ bool WriteDataFile(Application& app, const std::string& path, const Bytes& conte
 // Removes a file, with the same title; one that is not there, or is a folder, is no failure. False when it failed,
 // which is shown.
 bool RemoveDataFile(Application& app, const std::string& path);
+
+// Puts ".bak" behind a file's name, so that nothing is lost; one that is not there is no failure. False when it failed,
+// which is shown under the same title.
+bool SetDataFileAside(Application& app, const std::string& path);
 
 }  // namespace zentaline

@@ -15,9 +15,6 @@ namespace zentaline {
 
 namespace {
 
-// Nobody would take a longer one for a program file.
-constexpr std::size_t kLargest = std::size_t{1} << 24;
-
 PrgReadResult CheckPrg(std::string_view file) {
   return CheckProgramByExtension(file, false);
 }
@@ -29,7 +26,7 @@ PrgReadResult CheckPgg(std::string_view file) {
 // The buffer takes what was read before anything is tested: as much of it as a bank, or zero bytes behind it.
 int ReadWith(Application& app, const std::string& path, PrgReadResult (*check)(std::string_view)) {
   Bytes file;
-  const FileReadResult read = ReadDataFile(app, path, kLargest, file);
+  const FileReadResult read = ReadDataFile(app, path, kLargestDataFile, file);
   if (read == kFileFailed || read == kFileAbsent) return read;
   const PrgReadResult result = read == kFileRead ? check(file) : kPrgWrong;
   if (read == kFileRead) {

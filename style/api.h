@@ -17,6 +17,9 @@ int StyFileRead(Application& app, const std::string& path);
 bool StyFileWrite(Application& app, Bytes& image);
 // The same for a style window, of which the image itself stays untrimmed.
 bool SaveStyFile(Application& app, Bytes& image);
+// Takes that file away for a window without styles: it was found damaged, or has come since, and is set aside. True
+// when it is done or there is none, else the error was shown.
+bool StyFileDelete(Application& app, const Bytes& image);
 // Splits an i30 file, `path` with its extension, into three .sty beside it: 0 done, 1 and 2 as StyFileRead.
 int StyImportI30(Application& app, const std::string& path);
 

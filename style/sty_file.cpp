@@ -12,8 +12,6 @@ namespace zentaline {
 
 namespace {
 
-// No style file of the instrument comes near it; a longer one isn't one.
-constexpr std::size_t kLargest = std::size_t{1} << 24;
 constexpr std::string_view kTemplateEnd = "i40Sty";
 
 // By its base name and ".sty", whatever the extension was; the template has none.
@@ -26,7 +24,7 @@ void ShowErrorReading(Application& app, const std::string& path) {
 template <typename Take>
 int ReadStyles(Application& app, const std::string& path, Take take) {
   Bytes file;
-  switch (ReadDataFile(app, path, kLargest, file)) {
+  switch (ReadDataFile(app, path, kLargestDataFile, file)) {
     case kFileFailed:
       return kStyWrong;
     case kFileAbsent:
@@ -66,6 +64,10 @@ bool SaveStyFile(Application& app, Bytes& image) {
   if (!StyFileWrite(app, copy)) return false;
   PutByte(image, kStyChangedPosition, 0);
   return true;
+}
+
+bool StyFileDelete(Application& app, const Bytes& image) {
+  return SetDataFileAside(app, std::string(WindowPath(image)) + ".sty");
 }
 
 int StyImportI30(Application& app, const std::string& path) {
