@@ -109,12 +109,17 @@ TEST(EditorSelection, YesKeepsTheChangeNoForgetsItAndBothGoOn) {
   }
 }
 
-TEST(EditorSending, NoSendsTheFileAsItStandsAndTheEditorsChangeIsAskedForAgain) {
-  EditorDesk desk(TwoRecords());
+// Moves the volume to 50 and sends the file; the question about the change gets the answer.
+void SendWithAChange(EditorDesk& desk, ui::BoxAnswer answer) {
   desk.Move("VScroll1(1)", 50);
-  desk.program.toolkit.answers.push_back(kNo);
+  desk.program.toolkit.answers.push_back(answer);
   EXPECT_TRUE(desk.Press("frmArrU(1).CommLoadArr"));
   desk.Wait(20);
+}
+
+TEST(EditorSending, NoSendsTheFileAsItStandsAndTheEditorsChangeIsAskedForAgain) {
+  EditorDesk desk(TwoRecords());
+  SendWithAChange(desk, kNo);
   EXPECT_EQ(Kept(desk, 0, 41), 0);
   EXPECT_EQ(desk.Shows("VScroll1(1)"), 50);
   EXPECT_TRUE(desk.State().EditorChanged) << "its record still differs from the image";
@@ -127,10 +132,7 @@ TEST(EditorSending, NoSendsTheFileAsItStandsAndTheEditorsChangeIsAskedForAgain) 
 
 TEST(EditorSending, YesIsNotAskedForAgain) {
   EditorDesk desk(TwoRecords());
-  desk.Move("VScroll1(1)", 50);
-  desk.program.toolkit.answers.push_back(kYes);
-  EXPECT_TRUE(desk.Press("frmArrU(1).CommLoadArr"));
-  desk.Wait(20);
+  SendWithAChange(desk, kYes);
   EXPECT_EQ(Kept(desk, 0, 41), 50);
   EXPECT_FALSE(desk.State().EditorChanged);
 }
