@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "app/console_options.h"
+#include "base/faulty_disk.h"
+#include "base/posix_disk.h"
 #include "core/application.h"
-#include "core/faulty_disk.h"
-#include "core/posix_disk.h"
 #include "midi/listening.h"
 #include "midi/recorder/recorder.h"
 #include "midi/virtual/virtual_midi.h"

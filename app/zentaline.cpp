@@ -8,9 +8,9 @@
 
 #include "app/desktop_options.h"
 #include "app/directory.h"
+#include "base/posix_disk.h"
 #include "core/application.h"
 #include "core/main_window.h"
-#include "core/posix_disk.h"
 #include "midi/recorder/recorder.h"
 #include "midi/virtual/virtual_midi.h"
 #include "ui/qt/long_sender.h"

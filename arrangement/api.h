@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

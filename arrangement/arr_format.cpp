@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/panel_numbers.h"
+#include "base/panel_numbers.h"
 #include "core/window_image.h"
 #include "program/prg_format.h"
 #include "style/sty_format.h"

@@ -8,7 +8,7 @@
 #include <functional>
 #include <string_view>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

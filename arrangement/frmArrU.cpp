@@ -4,10 +4,10 @@
 
 #include "arrangement/api.h"
 #include "arrangement/arr_format.h"
+#include "base/panel_numbers.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
-#include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/names.h"

@@ -9,17 +9,17 @@
 #include <vector>
 
 #include "arrangement/arr_format.h"
+#include "base/panel_numbers.h"
+#include "base/posix_disk.h"
 #include "bench/measure.h"
 #include "bench/program.h"
 #include "core/application.h"
 #include "core/child_window.h"
-#include "core/panel_numbers.h"
-#include "core/posix_disk.h"
 #include "core/window_image.h"
 #include "files/api.h"
 #include "midi/api.h"
 #include "midi/recorder/recorder.h"
-#include "tests/core/scratch_folder.h"
+#include "tests/support/scratch_folder.h"
 #include "ui/console/console_toolkit.h"
 #include "ui/controls.h"
 

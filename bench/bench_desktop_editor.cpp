@@ -21,12 +21,12 @@
 #include <string>
 #include <vector>
 
+#include "base/posix_disk.h"
 #include "bench/measure.h"
 #include "core/application.h"
 #include "core/main_window.h"
-#include "core/posix_disk.h"
 #include "midi/virtual/virtual_midi.h"
-#include "tests/core/scratch_folder.h"
+#include "tests/support/scratch_folder.h"
 #include "ui/qt/long_sender.h"
 #include "ui/qt/toolkit.h"
 #include "ui/qt/view.h"

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "base/posix_disk.h"
 #include "bench/first_frame.h"
 #include "core/application.h"
 #include "core/main_window.h"
-#include "core/posix_disk.h"
 #include "midi/virtual/virtual_midi.h"
 #include "ui/qt/long_sender.h"
 #include "ui/qt/toolkit.h"

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "arrangement/state.h"
-#include "core/disk.h"
+#include "base/disk.h"
 #include "core/state.h"
 #include "files/state.h"
 #include "global/state.h"

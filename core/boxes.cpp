@@ -1,8 +1,8 @@
 #include "core/boxes.h"
 
+#include "base/utf8.h"
 #include "core/application.h"
 #include "core/main_window.h"
-#include "core/utf8.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/disk.h"
+#include "base/disk.h"
 #include "ui/types.h"
 
 namespace zentaline {

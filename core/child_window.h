@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "core/state.h"
 #include "ui/form.h"
 

@@ -1,7 +1,7 @@
 // Zentaline.ini: 50 records of 250 bytes, read at the start and written at the end.
 #pragma once
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

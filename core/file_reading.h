@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "core/bytes.h"
-#include "core/disk.h"
+#include "base/bytes.h"
+#include "base/disk.h"
 
 namespace zentaline {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <variant>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

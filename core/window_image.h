@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

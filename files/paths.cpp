@@ -3,9 +3,9 @@
 #include <array>
 #include <vector>
 
+#include "base/bytes.h"
+#include "base/utf8.h"
 #include "core/boxes.h"
-#include "core/bytes.h"
-#include "core/utf8.h"
 
 namespace zentaline {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

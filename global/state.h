@@ -1,7 +1,7 @@
 // The module-wide state of the global data.
 #pragma once
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "midi/service.h"
 
 namespace zentaline {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "core/menus.h"
 
 namespace zentaline {

@@ -3,10 +3,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/panel_numbers.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
-#include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "midi/api.h"
 #include "program/api.h"

@@ -3,11 +3,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/panel_numbers.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/file_reading.h"
 #include "core/main_window.h"
-#include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/texts.h"

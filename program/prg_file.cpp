@@ -1,9 +1,9 @@
 // Reading program files, and what stands in the instrument.
+#include "base/panel_numbers.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/file_reading.h"
-#include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/names.h"

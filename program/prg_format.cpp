@@ -1,6 +1,6 @@
 #include "program/prg_format.h"
 
-#include "core/panel_numbers.h"
+#include "base/panel_numbers.h"
 #include "core/window_image.h"
 
 namespace zentaline {

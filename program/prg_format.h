@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

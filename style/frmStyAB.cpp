@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "arrangement/api.h"
+#include "base/panel_numbers.h"
 #include "core/application.h"
 #include "core/boxes.h"
-#include "core/panel_numbers.h"
 #include "core/window_image.h"
 #include "data/names.h"
 #include "data/texts.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/panel_numbers.h"
+#include "base/panel_numbers.h"
 #include "core/window_image.h"
 
 namespace zentaline {

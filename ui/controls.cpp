@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/bytes.h"
-#include "core/utf8.h"
+#include "base/bytes.h"
+#include "base/utf8.h"
 #include "ui/form.h"
 #include "ui/toolkit.h"
 

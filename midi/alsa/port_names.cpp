@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "midi/device_service.h"
 
 namespace zentaline {

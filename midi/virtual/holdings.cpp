@@ -1,5 +1,5 @@
 // What the virtual instrument tells of itself.
-#include "core/panel_numbers.h"
+#include "base/panel_numbers.h"
 #include "midi/virtual/instrument.h"
 
 namespace zentaline {

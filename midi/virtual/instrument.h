@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <set>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "midi/alsa/alsa_midi.h"
 #include "tests/alsa/raw_port.h"
 #include "tests/midi/long_message.h"

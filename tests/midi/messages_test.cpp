@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "tests/format_bytes.h"
 #include "tests/midi/unpack7.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/disk.h"
+#include "base/disk.h"
 
 namespace zentaline::test {
 

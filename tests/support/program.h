@@ -9,14 +9,14 @@
 #include <utility>
 #include <vector>
 
+#include "base/faulty_disk.h"
+#include "base/posix_disk.h"
 #include "core/application.h"
 #include "core/child_window.h"
-#include "core/faulty_disk.h"
 #include "core/main_window.h"
-#include "core/posix_disk.h"
 #include "midi/listening.h"
 #include "midi/recorder/recorder.h"
-#include "tests/core/scratch_folder.h"
+#include "tests/support/scratch_folder.h"
 #include "ui/console/console_toolkit.h"
 #include "ui/console/midi_transcript.h"
 

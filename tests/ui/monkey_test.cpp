@@ -7,8 +7,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/faulty_disk.h"
 #include "core/application.h"
-#include "core/faulty_disk.h"
 #include "midi/listening.h"
 #include "midi/operations.h"
 #include "midi/recorder/recorder.h"

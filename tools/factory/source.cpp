@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "core/posix_disk.h"
+#include "base/posix_disk.h"
 #include "data/choices.h"
 
 namespace zentaline::factory {

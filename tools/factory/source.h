@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline::factory {
 

@@ -5,7 +5,7 @@
 #include <thread>
 #include <utility>
 
-#include "core/utf8.h"
+#include "base/utf8.h"
 
 namespace zentaline::ui {
 

@@ -3,7 +3,7 @@
 #include <tuple>
 #include <utility>
 
-#include "core/utf8.h"
+#include "base/utf8.h"
 #include "ui/script/engine.h"
 
 namespace zentaline::ui {

@@ -6,7 +6,7 @@
 #include <limits>
 #include <utility>
 
-#include "core/utf8.h"
+#include "base/utf8.h"
 
 namespace zentaline::ui {
 

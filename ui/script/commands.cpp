@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "ui/script/engine.h"
 #include "ui/script/properties.h"
 

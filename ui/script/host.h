@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "ui/script/transcript.h"
 #include "ui/toolkit.h"
 

@@ -1,6 +1,6 @@
 #include "ui/script/line.h"
 
-#include "core/utf8.h"
+#include "base/utf8.h"
 
 namespace zentaline::ui {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/bytes.h"
-#include "core/utf8.h"
+#include "base/bytes.h"
+#include "base/utf8.h"
 
 namespace zentaline::ui {
 

@@ -1,6 +1,6 @@
 #include "ui/script/transcript.h"
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 #include "ui/form.h"
 #include "ui/script/text.h"
 

@@ -1,4 +1,4 @@
-#include "core/panel_numbers.h"
+#include "base/panel_numbers.h"
 
 #include <algorithm>
 

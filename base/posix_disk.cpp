@@ -1,4 +1,4 @@
-#include "core/posix_disk.h"
+#include "base/posix_disk.h"
 
 #include <dirent.h>
 #include <fcntl.h>

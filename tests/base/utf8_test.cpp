@@ -1,10 +1,10 @@
-#include "core/utf8.h"
+#include "base/utf8.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 namespace {

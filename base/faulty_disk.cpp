@@ -1,11 +1,11 @@
-#include "core/faulty_disk.h"
+#include "base/faulty_disk.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <string_view>
 
-#include "core/posix_disk.h"
+#include "base/posix_disk.h"
 
 namespace zentaline {
 

@@ -1,4 +1,4 @@
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 #include <gtest/gtest.h>
 

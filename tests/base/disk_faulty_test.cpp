@@ -2,9 +2,9 @@
 
 #include <cerrno>
 
-#include "core/faulty_disk.h"
-#include "core/posix_disk.h"
-#include "scratch_folder.h"
+#include "base/faulty_disk.h"
+#include "base/posix_disk.h"
+#include "tests/support/scratch_folder.h"
 
 namespace zentaline {
 namespace {

@@ -9,8 +9,8 @@
 #include <ctime>
 #include <fstream>
 
-#include "core/posix_disk.h"
-#include "scratch_folder.h"
+#include "base/posix_disk.h"
+#include "tests/support/scratch_folder.h"
 
 namespace zentaline {
 namespace {

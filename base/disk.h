@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 namespace zentaline {
 

@@ -3,8 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "core/posix_disk.h"
-#include "scratch_folder.h"
+#include "base/posix_disk.h"
+#include "tests/support/scratch_folder.h"
 
 namespace zentaline {
 namespace {

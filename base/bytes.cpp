@@ -1,10 +1,10 @@
-#include "core/bytes.h"
+#include "base/bytes.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 
-#include "core/utf8.h"
+#include "base/utf8.h"
 
 namespace zentaline {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/disk.h"
+#include "base/disk.h"
 
 namespace zentaline {
 
