@@ -1,12 +1,14 @@
 // Opening, saving and recent files, as the rest of the program uses them. Paths are the file system's bytes.
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 
 #include "base/bytes.h"
 #include "core/menus.h"
 #include "core/state.h"
+#include "files/state.h"
 
 namespace zentaline {
 
@@ -17,24 +19,48 @@ enum ChooseResult : int { kChosen = 0, kChooseFailed = 1, kChooseOpenAlready = 2
 
 inline constexpr int kNoType = -1;
 
-// A kind of file that has windows: where its slots are, how it is read, and how its window opens.
+// What the dialogs remember of the file that was opened or saved last.
+struct LastPlace {
+  std::string FilesState::*directory;
+  std::string FilesState::*name;  // without extension
+};
+
+// How the windows of a kind save their files.
+struct FileSaving {
+  // The type of the window's own file, 1 to 6; of programs it follows from the records.
+  int (*type)(const Bytes& image);
+  // Writes the window's files and clears the marks of what is saved. False when that failed, which was shown.
+  bool (*save)(Application& app, Bytes& image);
+  // What the save dialog proposes, without extension.
+  std::string (*name)(const Bytes& image);
+  bool beside_file = false;      // its dialog begins where the window's file is, not where the last one was
+  bool has_parts = false;        // styles and programs are attached, which can be saved under names of their own
+  bool keeps_read_only = false;  // a read-only file is not saved over
+};
+
+// A kind of file that has windows: where its slots are, how it is read, how its window opens, and how it is saved.
 struct FileKind {
-  int kind;    // a WindowKind
-  int type;    // of the recent files, 1 to 6; programs have two, of which this is the first; kNoType for new files
-  int filter;  // of the open dialog
-  MenuId open_entry;  // mnuApriArr and the like, mnuNuovoPrg for new files
-  MenuId user_entry;  // the entry of the instrument's own window; kCount where there is none
+  int kind;         // a WindowKind
+  int type;         // of the recent files, 1 to 6; programs have two, of which this is the first; kNoType for new files
+  int filter;       // of the open dialog
+  LastPlace place;  // opening and saving set it
+  MenuId open_entry;                   // mnuApriArr and the like, mnuNuovoPrg for new files
+  MenuId user_entry = MenuId::kCount;  // the entry of the instrument's own window; kCount where there is none
+  int windows = kFileWindows;          // that can be open at once, numbered from 1
   WindowRecord& (*slot)(Application& app, int number);
+  bool slot_keeps_read_only = false;  // in its second byte, by which the window comes back at the next start
   ChildWindow* (*window)(const Application& app, int number);
   // Reads the file, with its extension, into the kind's buffer.
   ChooseResult (*read)(Application& app, const std::string& path);
   // Shows what the buffer holds in window 1 to 9; `base` is the path without extension.
   void (*open)(Application& app, int number, const std::string& base, bool read_only);
-  int new_kind = 0;  // of the windows of new files, which have numbers of their own; 0 where there are none
+  const FileSaving* saving = nullptr;   // null for a kind that isn't saved
+  int new_kind = 0;                     // of the windows of new files, which have numbers of their own; 0 for none
+  std::array<int, 2> saved_alike = {};  // other kinds of window that hold such a file
 };
 
 std::span<const FileKind> FileKinds();
-// By its own kind or that of its new files; null for a kind that has no windows.
+// By its own kind, that of its new files, or one that is saved alike; null for a kind without files.
 const FileKind* FileKindOf(int kind);
 
 // The open dialog and the reader of the filter that was left selected. On success the file is in its format's buffer,

@@ -57,7 +57,7 @@ bool HasExtension(const std::string& path, std::string_view extension) {
 // Whether a window of the kind shows the file; its kind need not have windows yet.
 bool OpenAlready(Application& app, int kind, const std::string& base) {
   const FileKind* row = FileKindOf(kind);
-  for (int number = 1; row != nullptr && number <= kFileWindows; ++number) {
+  for (int number = 1; row != nullptr && number <= row->windows; ++number) {
     const WindowRecord& slot = row->slot(app, number);
     if (slot.state != 0 && slot.path == base) return true;
   }
@@ -88,20 +88,26 @@ int PresetFilter(int kind) {
   }
 }
 
-// The preferred directory, or the other one where it isn't set.
-const std::string& PresetDirectory(const FilesState& files, int filter) {
-  const auto first_set = [](const std::string& a, const std::string& b) -> const std::string& {
-    return a.empty() ? b : a;
-  };
-  switch (filter) {
-    case kFilterPrg:
-    case kFilterPcg:
-      return first_set(files.LastPrgDirectory, files.LastArrDirectory);
-    case kFilterGbl:
-      return first_set(files.LastGblDirectory, files.LastArrDirectory);
-    default:
-      return first_set(files.LastArrDirectory, files.LastPrgDirectory);
+// Of the filters whose kinds have no windows yet.
+constexpr LastPlace kGblPlace = {&FilesState::LastGblDirectory, &FilesState::LastGblName};
+
+// What the dialog remembers by its filter; null where it remembers nothing.
+const LastPlace* PlaceOf(int filter) {
+  if (filter == kFilterGbl) return &kGblPlace;
+  const int like = filter == kFilterPcg ? kFilterPrg : filter == kFilterBsq ? kFilterArr : filter;
+  for (const FileKind& row : FileKinds()) {
+    if (row.filter == like) return &row.place;
   }
+  return nullptr;
+}
+
+// The filter's own directory; where it isn't set, or the filter has none, that of arrangements, and theirs is that of
+// programs.
+const std::string& PresetDirectory(const FilesState& files, int filter) {
+  const LastPlace* place = PlaceOf(filter);
+  const std::string& own = place == nullptr ? files.LastArrDirectory : files.*place->directory;
+  if (!own.empty()) return own;
+  return &own == &files.LastArrDirectory ? files.LastPrgDirectory : files.LastArrDirectory;
 }
 
 }  // namespace
@@ -121,24 +127,9 @@ void RememberPlace(Application& app, int filter, const std::string& path) {
   const std::string base = WithoutExtension(path);
   files.CurrentFileDir = FileDirectory(base);
   files.CurrentFileName = FileBaseName(base);
-  switch (filter) {
-    case kFilterArr:
-    case kFilterSty:
-    case kFilterBsq:
-      files.LastArrDirectory = files.CurrentFileDir;
-      files.LastArrName = files.CurrentFileName;
-      return;
-    case kFilterPrg:
-    case kFilterPcg:
-      files.LastPrgDirectory = files.CurrentFileDir;
-      files.LastPrgName = files.CurrentFileName;
-      return;
-    case kFilterGbl:
-      files.LastGblDirectory = files.CurrentFileDir;
-      files.LastGblName = files.CurrentFileName;
-      return;
-    default:
-      return;
+  if (const LastPlace* place = PlaceOf(filter)) {
+    files.*place->directory = files.CurrentFileDir;
+    files.*place->name = files.CurrentFileName;
   }
 }
 

@@ -1,4 +1,5 @@
 // The kinds of file that have windows.
+#include <algorithm>
 #include <array>
 
 #include "arrangement/api.h"
@@ -8,6 +9,7 @@
 #include "core/window_image.h"
 #include "files/api.h"
 #include "files/dialogs.h"
+#include "files/paths.h"
 #include "program/api.h"
 #include "program/prg_format.h"
 #include "style/api.h"
@@ -83,14 +85,108 @@ void OpenNewPrg(Application& app, int number, const std::string&, bool) {
   OpenNewPrgWindow(app, number);
 }
 
+// --- Saving ---
+
+constexpr char kUntitled[] = "Untitled";
+
+int ArrType(const Bytes&) {
+  return kTypeArr;
+}
+
+// A bank goes by the name of the instrument's file.
+std::string ArrSaveName(const Bytes& image) {
+  switch (ByteAt(image, kKindPosition)) {
+    case kKindArrA:
+      return "i40ArrA";
+    case kKindArrB:
+      return "i40ArrB";
+    case kKindNewArr:
+      return ByteAt(image, kNeverSavedPosition) == 1 ? kUntitled : std::string(WindowBaseName(image));
+    default:
+      return std::string(WindowPath(image));
+  }
+}
+
+int PrgType(const Bytes& image) {
+  return ByteAt(image, kPggPosition) == 0 ? kTypePrg : kTypePgg;
+}
+
+std::string PrgSaveName(const Bytes& image) {
+  return ByteAt(image, kNeverSavedPosition) == 1 ? kUntitled : std::string(WindowBaseName(image));
+}
+
+int StyType(const Bytes&) {
+  return kTypeSty;
+}
+
+// Whatever the file is called.
+std::string StySaveName(const Bytes&) {
+  return kUntitled;
+}
+
+constexpr FileSaving kArrSaving = {.type = ArrType, .save = SaveArrFile, .name = ArrSaveName, .has_parts = true};
+constexpr FileSaving kPrgSaving = {.type = PrgType, .save = SavePrgFile, .name = PrgSaveName, .beside_file = true};
+constexpr FileSaving kStySaving = {.type = StyType, .save = SaveStyFile, .name = StySaveName};
+
+constexpr LastPlace kArrPlace = {&FilesState::LastArrDirectory, &FilesState::LastArrName};
+constexpr LastPlace kPrgPlace = {&FilesState::LastPrgDirectory, &FilesState::LastPrgName};
+
+// Styles lie where their arrangements do.
 constexpr std::array kKinds = {
-    FileKind{kKindArr, 1, kFilterArr, MenuId::mnuApriArr, MenuId::mnuArrU, ArrSlot, ArrWindow, ReadArr, OpenArr},
-    FileKind{kKindPrg, 3, kFilterPrg, MenuId::mnuApriPrg, MenuId::mnuPrgU, PrgSlot, PrgWindow, ReadPrg, OpenPrg},
-    FileKind{kKindNewPrg, kNoType, kNoFilter, MenuId::mnuNuovoPrg, MenuId::kCount, PrgSlot, PrgWindow, ReadNewPrg,
-             OpenNewPrg},
-    FileKind{kKindSty, 2, kFilterSty, MenuId::mnuApriSty, MenuId::kCount, StySlot, StyWindow, ReadSty, OpenSty,
-             kKindNewSty},
+    FileKind{.kind = kKindArr,
+             .type = kTypeArr,
+             .filter = kFilterArr,
+             .place = kArrPlace,
+             .open_entry = MenuId::mnuApriArr,
+             .user_entry = MenuId::mnuArrU,
+             .slot = ArrSlot,
+             .slot_keeps_read_only = true,
+             .window = ArrWindow,
+             .read = ReadArr,
+             .open = OpenArr,
+             .saving = &kArrSaving,
+             .new_kind = kKindNewArr,
+             .saved_alike = {kKindArrA, kKindArrB}},
+    FileKind{.kind = kKindPrg,
+             .type = kTypePrg,
+             .filter = kFilterPrg,
+             .place = kPrgPlace,
+             .open_entry = MenuId::mnuApriPrg,
+             .user_entry = MenuId::mnuPrgU,
+             .slot = PrgSlot,
+             .window = PrgWindow,
+             .read = ReadPrg,
+             .open = OpenPrg,
+             .saving = &kPrgSaving,
+             .saved_alike = {kKindPcg}},
+    FileKind{.kind = kKindNewPrg,
+             .type = kNoType,
+             .filter = kNoFilter,
+             .place = kPrgPlace,
+             .open_entry = MenuId::mnuNuovoPrg,
+             .slot = PrgSlot,
+             .window = PrgWindow,
+             .read = ReadNewPrg,
+             .open = OpenNewPrg,
+             .saving = &kPrgSaving},
+    FileKind{.kind = kKindSty,
+             .type = kTypeSty,
+             .filter = kFilterSty,
+             .place = kArrPlace,
+             .open_entry = MenuId::mnuApriSty,
+             .slot = StySlot,
+             .slot_keeps_read_only = true,
+             .window = StyWindow,
+             .read = ReadSty,
+             .open = OpenSty,
+             .saving = &kStySaving,
+             .new_kind = kKindNewSty},
 };
+
+bool Holds(const FileKind& row, int kind) {
+  return row.new_kind == kind ||
+         std::find(row.saved_alike.begin(), row.saved_alike.end(), kind) != row.saved_alike.end();
+}
 
 }  // namespace
 
@@ -100,13 +196,13 @@ std::span<const FileKind> FileKinds() {
 
 const FileKind* FileKindOf(int kind) {
   for (const FileKind& row : kKinds) {
-    if (row.kind == kind || (kind != 0 && row.new_kind == kind)) return &row;
+    if (row.kind == kind || (kind != 0 && Holds(row, kind))) return &row;
   }
   return nullptr;
 }
 
 ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::string& base) {
-  for (int number = 1; number <= kFileWindows; ++number) {
+  for (int number = 1; number <= kind.windows; ++number) {
     ChildWindow* window = kind.window(app, number);
     if (window != nullptr && WindowPath(window->window_image()) == base) return window;
   }
@@ -122,7 +218,7 @@ ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::s
 
 int FreeWindow(Application& app, int kind) {
   const FileKind* row = FileKindOf(kind);
-  for (int number = 1; row != nullptr && number <= kFileWindows; ++number) {
+  for (int number = 1; row != nullptr && number <= row->windows; ++number) {
     if (row->slot(app, number).state == 0) return number;
   }
   return 0;

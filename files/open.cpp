@@ -67,6 +67,9 @@ void ShowChosen(Application& app, const FileKind& kind, int number, const std::s
 // A path that is known already, so no dialog is shown.
 void OpenKnown(Application& app, const FileKind& kind, const std::string& path, bool read_only) {
   const int number = FreeWindow(app, kind.kind);
+  if (number == 0 && WindowOf(app, kind, WithoutExtension(path)) != nullptr) {
+    return ShowNamed(app, kMessageOpenAlready, path);
+  }
   if (number == 0 || !PathFits(app, path)) return;
   switch (ReadByFilter(app, kind.kind, kind.filter, path)) {
     case kChosen:
@@ -176,7 +179,7 @@ void ReopenWindow(Application& app, int kind, int entry) {
   const std::string path = FoundPath(app, *row, record);
   if (app.disk.Exists(path) && row->read(app, path) == kChosen) {
     // What programs keep there is their kind of window; they come back as files open now.
-    const bool read_only = kind == kKindPrg ? app.core.settings.RdOnly : record.second == 1;
+    const bool read_only = row->slot_keeps_read_only ? record.second == 1 : app.core.settings.RdOnly;
     row->open(app, number, record.path, read_only);
   } else {
     row->slot(app, number) = {};

@@ -12,15 +12,12 @@
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
-#include "program/api.h"
 #include "program/prg_format.h"
 #include "style/api.h"
 
 namespace zentaline {
 
 namespace {
-
-constexpr std::string_view kUntitled = "Untitled";
 
 // Filters of the save dialog, which count from 1. The first four are file types too.
 enum SaveFilter : int { kSaveArr = 1, kSaveSty, kSavePrg, kSavePgg, kSaveGbl, kSaveAll };
@@ -29,70 +26,23 @@ constexpr std::string_view kSaveFilters =
     "Arrangements (*.arr)|*.arr| Styles (*.sty)|*.sty| Programs (*.prg)|*.prg| Programs (*.pgg)| *.pgg|"
     " Global (*.gbl)| *.gbl| All files (*.*)|*.*|";
 
-// The kinds that are saved, by what they hold.
-enum class Content { kArrangements, kPrograms, kStyles };
-
-Content ContentOf(int kind) {
-  switch (kind) {
-    case kKindPrg:
-    case kKindNewPrg:
-    case kKindPcg:
-      return Content::kPrograms;
-    case kKindSty:
-    case kKindNewSty:
-      return Content::kStyles;
-    default:
-      return Content::kArrangements;
-  }
+const FileSaving* SavingOf(const Bytes& image) {
+  const FileKind* kind = FileKindOf(ByteAt(image, kKindPosition));
+  return kind == nullptr ? nullptr : kind->saving;
 }
 
-// The type of the window's own file, which for programs follows from the records.
-int OwnType(const Bytes& image) {
-  switch (ContentOf(ByteAt(image, kKindPosition))) {
-    case Content::kPrograms:
-      return ByteAt(image, kPggPosition) == 0 ? kTypePrg : kTypePgg;
-    case Content::kStyles:
-      return kTypeSty;
-    default:
-      return kTypeArr;
-  }
-}
-
-bool SaveContent(Application& app, Bytes& image) {
-  switch (ContentOf(ByteAt(image, kKindPosition))) {
-    case Content::kPrograms:
-      return SavePrgFile(app, image);
-    case Content::kStyles:
-      return SaveStyFile(app, image);
-    default:
-      return SaveArrFile(app, image);
-  }
-}
-
-ui::FileDialogRequest SaveRequest(const Application& app, const Bytes& image) {
+ui::FileDialogRequest SaveRequest(const Application& app, const FileKind& kind, const Bytes& image) {
+  const FileSaving& saving = *kind.saving;
   ui::FileDialogRequest request;
   request.save = true;
   request.title = GetText(app, kTextSaveAs);
   request.filters = ParseFilters(kSaveFilters);
   request.shows_read_only = false;
-  request.filter = OwnType(image);
+  request.filter = saving.type(image);
   request.default_extension = ExtensionOf(request.filter);
-  const std::string ending = "." + request.default_extension;
-  const bool is_new = ByteAt(image, kNeverSavedPosition) == 1;
-  switch (ContentOf(ByteAt(image, kKindPosition))) {
-    case Content::kPrograms:
-      request.directory = is_new ? app.files.LastPrgDirectory : FileDirectory(WindowPath(image));
-      request.name = std::string(is_new ? kUntitled : WindowBaseName(image)) + ending;
-      break;
-    case Content::kStyles:
-      request.directory = app.files.LastArrDirectory;
-      request.name = std::string(kUntitled) + ending;
-      break;
-    case Content::kArrangements:
-      request.directory = app.files.LastArrDirectory;
-      request.name = std::string(WindowPath(image)) + ending;
-      break;
-  }
+  const bool beside_file = saving.beside_file && ByteAt(image, kNeverSavedPosition) != 1;
+  request.directory = beside_file ? std::string(FileDirectory(WindowPath(image))) : app.files.*kind.place.directory;
+  request.name = saving.name(image) + "." + request.default_extension;
   return request;
 }
 
@@ -102,32 +52,27 @@ std::string BasePath(const std::string& path, int type, int other_type) {
   return found == type || found == other_type ? WithoutExtension(path) : path;
 }
 
-bool OpenElsewhere(Application& app, const ChildWindow& window, const std::string& base) {
-  const FileKind* kind = FileKindOf(window.Kind());
-  const ChildWindow* other = kind == nullptr ? nullptr : WindowOf(app, *kind, base);
+bool OpenElsewhere(Application& app, const FileKind& kind, const ChildWindow& window, const std::string& base) {
+  const ChildWindow* other = WindowOf(app, kind, base);
   return other != nullptr && other != &window;
 }
 
 // The window's file under another name, with all that belongs to it; on a failure the window keeps the old one.
-bool SaveWholeAs(Application& app, ChildWindow& window, const std::string& base) {
+bool SaveWholeAs(Application& app, const FileKind& kind, ChildWindow& window, const std::string& base) {
+  const FileSaving& saving = *kind.saving;
   Bytes image = window.window_image();
   PutWindowPath(image, base);
   for (const std::size_t position : {kReadOnlyPosition, kNoFilePosition, kNeverSavedPosition})
     PutByte(image, position, 0);
-  const bool arrangements = ContentOf(window.Kind()) == Content::kArrangements;
-  if (arrangements && ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
-  if (!SaveContent(app, image)) return false;
+  if (saving.has_parts && ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
+  if (!saving.save(app, image)) return false;
   window.window_image() = std::move(image);
   window.TakePath(base);
   window.FileSaved();
-  // An arrangement's slot keeps there whether it comes back read-only.
-  if (const FileKind* kind = FileKindOf(window.Kind()); arrangements && kind != nullptr) {
-    kind->slot(app, window.WindowNumber()).second = 0;
-  }
-  std::string& directory =
-      ContentOf(window.Kind()) == Content::kPrograms ? app.files.LastPrgDirectory : app.files.LastArrDirectory;
-  directory = FileDirectory(base);
-  AddRecentFile(app, base + "." + std::string(ExtensionOf(OwnType(window.window_image()))), false);
+  // A file of one's own comes back so that it can be written; windows of new files have slots of their own.
+  if (kind.slot_keeps_read_only && window.Kind() == kind.kind) kind.slot(app, window.WindowNumber()).second = 0;
+  app.files.*kind.place.directory = FileDirectory(base);
+  AddRecentFile(app, base + "." + std::string(ExtensionOf(saving.type(window.window_image()))), false);
   return true;
 }
 
@@ -146,23 +91,29 @@ bool SavePart(Application& app, const Bytes& image, const std::string& base, int
   return RemoveDataFile(app, base + "." + std::string(ExtensionOf(other)));
 }
 
-bool HasPart(const Bytes& image, int filter) {
-  if (ContentOf(ByteAt(image, kKindPosition)) != Content::kArrangements) return false;
+bool HasPart(const FileSaving& saving, const Bytes& image, int filter) {
+  if (!saving.has_parts) return false;
   if (filter == kSaveSty) return ByteAt(image, kStyStatePosition) != 0;
   return (filter == kSavePrg || filter == kSavePgg) && ByteAt(image, kPrgAttachedPosition) == 1;
 }
 
 // Whether the filter that was left selected is the window's own file.
-bool IsWhole(const Bytes& image, int filter) {
-  const bool programs = ContentOf(ByteAt(image, kKindPosition)) == Content::kPrograms;
-  return filter == kSaveAll || filter == OwnType(image) || (programs && (filter == kSavePrg || filter == kSavePgg));
+bool IsWhole(int own_type, int filter) {
+  const bool programs = own_type == kTypePrg || own_type == kTypePgg;
+  return filter == kSaveAll || filter == own_type || (programs && (filter == kSavePrg || filter == kSavePgg));
 }
 
 }  // namespace
 
 bool SaveFile(Application& app, ChildWindow& window) {
   if (ByteAt(window.window_image(), kNeverSavedPosition) == 1) return SaveFileAs(app, window);
-  const bool saved = SaveContent(app, window.window_image());
+  const FileSaving* saving = SavingOf(window.window_image());
+  if (saving == nullptr) return false;
+  if (saving->keeps_read_only && window.ReadOnly()) {
+    ShowMessage(app, kMessageReadOnlyFile, ShownPath(window.BaseName()), {});
+    return false;
+  }
+  const bool saved = saving->save(app, window.window_image());
   if (saved) {
     PutByte(window.window_image(), kNoFilePosition, 0);
     window.FileSaved();
@@ -173,14 +124,17 @@ bool SaveFile(Application& app, ChildWindow& window) {
 
 bool SaveFileAs(Application& app, ChildWindow& window) {
   const Bytes& image = window.window_image();
-  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(SaveRequest(app, image));
+  const FileKind* kind = FileKindOf(window.Kind());
+  if (kind == nullptr || kind->saving == nullptr) return false;
+  const FileSaving& saving = *kind->saving;
+  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(SaveRequest(app, *kind, image));
   if (answer.cancelled || answer.path.empty()) return false;
   // The selected filter decides what is written.
-  const bool whole = IsWhole(image, answer.filter);
-  const int type = whole ? OwnType(image) : answer.filter;
+  const bool whole = IsWhole(saving.type(image), answer.filter);
+  const int type = whole ? saving.type(image) : answer.filter;
   const bool programs = type == kTypePrg || type == kTypePgg;
   const std::string base = BasePath(answer.path, type, programs ? kTypePrg + kTypePgg - type : type);
-  if (!CanKeep(base) || FileBaseName(base).empty() || (!whole && !HasPart(image, answer.filter))) {
+  if (!CanKeep(base) || FileBaseName(base).empty() || (!whole && !HasPart(saving, image, answer.filter))) {
     ShowNameNotValid(app, answer.path);
     return false;
   }
@@ -189,11 +143,11 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
     // The window's own file isn't saved by that: it stays open, and changed.
     return false;
   }
-  if (OpenElsewhere(app, window, base)) {
+  if (OpenElsewhere(app, *kind, window, base)) {
     ShowMessage(app, kMessageOpenAlready, ShownPath(FileBaseName(answer.path)), {});
     return false;
   }
-  const bool saved = SaveWholeAs(app, window, base);
+  const bool saved = SaveWholeAs(app, *kind, window, base);
   if (app.main != nullptr) app.main->RefreshMenus();
   return saved;
 }
