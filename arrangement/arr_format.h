@@ -7,72 +7,16 @@
 #include <string_view>
 
 #include "base/bytes.h"
+#include "record/arrangement_places.h"
 
 namespace zentaline {
 
 inline constexpr std::size_t kArrFileLength = 10528;
 inline constexpr std::size_t kArrHeaderLength = 32;
-inline constexpr std::size_t kArrRecordLength = 164;
 inline constexpr int kArrRecordCount = 64;
 inline constexpr std::size_t kArrRecordsLength = 64 * kArrRecordLength;
-inline constexpr std::size_t kArrNameLength = 16;
-inline constexpr int kArrPartCount = 9;
-
-// Offsets within a record.
-namespace arr_record {
-inline constexpr std::size_t kName = 0;               // 16 bytes; a first byte of 0: never written
-inline constexpr std::size_t kStyleNumber = 17;       // user style 0 to 15; factory style 0 to 127, from 64 on bank B
-inline constexpr std::size_t kStyleLocation = 18;     // 1 user style, anything else factory style
-inline constexpr std::size_t kInitialVariation = 19;  // 0 to 3
-inline constexpr std::size_t kTempo = 21;             // beats a minute less 30, 10 to 210
-inline constexpr std::size_t kKeyboardAssign = 22;    // 0 to 10
-inline constexpr std::size_t kSplitPoint = 23;        // MIDI note 36 to 96
-inline constexpr std::size_t kEnsemble = 24;          // bits 0 to 6 type 0 to 9, bit 7 on
-inline constexpr std::size_t kTranspose = 25;         // 0 to 11; 255 down to 245 for -1 to -11
-inline constexpr std::size_t kManualDrumKit = 26;     // 0 to 7
-inline constexpr std::size_t kSwitches1 = 27;         // bits: 0 dynamic velocity, 1 tempo lock, 2, 3 KBD1, KBD2 damp en
-inline constexpr std::size_t kSwitches2 = 28;  // bits: 0, 1 chord scan low, high, 2 bass inversion, 3 hold, 4 latch
-inline constexpr std::size_t kDrumMap = 29;    // 4 bytes, VAR1 to VAR4, 1 to 8
-inline constexpr std::size_t kKick = 33;       // 0 to 3, A to D
-inline constexpr std::size_t kSnare = 34;      // 0 to 3, A to D
-inline constexpr std::size_t kFill1 = 37;      // 0 to 12
-inline constexpr std::size_t kFill2 = 38;      // 0 to 12
-inline constexpr std::size_t kParts = 39;      // nine blocks of 8 bytes
-inline constexpr std::size_t kEffect1 = 135;   // 0 to 47, 0 no effect
-inline constexpr std::size_t kEffect2 = 136;   // the same
-}  // namespace arr_record
-
-enum ArrPart : int {
-  kPartDrum = 0,
-  kPartPercussion = 1,
-  kPartBass = 2,
-  kPartAcc1 = 3,
-  kPartAcc2 = 4,
-  kPartAcc3 = 5,
-  kPartUpper1 = 6,
-  kPartUpper2 = 7,
-  kPartLower = 8,
-};
-
-// Offsets within a part block.
-namespace part_block {
-inline constexpr std::size_t kLength = 8;
-inline constexpr std::size_t kProgram = 0;     // 0 to 127 within the bank code; codes 3 and 4: a place in the list
-inline constexpr std::size_t kBankCode = 1;    // 0 banks A, B; 1 C, D; 2 E; 3 F/User; 4 drum kits
-inline constexpr std::size_t kVolume = 2;      // 0 to 127
-inline constexpr std::size_t kPan = 3;         // 0 to 14 left 15 to 1; 15 centre; 16 to 30 right; 31 program's; 255 off
-inline constexpr std::size_t kSends = 4;       // low nibble C, high nibble D; 0 to 9, 10 program's
-inline constexpr std::size_t kOctave = 5;      // 0, 1, 2; 255, 254 for -1, -2
-inline constexpr std::size_t kStatus = 6;      // bits 0, 1: off, int, ext, both; bits 2, 3: play, mute, solo
-inline constexpr std::size_t kWrapAround = 7;  // 0 to 11 for 1 to 12; 255 original
-}  // namespace part_block
 
 inline constexpr int kUserStyleLocation = 1;
-
-// Offset of part 0 to 8 in the record.
-constexpr std::size_t PartOffset(int part) {
-  return arr_record::kParts + part_block::kLength * static_cast<std::size_t>(part);
-}
 
 // The image of an arrangement window. The control bytes are those of core/window_image.h; position 3 is always 2. The
 // banks' images end behind the row table.

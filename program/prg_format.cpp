@@ -26,22 +26,6 @@ PrgReadResult CheckLengthAnd(std::string_view file, bool signature_fits, PrgRead
 
 }  // namespace
 
-int PolarityIndex(int byte, int field) {
-  const bool low = (byte >> field & 1) != 0;
-  const bool high = (byte >> (field + 4) & 1) != 0;
-  if (!low) return 1;
-  return high ? 0 : 2;
-}
-
-int PolarityByte(int byte, int field, int list_index) {
-  const int low = 1 << field;
-  const int high = 1 << (field + 4);
-  byte &= ~(low | high);
-  if (list_index == 0) byte |= low | high;
-  if (list_index == 2) byte |= low;
-  return byte & 0xFF;
-}
-
 PrgReadResult CheckProgramFile(std::string_view file) {
   return CheckLengthAnd(file, file.starts_with(kPrgMagic) || file.starts_with(kPggMagic), kPrgGood);
 }

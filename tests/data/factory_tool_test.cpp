@@ -99,8 +99,8 @@ TEST_F(FactoryTool, RefusesAStyleThatTheExampleDoesNotHave) {
 }
 
 TEST_F(FactoryTool, RefusesAProgramSettingThatIsNotKnown) {
-  Change("programs.txt", "cutoff 80; filter.eg 20", "cutof 80; filter.eg 20");
-  ExpectRefused("programs.txt:", "cutof 80");
+  Change("programs.txt", "vdf.cutoff 80; vdf.eg 20", "vdf.cutof 80; vdf.eg 20");
+  ExpectRefused("programs.txt:", "vdf.cutof 80");
 }
 
 TEST_F(FactoryTool, RefusesALongLineInTheGuide) {

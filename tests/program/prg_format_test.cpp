@@ -226,27 +226,6 @@ TEST(PrgNumbers, EachBankCodeHasItsLetterAndIndex) {
   }
 }
 
-TEST(PrgPolarity, EachFieldReadsMinusZeroAndPlus) {
-  EXPECT_EQ(PolarityIndex(0x00, 0), 1);
-  EXPECT_EQ(PolarityIndex(0x11, 0), 0);
-  EXPECT_EQ(PolarityIndex(0x01, 0), 2);
-  EXPECT_EQ(PolarityIndex(0x88, 3), 0);
-  EXPECT_EQ(PolarityIndex(0x08, 3), 2);
-  EXPECT_EQ(PolarityIndex(0x44, 2), 0);
-  EXPECT_EQ(PolarityIndex(0x02, 1), 2);
-}
-
-TEST(PrgPolarity, AFieldIsWrittenWithoutTouchingTheOthers) {
-  for (int byte = 0; byte < 256; ++byte) {
-    for (int field = 0; field < 4; ++field) {
-      const int own = 0x11 << field;
-      EXPECT_EQ(PolarityByte(byte, field, 0), byte | own);
-      EXPECT_EQ(PolarityByte(byte, field, 1), byte & ~own);
-      EXPECT_EQ(PolarityByte(byte, field, 2), (byte & ~own) | (1 << field));
-    }
-  }
-}
-
 // The blocks of the record follow one another without a gap.
 TEST(PrgLayout, PositionsOfTheRecordAddUp) {
   EXPECT_EQ(program_record::kOsc1 + osc_block::kLength, program_record::kOsc2);

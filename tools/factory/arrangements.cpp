@@ -5,52 +5,39 @@
 #include "data/choices.h"
 #include "data/names.h"
 #include "program/prg_format.h"
+#include "record/arrangement_fields.h"
+#include "record/field_text.h"
+#include "tools/factory/settings.h"
 #include "tools/factory/sounds.h"
 
 namespace zentaline::factory {
 namespace {
 
-constexpr std::array<std::string_view, kArrPartCount> kPartNames = {"drum", "percussion", "bass",   "acc1", "acc2",
-                                                                    "acc3", "upper1",     "upper2", "lower"};
+// The fields that the lines of switches name.
+constexpr std::string_view kSwitchKeys = "switch.";
 
-struct Switch {
-  std::string_view name;
-  std::size_t offset;
-  int bit;
-};
-constexpr Switch kSwitches[] = {
-    {"Dynamic Velocity", arr_record::kSwitches1, 0}, {"Tempo Lock", arr_record::kSwitches1, 1},
-    {"KBD1 Damp En", arr_record::kSwitches1, 2},     {"KBD2 Damp En", arr_record::kSwitches1, 3},
-    {"Chord Scan Low", arr_record::kSwitches2, 0},   {"Chord Scan High", arr_record::kSwitches2, 1},
-    {"Bass Inversion", arr_record::kSwitches2, 2},   {"Chord Hold", arr_record::kSwitches2, 3},
-    {"Chord Latch", arr_record::kSwitches2, 4},
-};
-
-int Field(const Bytes& record, std::size_t offset) {
+int ByteOf(const Bytes& record, std::size_t offset) {
   return ByteAt(record, offset + 1);
 }
 void PutField(Bytes& record, std::size_t offset, int value) {
   PutByte(record, offset + 1, value);
 }
 
-// "C4" is 60; letter, optional "#", octave.
-std::optional<int> NoteOf(std::string_view text) {
-  constexpr std::string_view names = "C D EF G A B";
-  if (text.size() < 2) return std::nullopt;
-  const std::size_t note = text[0] == ' ' ? std::string_view::npos : names.find(text[0]);
-  const bool sharp = text[1] == '#';
-  const std::optional<int> octave = NumberOf(text.substr(sharp ? 2 : 1));
-  if (note == std::string_view::npos || !octave) return std::nullopt;
-  return (*octave + 1) * 12 + static_cast<int>(note) + (sharp ? 1 : 0);
+bool Put(std::string_view key, std::string_view text, Bytes& record) {
+  return ApplySetting(kArrangementFields, key, text, record);
 }
 
-std::optional<int> InRange(std::optional<int> value, int low, int high) {
-  return value && *value >= low && *value <= high ? value : std::nullopt;
-}
-
-// A send level: 0 to 9, or the program's own.
-std::optional<int> SendOf(std::string_view text) {
-  return text == "PRG" ? 10 : InRange(NumberOf(text), 0, 9);
+// The switches of this list are on, all others off.
+bool PutSwitches(std::string_view list, Bytes& record) {
+  const std::vector<std::string_view> names = SplitAt(list, ',');
+  std::size_t found = 0;
+  for (const Field& field : kArrCommonFields) {
+    if (!field.key.starts_with(kSwitchKeys)) continue;
+    const bool on = std::find(names.begin(), names.end(), field.name) != names.end();
+    StoreAt(field, record, 1, on ? 1 : 0);
+    if (on) ++found;
+  }
+  return found == names.size();
 }
 
 // What a field holds before any setting speaks of it.
@@ -67,15 +54,15 @@ Bytes NewRecord() {
 // The fields that no setting forces to be told.
 std::string Missing(const Bytes& record) {
   std::string missing;
-  if (Field(record, arr_record::kTempo) < 10) missing += " tempo";
-  if (Field(record, arr_record::kSplitPoint) < 36) missing += " split";
+  if (ByteOf(record, arr_record::kTempo) < 10) missing += " tempo";
+  if (ByteOf(record, arr_record::kSplitPoint) < 36) missing += " split";
   for (std::size_t variation = 0; variation < 4; ++variation) {
-    if (Field(record, arr_record::kDrumMap + variation) == 0) missing += " map";
+    if (ByteOf(record, arr_record::kDrumMap + variation) == 0) missing += " map";
   }
   for (int part = 0; part < kArrPartCount; ++part) {
-    const bool kit = Field(record, PartOffset(part) + part_block::kBankCode) == kDrumBankCode;
+    const bool kit = ByteOf(record, PartOffset(part) + part_block::kBankCode) == kDrumBankCode;
     if (kit != (part <= kPartPercussion)) missing += " (kit or program of the wrong kind)";
-    if (Field(record, PartOffset(part) + part_block::kVolume) == 0) missing += " volume";
+    if (ByteOf(record, PartOffset(part) + part_block::kVolume) == 0) missing += " volume";
   }
   return missing;
 }
@@ -167,90 +154,41 @@ void ArrangementTables::ApplySettings(const SourceLine& line, std::string_view s
 bool ArrangementTables::ApplySetting(std::string_view setting, Bytes& record, std::string& problem) {
   std::string_view rest;
   const std::string_view key = FirstWord(setting, rest);
-  if (const std::optional<int> part = IndexIn(kPartNames, key)) return ApplyPart(*part, rest, record, problem);
+  if (const std::optional<int> part = IndexIn(kPartTags, key)) return ApplyPart(*part, rest, record, problem);
   if (key == "style") return SetStyle(rest, record, problem);
-
-  const auto put = [&record](std::size_t offset, std::optional<int> value) {
-    if (value) PutField(record, offset, *value);
-    return value.has_value();
-  };
-  const auto less = [](std::optional<int> value, int by) { return value ? std::optional<int>(*value - by) : value; };
-  if (key == "keyboard") return put(arr_record::kKeyboardAssign, IndexIn(kKeyboardAssigns, rest));
-  if (key == "split") return put(arr_record::kSplitPoint, InRange(NoteOf(rest), 36, 96));
-  if (key == "variation") return put(arr_record::kInitialVariation, less(InRange(NumberOf(rest), 1, 4), 1));
-  if (key == "tempo") return put(arr_record::kTempo, less(InRange(NumberOf(rest), 40, 240), 30));
-  if (key == "transpose") return put(arr_record::kTranspose, InRange(NumberOf(rest), -11, 11));
-  if (key == "kick") return put(arr_record::kKick, IndexIn(kDesignations, rest));
-  if (key == "snare") return put(arr_record::kSnare, IndexIn(kDesignations, rest));
-  if (key == "fill1") return put(arr_record::kFill1, IndexIn(kFills, rest));
-  if (key == "fill2") return put(arr_record::kFill2, IndexIn(kFills, rest));
-  if (key == "effect1") return put(arr_record::kEffect1, EffectOf(rest));
-  if (key == "effect2") return put(arr_record::kEffect2, EffectOf(rest));
-  if (key == "manual" && rest.starts_with("Dr")) {
-    return put(arr_record::kManualDrumKit, InRange(PlaceOf(rest.substr(2)), 0, 7));
-  }
+  if (key == "switches") return PutSwitches(rest, record);
   if (key == "ensemble") {
-    const bool on = rest.ends_with(" on");
-    if (!on && !rest.ends_with(" off")) return false;
-    const std::optional<int> type = IndexIn(kEnsembles, Trim(rest.substr(0, rest.size() - (on ? 3 : 4))));
-    return put(arr_record::kEnsemble, type ? std::optional<int>(*type | (on ? 0x80 : 0)) : type);
+    const std::size_t last = rest.rfind(' ');
+    if (last == std::string_view::npos) return false;
+    const std::string_view on = rest.substr(last + 1);
+    if (on != "on" && on != "off") return false;
+    return Put("ensemble.type", rest.substr(0, last), record) && Put("ensemble.on", on == "on" ? "ON" : "OFF", record);
   }
   if (key == "map") {
     const std::vector<std::string_view> maps = SplitAt(rest, ' ');
-    if (maps.size() != 4) return false;
-    for (std::size_t i = 0; i < 4; ++i) {
-      if (!put(arr_record::kDrumMap + i, InRange(NumberOf(maps[i]), 1, 8))) return false;
+    if (maps.size() != kMapTags.size()) return false;
+    for (std::size_t i = 0; i < maps.size(); ++i) {
+      if (!Put("map" + std::string(kMapTags[i]), maps[i], record)) return false;
     }
     return true;
   }
-  if (key == "switches") {
-    PutField(record, arr_record::kSwitches1, 0);
-    PutField(record, arr_record::kSwitches2, 0);
-    for (std::string_view name : SplitAt(rest, ',')) {
-      bool known = false;
-      for (const Switch& entry : kSwitches) {
-        if (entry.name != name) continue;
-        PutField(record, entry.offset, Field(record, entry.offset) | 1 << entry.bit);
-        known = true;
-      }
-      if (!known) return false;
-    }
-    return true;
-  }
-  return false;
+  return Put(key, rest, record);
 }
 
 bool ArrangementTables::ApplyPart(int part, std::string_view rest, Bytes& record, std::string& problem) {
-  const std::size_t block = PartOffset(part);
+  const std::string block = std::string(kPartTags[static_cast<std::size_t>(part)]) + ".";
   std::string_view value;
   const std::string_view word = FirstWord(rest, value);
-  const auto put = [&record, block](std::size_t offset, std::optional<int> number) {
-    if (number) PutField(record, block + offset, *number);
-    return number.has_value();
-  };
   if (word == "sound") return SetSound(part, value, record, problem);
-  if (word == "octave") return put(part_block::kOctave, InRange(NumberOf(value), -2, 2));
-  if (word == "wrap") {
-    const std::optional<int> note = InRange(NumberOf(value), 1, 12);
-    return put(part_block::kWrapAround, value == "ORG" ? 255 : note ? std::optional<int>(*note - 1) : note);
-  }
-  if (word == "out" || word == "play") {
-    const std::optional<int> index = word == "out" ? IndexIn(kOutStatus1, value) : IndexIn(kOutStatus2, value);
-    if (!index) return false;
-    const int old = Field(record, block + part_block::kStatus);
-    return put(part_block::kStatus, word == "out" ? (old & 0xC) | *index : (old & 3) | *index << 2);
-  }
+  if (Put(block + std::string(word), value, record)) return true;
 
+  // The mix: volume, pan and the two sends.
   std::vector<std::string_view> mix;
   for (std::string_view piece : SplitAt(rest, ' ')) {
     if (!piece.empty()) mix.push_back(piece);
   }
-  if (mix.size() != 4) return false;
-  const std::optional<int> c_send = SendOf(mix[2]);
-  const std::optional<int> d_send = SendOf(mix[3]);
-  if (!c_send || !d_send) return false;
-  return put(part_block::kVolume, InRange(NumberOf(mix[0]), 0, 127)) &&
-         put(part_block::kPan, mix[1] == "PRG" ? 31 : PanOf(mix[1])) && put(part_block::kSends, *c_send | *d_send << 4);
+  return mix.size() == 4 && Put(block + "volume", mix[0], record) && Put(block + "pan", mix[1], record) &&
+         Put(block + "csend", mix[2], record) && Put(block + "dsend", mix[3], record);
 }
 
 bool ArrangementTables::SetSound(int part, std::string_view name, Bytes& record, std::string& problem) {

@@ -1,6 +1,7 @@
 #include "tools/factory/programs.h"
 
-#include "tools/factory/program_fields.h"
+#include "record/program_fields.h"
+#include "tools/factory/settings.h"
 
 namespace zentaline::factory {
 namespace {
@@ -72,10 +73,15 @@ bool ProgramTables::MakeLink(const SourceLine& line, std::string_view sound_name
 
 void ProgramTables::ApplySettings(const SourceLine& line, std::string_view settings, Bytes& record) {
   for (std::string_view setting : SplitAt(settings, ';')) {
-    if (!ApplyProgramSetting(setting, record)) {
+    std::string_view text;
+    const std::string_view key = FirstWord(setting, text);
+    if (!ApplySetting(kProgramFields, key, text, record)) {
       problems_.Add(line, "a setting that isn't known or out of its range: " + std::string(setting));
     }
   }
+  // The performance editor keeps a second copy of each balance beside the first.
+  PutByte(record, program_record::kFx1BalanceCopy, ByteAt(record, program_record::kFx1Balance));
+  PutByte(record, program_record::kFx2BalanceCopy, ByteAt(record, program_record::kFx2Balance));
 }
 
 OwnPrograms ProgramTables::NamesBeside(std::string_view file) const {

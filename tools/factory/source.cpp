@@ -6,7 +6,6 @@
 #include <sstream>
 
 #include "base/posix_disk.h"
-#include "data/choices.h"
 
 namespace zentaline::factory {
 
@@ -93,21 +92,6 @@ std::optional<int> NumberOf(std::string_view text) {
 std::optional<int> PlaceOf(std::string_view text) {
   if (text.size() != 2 || text[0] < '1' || text[0] > '8' || text[1] < '1' || text[1] > '8') return std::nullopt;
   return (text[0] - '1') * 8 + text[1] - '1';
-}
-
-std::optional<int> EffectOf(std::string_view name) {
-  const std::optional<int> index = IndexIn(kEffects, name);
-  if (!index) return std::nullopt;
-  return static_cast<int>(kEffects.size()) - 1 - *index;
-}
-
-std::optional<int> PanOf(std::string_view text) {
-  if (text == "OFF") return 255;
-  if (text == "CNT") return 15;
-  if (text.size() < 2 || (text[0] != 'L' && text[0] != 'R')) return std::nullopt;
-  const std::optional<int> steps = NumberOf(text.substr(1));
-  if (!steps || *steps < 1 || *steps > 15) return std::nullopt;
-  return text[0] == 'L' ? 15 - *steps : 15 + *steps;
 }
 
 }  // namespace zentaline::factory

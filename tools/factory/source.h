@@ -62,10 +62,4 @@ std::optional<int> IndexIn(const List& list, std::string_view name) {
   return std::nullopt;
 }
 
-// The number of an effect, 0 to 47, by its name; the list of the names runs downwards.
-std::optional<int> EffectOf(std::string_view name);
-
-// "L15" to "L1", "CNT", "R1" to "R15" as 0 to 30, "OFF" as 255.
-std::optional<int> PanOf(std::string_view text);
-
 }  // namespace zentaline::factory
