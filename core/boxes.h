@@ -20,7 +20,7 @@ std::string WithName(std::string_view text, std::string_view name);
 // The box of a message code, 0 to 38; code 1 shows `name` alone.
 void ShowMessage(Application& app, int code, const std::string& title, const std::string& name);
 
-// A question with Yes and No, codes 0 to 3; code 0 shows `name`. Without a title it has the caption of the window in
+// A question with Yes and No, codes 0 to 4; code 0 shows `name`. Without a title it has the caption of the window in
 // front.
 ui::BoxAnswer AskYesNo(Application& app, int code, const std::string& name = {}, const std::string& title = {});
 

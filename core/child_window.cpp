@@ -8,6 +8,7 @@
 #include "data/message_codes.h"
 #include "data/texts.h"
 #include "data/tooltips.h"
+#include "program/api.h"
 
 namespace zentaline {
 
@@ -33,6 +34,7 @@ std::string ChildWindow::BaseName() const {
 
 void ChildWindow::Activated() {
   if (app_.main != nullptr) app_.main->RefreshMenus();
+  ProgramEditorLeft(app_, *this);
 }
 
 void ChildWindow::Load() {

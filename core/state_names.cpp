@@ -69,6 +69,14 @@ constexpr NumberRow kNumbers[] = {
     {"EditorFilling", [](const Application& app) -> long { return app.arrangement.EditorFilling; }},
     {"EditorCloseRefused", [](const Application& app) -> long { return app.arrangement.EditorCloseRefused; }},
     {"UserProgram", [](const Application& app) -> long { return app.program.UserProgram; }},
+    {"EditOsc", [](const Application& app) -> long { return app.program.EditOsc; }},
+    {"PrgEditorOpen", [](const Application& app) -> long { return app.program.PrgEditorOpen; }},
+    {"ProgramChanged", [](const Application& app) -> long { return app.program.ProgramChanged; }},
+    {"ProgramFilling", [](const Application& app) -> long { return app.program.ProgramFilling; }},
+    {"MultisoundTarget", [](const Application& app) -> long { return app.program.MultisoundTarget; }},
+    {"PerfOpen", [](const Application& app) -> long { return app.program.PerfOpen; }},
+    {"PerfResetting", [](const Application& app) -> long { return app.program.PerfResetting; }},
+    {"PerfSilent", [](const Application& app) -> long { return app.program.PerfSilent; }},
     {"DBWindowOpen", [](const Application& app) -> long { return app.arrangement.DBWindowOpen; }},
     {"SilentStart", [](const Application& app) -> long { return app.arrangement.SilentStart; }},
     {"ArrFileId", [](const Application& app) -> long { return app.arrangement.ArrFileId; }},
@@ -129,6 +137,8 @@ std::optional<StateValue> ReadState(const Application& app, std::string_view nam
     if (auto entry = ReadEntry(name, "ArrPartSlots", app.arrangement.ArrPartSlots)) return entry;
     if (auto entry = ReadEntry(name, "PartMuted", app.arrangement.PartMuted)) return entry;
     if (auto entry = ReadEntry(name, "PartSoloed", app.arrangement.PartSoloed)) return entry;
+    if (auto entry = ReadEntry(name, "PerfBase", app.program.PerfBase)) return entry;
+    if (auto entry = ReadEntry(name, "PerfStepValue", app.program.PerfStepValue)) return entry;
   }
   for (const NumberRow& row : kNumbers) {
     if (row.name == name) return StateValue(row.read(app));

@@ -15,7 +15,7 @@ constexpr std::array<int, 39> kMessageTexts = {
 
 constexpr std::array<int, 10> kWaitTexts = {0, 10, 11, 12, 13, 124, 96, 99, 101, 89};
 
-constexpr std::array<QuestionTexts, 4> kYesNoTexts = {{{0, 0}, {52, 127}, {94, 127}, {97, 0}}};
+constexpr std::array<QuestionTexts, 5> kYesNoTexts = {{{0, 0}, {52, 127}, {94, 127}, {97, 0}, {126, 127}}};
 constexpr std::array<QuestionTexts, 4> kYesNoCancelTexts = {{{0, 0}, {52, 53}, {94, 53}, {126, 53}}};
 
 template <typename Table>

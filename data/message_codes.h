@@ -27,11 +27,13 @@ inline constexpr int kWaitLoadingSty = 2;
 inline constexpr int kWaitLoadingArr = 3;
 inline constexpr int kWaitLoadingPrg = 4;
 inline constexpr int kWaitUpdate = 8;
-// Of the questions: AskYesNo (keep, directory) and AskYesNoCancel (save).
+// Of the questions: AskYesNo (keep, directory, program) and AskYesNoCancel (save).
 inline constexpr int kAskFileSave = 1;
 inline constexpr int kAskArrKeep = 2;
 inline constexpr int kAskArrSave = 2;
 inline constexpr int kAskDirectory = 3;
+inline constexpr int kAskPrgKeep = 4;
+inline constexpr int kAskPrgSave = 3;
 
 // ShowMessage codes 0 to 38. The text's Italian id; 0 for a code that is not in use (11, 37 and any outside the range).
 int MessageTextId(int code);
@@ -46,7 +48,7 @@ struct QuestionTexts {
   int second;
 };
 
-// AskYesNo codes 0 to 3.
+// AskYesNo codes 0 to 4.
 QuestionTexts YesNoTexts(int code);
 
 // AskYesNoCancel codes 0 to 3.

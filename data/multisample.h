@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace zentaline {
 
@@ -15,5 +16,9 @@ inline constexpr unsigned char kMultisampleStart = 0x4B;
 // Scrambles whole records in place, and unscrambles what was scrambled. A rest at the end that is no whole record is
 // treated like the beginning of one.
 void ScrambleMultisamples(std::string& records);
+
+// Record 0 to 518 of a scrambled list, as it stands in the file but for the two blanks behind its number. A record that
+// the list doesn't hold whole is its three digits and blanks.
+std::string MultisampleRecord(std::string_view scrambled, int n);
 
 }  // namespace zentaline

@@ -45,8 +45,18 @@ ChildWindow& OpenNewPrgWindow(Application& app, int number);
 // Brings window 9 to the front with the programs of the file of this path, opening it when it isn't open.
 void ShowUserPrograms(Application& app, const std::string& path, bool pgg);
 
-// Copies record 0 to 63 of a window's image to EditRecord.
+// --- The program under edit ---
+
+// Copies record 0 to 63 of a window's image to EditRecord, whose values the performance editor then starts from.
 void LoadEditRecord(Application& app, const Bytes& image, int index);
+// Puts EditRecord back into the image it came from: 0 done, 1 the window is read-only (shown), 2 no such window.
+int CommitProgram(Application& app);
+// Tells the instrument which oscillator the next message is about, 1 or 2, and shows it in the editor.
+void SelectOscillator(Application& app, int osc);
+// Closes the editors whose record came from this window; false when one refuses.
+bool CloseProgramEditorsOf(Application& app, const ChildWindow& bank);
+// A child window has come to the front: away from the editor and its list of sounds no box waits for a sound visibly.
+void ProgramEditorLeft(Application& app, const ChildWindow& front);
 
 // The banks that the instrument holds for good, and the menu entries that show them: kinds 4 to 10.
 struct ProgramBank {

@@ -254,6 +254,7 @@ void frmPrgUN::Resized() {
 }
 
 bool frmPrgUN::QueryClose() {
+  if (!CloseProgramEditorsOf(app(), *this)) return false;
   if (ByteAt(window_image(), kPrgChangedPosition) == 0) return true;
   if (!SaveBeforeClosing(app(), *this)) return false;
   PutByte(window_image(), kPrgChangedPosition, 0);

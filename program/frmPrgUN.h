@@ -22,6 +22,8 @@ class frmPrgUN : public ProgramListWindow {
   bool CanSave() const override;
   void ShowName() override;
   void FileSaved() override { channel_chosen_ = false; }
+  // Rewrites the name in a row from its record; nobody hears it.
+  void ShowProgramName(int row) { List1.SetRowText(row, RowText(row)); }
 
   void Load() override;
   void Resized() override;

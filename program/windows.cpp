@@ -12,6 +12,7 @@
 #include "program/frmPcgAE.h"
 #include "program/frmPrgUN.h"
 #include "program/prg_format.h"
+#include "program/windows.h"
 
 namespace zentaline {
 
@@ -75,8 +76,8 @@ void ShowUserPrograms(Application& app, const std::string& path, bool pgg) {
   if (ChildWindow* shown = app.prg_windows[kInstrumentWindow]) app.toolkit.Activate(*shown);
 }
 
-void LoadEditRecord(Application& app, const Bytes& image, int index) {
-  app.program.EditRecord = MakeEditRecord(image, index);
+void ShowProgramName(ChildWindow& bank, int row) {
+  static_cast<frmPrgUN&>(bank).ShowProgramName(row);
 }
 
 std::span<const ProgramBank> ProgramBanks() {

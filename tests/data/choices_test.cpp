@@ -57,5 +57,16 @@ TEST(Multisamples, ScramblingTwiceGivesTheRecordsBack) {
   EXPECT_EQ(none, "");
 }
 
+// A record that isn't whole would be taken for another's: "51" of "518".
+TEST(Multisamples, ARecordThatIsMissingIsItsNumberAndBlanks) {
+  std::string list = "000--Grand     002  Upright   00";
+  ScrambleMultisamples(list);
+  EXPECT_EQ(MultisampleRecord(list, 0), "000  Grand     ");
+  EXPECT_EQ(MultisampleRecord(list, 1), "002  Upright   ") << "never renumbered";
+  EXPECT_EQ(MultisampleRecord(list, 2), "002            ");
+  EXPECT_EQ(MultisampleRecord("", 7), "007            ");
+  EXPECT_EQ(MultisampleRecord("", 518), "518            ");
+}
+
 }  // namespace
 }  // namespace zentaline

@@ -80,7 +80,8 @@ TEST(MessageCodes, QuestionsWithYesAndNo) {
   EXPECT_EQ(Joined(YesNoTexts(1)), "The file has changed\nKeep changes ?");
   EXPECT_EQ(Joined(YesNoTexts(2)), "The Arrangement has changed.\nKeep changes ?");
   EXPECT_EQ(Joined(YesNoTexts(3)), "Choose the directory of the opened file as working directory of i40DBArr?");
-  EXPECT_EQ(YesNoTexts(4).first, 0);
+  EXPECT_EQ(Joined(YesNoTexts(4)), "The Program has changed.\nKeep changes ?");
+  EXPECT_EQ(YesNoTexts(5).first, 0);
   EXPECT_EQ(YesNoTexts(-1).first, 0);
 }
 

@@ -1,0 +1,183 @@
+// The program under edit, as the windows around it share it.
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/main_window.h"
+#include "core/window_image.h"
+#include "data/message_codes.h"
+#include "data/multisample.h"
+#include "midi/api.h"
+#include "program/api.h"
+#include "program/prg_format.h"
+#include "program/windows.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr char kEditorName[] = "frmEditPrg";
+constexpr char kSoundListName[] = "frmMultisample";
+
+constexpr int kMultisoundBoxes[] = {1, 2};
+
+// The box that waits for a sound, and the other one.
+constexpr ui::Colour kWaitingBack = 0xFFFF00;
+constexpr ui::Colour kWaitingFore = 0x000000;
+constexpr ui::Colour kOtherBack = 0x000000;
+constexpr ui::Colour kOtherFore = 0x00FF00;
+
+// Positions of what PerfBase keeps, in its order.
+constexpr std::array<std::size_t, kPerfEntries / 2> kFirstPerfPositions = {
+    program_record::kOsc1 + osc_block::kPitchMgIntensity,
+    program_record::kOsc1 + osc_block::kVdfCutoff,
+    program_record::kOsc1 + osc_block::kVdfEgIntensity,
+    program_record::kOsc1 + osc_block::kVdaEgAttackTime,
+    program_record::kOsc1 + osc_block::kVdfEgReleaseTime,
+    program_record::kOsc1 + osc_block::kVdaOscLevel,
+    program_record::kOsc1 + osc_block::kVdfEgIntVelSense,
+    program_record::kFx1Balance,
+    program_record::kOsc1 + osc_block::kVdaEgReleaseTime,
+    program_record::kOsc1 + osc_block::kVdaAmountVelSense,
+    program_record::kFx2Balance,
+};
+
+// Of the second half: oscillator 2's twin, or the copy beside a balance.
+constexpr std::size_t SecondPerfPosition(std::size_t first) {
+  return first >= program_record::kFx1Balance ? first + 1 : first + osc_block::kLength;
+}
+
+template <typename Control>
+Control* EditorControl(Application& app, const std::string& name, int index) {
+  const ChildWindow* editor = ProgramEditor(app);
+  return editor == nullptr ? nullptr : static_cast<Control*>(editor->Find(name, index));
+}
+
+ui::TextBox* MultisoundBox(Application& app, int box) {
+  return EditorControl<ui::TextBox>(app, "BasText", box);
+}
+
+void CheckOption(Application& app, const std::string& name, int index) {
+  if (auto* option = EditorControl<ui::OptionButton>(app, name, index)) option->SetValue(true);
+}
+
+}  // namespace
+
+// --- The record ---
+
+void LoadEditRecord(Application& app, const Bytes& image, int index) {
+  app.program.EditRecord = MakeEditRecord(image, index);
+  TakePerfBase(app);
+}
+
+int CommitProgram(Application& app) {
+  const Bytes& record = app.program.EditRecord;
+  const int number = ByteAt(record, edit_record::kWindowNumber);
+  if (number < 1 || number > kInstrumentWindow) return 2;
+  ChildWindow* bank = app.prg_windows[static_cast<std::size_t>(number)];
+  if (bank == nullptr) return 2;
+  if (bank->ReadOnly()) {
+    ShowMessage(app, kMessageReadOnlyFile, ShownPath(bank->BaseName()), {});
+    return 1;
+  }
+  PutEditRecord(bank->window_image(), record);
+  PutByte(bank->window_image(), kPrgChangedPosition, 1);
+  app.program.ProgramChanged = false;
+  ShowProgramName(*bank, ByteAt(record, edit_record::kIndex));
+  if (app.main != nullptr) app.main->RefreshMenus();
+  return 0;
+}
+
+bool CloseProgramEditorsOf(Application& app, const ChildWindow& bank) {
+  if (ByteAt(app.program.EditRecord, edit_record::kWindowNumber) != bank.WindowNumber()) return true;
+  for (const char* name : {kEditorName, "frmEditPerf"}) {
+    if (ui::Form* editor = app.toolkit.FindForm(name); editor != nullptr && !editor->Close()) return false;
+  }
+  return true;
+}
+
+// --- The editor's controls ---
+
+ChildWindow* ProgramEditor(Application& app) {
+  return app.program.PrgEditorOpen ? static_cast<ChildWindow*>(app.toolkit.FindForm(kEditorName)) : nullptr;
+}
+
+// The option buttons are put silently; whoever put up the guard before takes it down.
+void SelectOscillator(Application& app, int osc) {
+  app.program.EditOsc = osc;
+  const bool loading = std::exchange(app.core.FormLoading, true);
+  CheckOption(app, "BasOption", osc - 1);
+  CheckOption(app, "OscOption", osc - 1);
+  CheckOption(app, "OscOption", osc + 1);
+  SendPrgParam(app, 2, 0, osc - 1);
+  app.core.FormLoading = loading;
+}
+
+bool SetProgramBar(Application& app, const std::string& array, int index, int value) {
+  auto* bar = EditorControl<ui::ScrollBar>(app, array, index);
+  if (bar == nullptr) return false;
+  bar->SetValue(value);
+  return true;
+}
+
+// --- Multisounds ---
+
+std::string MultisoundText(const Application& app, int n) {
+  return Utf8FromBytes(MultisampleRecord(app.core.MultisampleImage, n));
+}
+
+int MultisoundNumber(const std::string& text) {
+  int number = 0;
+  for (const char character : text.substr(0, 3)) {
+    if (character < '0' || character > '9') break;
+    number = 10 * number + (character - '0');
+  }
+  return number;
+}
+
+void SetMultisoundText(Application& app, int box, const std::string& text) {
+  if (ui::TextBox* field = MultisoundBox(app, box)) field->SetText(text);
+}
+
+void SetMultisoundTarget(Application& app, int box) {
+  app.program.MultisoundTarget = box;
+  if (box == 0) return RestoreMultisoundBoxes(app);
+  for (const int i : kMultisoundBoxes) {
+    ui::TextBox* field = MultisoundBox(app, i);
+    if (field == nullptr) continue;
+    field->SetBackColour(i == box ? kWaitingBack : kOtherBack);
+    field->SetForeColour(i == box ? kWaitingFore : kOtherFore);
+  }
+}
+
+void RestoreMultisoundBoxes(Application& app) {
+  for (const int i : kMultisoundBoxes) {
+    ui::TextBox* field = MultisoundBox(app, i);
+    if (field == nullptr) continue;
+    field->SetBackColour(std::nullopt);
+    field->SetForeColour(std::nullopt);
+  }
+}
+
+void ProgramEditorLeft(Application& app, const ChildWindow& front) {
+  if (app.program.MultisoundTarget == 0 || front.name() == kEditorName || front.name() == kSoundListName) return;
+  RestoreMultisoundBoxes(app);
+}
+
+// --- Performances ---
+
+void TakePerfBase(Application& app) {
+  const Bytes& record = app.program.EditRecord;
+  auto& base = app.program.PerfBase;
+  const auto half = base.begin() + kPerfEntries / 2;
+  std::transform(kFirstPerfPositions.begin(), kFirstPerfPositions.end(), base.begin(),
+                 [&record](std::size_t position) { return ByteAt(record, position); });
+  std::transform(kFirstPerfPositions.begin(), kFirstPerfPositions.end(), half,
+                 [&record](std::size_t position) { return ByteAt(record, SecondPerfPosition(position)); });
+  app.program.PerfStepValue = {};
+}
+
+}  // namespace zentaline

@@ -1,0 +1,42 @@
+// What the windows of programs tell each other; for this folder alone. The editor's controls go by their names, so that
+// the windows beside it need nothing else of it; while it is closed nothing is done.
+#pragma once
+
+#include <string>
+
+#include "base/bytes.h"
+
+namespace zentaline {
+
+struct Application;
+class ChildWindow;
+
+// --- A bank's window ---
+
+// Rewrites the name in the window's list row from its record, silently.
+void ShowProgramName(ChildWindow& bank, int row);
+
+// --- The program editor ---
+
+// The editor's window, null while it is closed.
+ChildWindow* ProgramEditor(Application& app);
+// Moves a bar by its change handler, which stores and sends. False when the editor is closed.
+bool SetProgramBar(Application& app, const std::string& array, int index, int value);
+// Puts the text into BasText 1 or 2, whose change handler stores and sends.
+void SetMultisoundText(Application& app, int box, const std::string& text);
+// Row 0 to 518 of the list of sounds, UTF-8.
+std::string MultisoundText(const Application& app, int n);
+// The number that a text of BasText 1 or 2 begins with: its leading digits among the first three characters.
+int MultisoundNumber(const std::string& text);
+
+// BasText 1 or 2 waits for a sound from frmMultisample: both boxes show it. 0: none does, and they look as ever.
+void SetMultisoundTarget(Application& app, int box);
+// Both boxes look as ever; the target stays.
+void RestoreMultisoundBoxes(Application& app);
+
+// --- The performance editor ---
+
+// What a performance starts from: PerfBase from EditRecord as it stands, all counts at 0.
+void TakePerfBase(Application& app);
+
+}  // namespace zentaline
