@@ -13,7 +13,6 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::string_view kMagic = "KORG\x4D\x00\x03"sv;
-constexpr int kArrImageMark = 2;
 
 bool IsBank(int kind) {
   return kind == kKindArrA || kind == kKindArrB;

@@ -21,6 +21,7 @@ inline constexpr int kUserStyleLocation = 1;
 // The image of an arrangement window. The control bytes are those of core/window_image.h; position 3 is always 2. The
 // banks' images end behind the row table.
 inline constexpr std::size_t kArrImageMarkPosition = 3;
+inline constexpr int kArrImageMark = 2;
 inline constexpr std::size_t kArrImageFilePosition = 271;
 inline constexpr std::size_t kArrImageRecordsPosition = 303;
 inline constexpr std::size_t kArrImageRowTablePosition = 10799;  // 64 rows of 21 bytes, blanks at first

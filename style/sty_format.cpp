@@ -41,9 +41,10 @@ StyReadResult ReadRecords(std::string_view file, std::string_view magic, std::si
   return kStyGood;
 }
 
+// What has no size isn't there, whatever stands behind the last style of a damaged file.
 bool IsFree(int entry, std::string_view image) {
   const std::string_view name = StyEntryName(entry, image);
-  return StyEntryPos(entry, image) == 0 || name == kStyEmptyName || name.empty();
+  return StyEntryPos(entry, image) == 0 || StyEntrySize(entry, image) == 0 || name == kStyEmptyName || name.empty();
 }
 
 }  // namespace

@@ -1,0 +1,500 @@
+#include "files/clipboard_format.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "arrangement/arr_format.h"
+#include "core/window_image.h"
+#include "program/prg_format.h"
+#include "style/sty_format.h"
+
+namespace zentaline {
+
+namespace {
+
+// Of a row's text: the number, and where the name begins. An arrangement with a style of its file has a mark there.
+constexpr std::size_t kRowNumberLength = 2;
+constexpr std::size_t kRowStyleMark = 3;
+constexpr std::size_t kRowNameOffset = 4;
+
+constexpr int kBankRows = 64;
+constexpr std::size_t kProgramBankTable = 30;  // over the rows of the bank, which nobody reads there
+
+struct KindRow {
+  int first_kind;
+  int last_kind;
+  ItemTable table;
+};
+
+// A position of 0 stands for a table at the image's end.
+constexpr KindRow kKinds[] = {
+    {kKindArrA, kKindArrB, {ItemFamily::kArrangements, kArrImageRowTablePosition, kBankRows, false}},
+    {kKindPrgA, kKindPrgE, {ItemFamily::kPrograms, kProgramBankTable, kBankRows, false}},
+    {kKindDrum, kKindPercussion, {ItemFamily::kPrograms, 0, kBankRows, false}},
+    {kKindArr, kKindNewArr, {ItemFamily::kArrangements, kArrImageRowTablePosition, kArrRecordCount, true}},
+    {kKindPrg, kKindNewPrg, {ItemFamily::kPrograms, kPrgImageRowTablePosition, kPrgRecordCount, true}},
+    {kKindSty, kKindNewSty, {ItemFamily::kStyles, kStyRowTablePosition, kStyRowCount, true}},
+};
+
+// What a program of the instrument's becomes: a link to its bank.
+struct LinkRow {
+  int kind;
+  int bank_code;
+  int first_number;
+};
+constexpr LinkRow kLinks[] = {
+    {kKindPrgA, 0, 0}, {kKindPrgB, 0, 64}, {kKindPrgC, 1, 0},       {kKindPrgD, 1, 64},
+    {kKindPrgE, 2, 0}, {kKindDrum, 4, 0},  {kKindPercussion, 4, 0},
+};
+
+const LinkRow* LinkOf(int kind) {
+  const auto* found =
+      std::find_if(std::begin(kLinks), std::end(kLinks), [kind](auto& row) { return row.kind == kind; });
+  return found == std::end(kLinks) ? nullptr : found;
+}
+
+std::size_t MarkPosition(const ItemTable& table, int row) {
+  return row < 0 || row >= table.rows ? 0 : table.position + kRowTableRowLength * static_cast<std::size_t>(row);
+}
+
+std::vector<int> MarkedRows(std::string_view image) {
+  std::vector<int> marked;
+  for (int row = 0; row < ItemTableOf(image).rows; ++row) {
+    if (IsMarked(image, row)) marked.push_back(row);
+  }
+  return marked;
+}
+
+void ClearMarks(Bytes& image) {
+  const ItemTable table = ItemTableOf(image);
+  for (int row = 0; row < table.rows; ++row) PutByte(image, MarkPosition(table, row), 0);
+}
+
+// Where the items of arrangements and programs go, row after row.
+class TargetRows {
+ public:
+  explicit TargetRows(const PasteTarget& target)
+      : selected_(target.selected),
+        row_(selected_.empty() ? std::max(target.focus_row, 0)
+                               : *std::min_element(selected_.begin(), selected_.end())) {}
+
+  int row() const { return row_; }
+  void Next() { ++row_; }
+  // Behind the last row, or outside of a selection of several rows.
+  bool Ended() const {
+    if (row_ >= kArrRecordCount) return true;
+    return selected_.size() > 1 && std::find(selected_.begin(), selected_.end(), row_) == selected_.end();
+  }
+
+ private:
+  const std::vector<int>& selected_;
+  int row_;
+};
+static_assert(kArrRecordCount == kPrgRecordCount);
+
+// --- The style part of a target ---
+
+// A copy as long as its table says, with room for `more` bytes; what a damaged file doesn't hold is zero.
+Bytes CompleteStyles(std::string_view part, std::size_t more) {
+  std::size_t length = kStyHeaderLength;
+  for (int e = 0; e < kStyEntryCount; ++e) length += static_cast<std::size_t>(StyEntrySize(e, part));
+  length = std::max(length, part.size());
+  Bytes styles;
+  styles.reserve(length + more);
+  styles = part;
+  styles.resize(length, '\0');
+  return styles;
+}
+
+// The bytes of all styles of the clipboard, which is more than a paste can bring.
+std::size_t StylesLength(std::string_view clipboard) {
+  const std::size_t length = StylePart(clipboard).size();
+  return length < kStyHeaderLength ? 0 : length - kStyHeaderLength;
+}
+
+bool HasStyle(int entry, std::string_view styles) {
+  return entry < kStyEntryCount && StyEntryPos(entry, styles) != 0 && StyEntrySize(entry, styles) != 0;
+}
+
+// The styles of an arrangement image while arrangements come and go: taken out once, and put back at the end.
+class TargetStyles {
+ public:
+  // Room for `expected` bytes is made at once, so that what is there moves once.
+  TargetStyles(Bytes& image, std::string_view empty_style, std::size_t expected)
+      : image_(image), empty_style_(empty_style), expected_(expected) {}
+
+  // The styles to paste into; the template when the image has none, and null when there is no template either.
+  Bytes* ToPasteInto() {
+    if (!styles_ && StylePart(image_).size() < kStyHeaderLength) {
+      if (empty_style_.size() < kStyHeaderLength) return nullptr;
+      AttachStyles(image_, empty_style_, 1);
+      changed_ = true;
+    }
+    return &Styles();
+  }
+  Bytes& Styles() {
+    if (!styles_) styles_ = CompleteStyles(StylePart(image_), expected_);
+    return *styles_;
+  }
+  void Changed() {
+    changed_ = true;
+    PutByte(image_, kStyChangedPosition, 1);
+  }
+  // True when something was put back.
+  bool PutBack() {
+    if (changed_ && styles_) PutStylePart(image_, *styles_);
+    return changed_;
+  }
+
+ private:
+  Bytes& image_;
+  std::string_view empty_style_;
+  std::size_t expected_;
+  std::optional<Bytes> styles_;
+  bool changed_ = false;
+};
+
+void NoteOnce(ItemsDone& done, ItemNotice notice) {
+  if (std::find(done.notices.begin(), done.notices.end(), notice) == done.notices.end()) done.notices.push_back(notice);
+}
+
+// --- Arrangements ---
+
+bool UsesStyle(std::string_view row_text) {
+  return row_text.size() > kRowStyleMark && row_text[kRowStyleMark] == '+';
+}
+
+enum class Carried { kDone, kRefused, kEnds };
+
+constexpr int kLastStyleAsked = 16;  // one more than there are; it has no size, and ends the paste by that
+constexpr int kByName = 100;         // the destination that looks for a style of the same name, then for a free place
+
+// The style of a record goes along, and the record names the place that it has in the target.
+Carried CarryStyle(std::string_view clipboard, Bytes& record, Bytes& image, TargetStyles& target, ItemsDone& done) {
+  const int entry = ByteAt(record, arr_record::kStyleNumber + 1);
+  if (entry > kLastStyleAsked) return Carried::kEnds;
+  if (ByteAt(clipboard, kStyStatePosition) == 0) {
+    done.notices.push_back(ItemNotice::kStylesAbsent);
+    return Carried::kEnds;
+  }
+  const std::string_view source = StylePart(clipboard);
+  if (StyEntrySize(entry, source) == 0) return Carried::kEnds;
+  Bytes* styles = target.ToPasteInto();
+  if (styles == nullptr) {
+    NoteOnce(done, ItemNotice::kNoTemplate);
+    return Carried::kRefused;
+  }
+  int place = kByName;
+  int mode = 0;  // it answers in the mode, which is a paste's for each row anew
+  switch (StyPutEntry(mode, entry, source, place, *styles, {})) {
+    case kStyPutDone:
+      target.Changed();
+      PutByte(image, kStyStatePosition, 2);
+      break;
+    case kStyPutKnown:
+      place = mode;
+      break;
+    case kStyPutNoPlace:
+      done.notices.push_back(ItemNotice::kNoPlace);
+      return Carried::kRefused;
+    case kStyPutTooLong:
+      done.notices.push_back(ItemNotice::kTooLong);
+      return Carried::kRefused;
+  }
+  PutByte(record, arr_record::kStyleNumber + 1, place);
+  PutByte(record, arr_record::kStyleLocation + 1, kUserStyleLocation);
+  return Carried::kDone;
+}
+
+ItemsDone PasteArrangements(std::string_view clipboard, Bytes& image, const PasteTarget& rows,
+                            std::string_view empty_style) {
+  ItemsDone done;
+  TargetStyles styles(image, empty_style, StylesLength(clipboard));
+  TargetRows target(rows);
+  for (const int row : MarkedRows(clipboard)) {
+    const Bytes text = ItemRowText(clipboard, row);
+    if (target.Ended() || !ShowsItem(ItemFamily::kArrangements, row, text)) break;
+    Bytes record = Slice(clipboard, ArrRecordPosition(row), kArrRecordLength);
+    const Carried carried = UsesStyle(text) ? CarryStyle(clipboard, record, image, styles, done) : Carried::kDone;
+    if (carried == Carried::kEnds) break;
+    if (carried == Carried::kRefused) continue;
+    PutBytes(image, ArrRecordPosition(target.row()), record);
+    done.rows.push_back(target.row());
+    target.Next();
+  }
+  if (!done.rows.empty()) {
+    PutByte(image, kArrImageMarkPosition, kArrImageMark);
+    PutByte(image, kChangedPosition, 1);
+  }
+  done.styles_changed = styles.PutBack();
+  done.changed = done.styles_changed || !done.rows.empty();
+  return done;
+}
+
+// Whether a record that isn't this one has the same number at offset 17. Records that were never written have 0 there,
+// and a factory style's number counts like a user style's: that is wanted.
+bool IsStyleShared(std::string_view image, int row) {
+  const auto number = [image](int r) { return ByteAt(image, ArrRecordPosition(r) + arr_record::kStyleNumber); };
+  for (int other = 0; other < kArrRecordCount; ++other) {
+    if (other != row && number(other) == number(row)) return true;
+  }
+  return false;
+}
+
+// The empty style takes the place of an entry that is there. False when there is no empty style.
+bool CutStyle(int entry, Bytes& styles, std::string_view empty_style, ItemsDone& done, bool& cut) {
+  cut = false;
+  if (!HasStyle(entry, styles)) return true;
+  if (empty_style.size() < kStyHeaderLength) {
+    NoteOnce(done, ItemNotice::kNoTemplate);
+    return false;
+  }
+  int mode = 1;
+  const StyPutResult result = StyPutEntry(mode, 0, {}, entry, styles, empty_style);
+  if (result == kStyPutTooLong) done.notices.push_back(ItemNotice::kTooLong);
+  cut = result == kStyPutDone;
+  return true;
+}
+
+void CutStyleOf(int row, Bytes& image, TargetStyles& target, std::string_view empty_style, ItemsDone& done) {
+  if (IsStyleShared(image, row)) return;
+  if (ByteAt(image, kStyStatePosition) == 0) {
+    done.notices.push_back(ItemNotice::kStylesAbsent);
+    return;
+  }
+  const int entry = ByteAt(image, ArrRecordPosition(row) + arr_record::kStyleNumber);
+  bool cut = false;
+  CutStyle(entry, target.Styles(), empty_style, done, cut);
+  if (!cut) return;
+  target.Changed();
+  done.cut_styles.push_back(entry);
+}
+
+bool IsStyleLeft(std::string_view image) {
+  if (ByteAt(image, kStyStatePosition) == 0) return false;
+  const std::string_view styles = StylePart(image);
+  for (int entry = 0; entry < kStyEntryCount; ++entry) {
+    if (HasStyle(entry, styles) && StyEntryName(entry, styles) != kStyEmptyName) return true;
+  }
+  return false;
+}
+
+ItemsDone CutArrangements(Bytes& image, std::string_view empty_style) {
+  ItemsDone done;
+  TargetStyles styles(image, empty_style, 4 * kStyTemplateEntryLength);
+  for (const int row : MarkedRows(image)) {
+    if (UsesStyle(ItemRowText(image, row))) CutStyleOf(row, image, styles, empty_style, done);
+    PutBytes(image, ArrRecordPosition(row), Bytes(kArrRecordLength, '\0'));
+    PutByte(image, kChangedPosition, 1);
+    done.rows.push_back(row);
+  }
+  if (done.rows.empty()) return done;
+  done.changed = true;
+  done.styles_changed = styles.PutBack();
+  if (!IsStyleLeft(image)) PutByte(image, kStyStatePosition, 0);
+  return done;
+}
+
+// --- Programs ---
+
+// A record that refers to a program of the instrument; its name is the bank's own, which its row shows.
+Bytes LinkRecord(const LinkRow& link, int row, std::string_view row_text) {
+  Bytes record(kPrgRecordLength, '\0');
+  PutByte(record, program_link::kMark, 1);
+  PutByte(record, program_link::kBankCode, link.bank_code);
+  PutByte(record, program_link::kNumber, link.first_number + row);
+  PutBytes(record, program_link::kName, row_text.substr(kRowNameOffset));
+  return record;
+}
+
+ItemsDone PastePrograms(std::string_view clipboard, Bytes& image, const PasteTarget& rows) {
+  ItemsDone done;
+  const LinkRow* link = LinkOf(ByteAt(clipboard, kKindPosition));
+  TargetRows target(rows);
+  for (const int row : MarkedRows(clipboard)) {
+    const Bytes text = ItemRowText(clipboard, row);
+    if (target.Ended() || !ShowsItem(ItemFamily::kPrograms, row, text)) break;
+    PutBytes(image, ProgramPosition(target.row()),
+             link != nullptr ? LinkRecord(*link, row, text) : Slice(clipboard, ProgramPosition(row), kPrgRecordLength));
+    done.rows.push_back(target.row());
+    target.Next();
+  }
+  if (done.rows.empty()) return done;
+  PutByte(image, kPrgChangedPosition, 1);
+  DecideProgramFormat(image);
+  done.changed = true;
+  return done;
+}
+
+bool IsProgramLeft(std::string_view image) {
+  for (int n = 0; n < kPrgRecordCount; ++n) {
+    if (ByteAt(image, ProgramPosition(n)) != 0) return true;
+  }
+  return false;
+}
+
+ItemsDone CutPrograms(Bytes& image) {
+  ItemsDone done;
+  const ItemTable table = ItemTableOf(image);
+  for (const int row : MarkedRows(image)) {
+    PutBytes(image, ProgramPosition(row), Bytes(kPrgRecordLength, '\0'));
+    PutBytes(image, MarkPosition(table, row) + 1, Bytes(kRowTableTextLength, ' '));
+    done.rows.push_back(row);
+  }
+  if (done.rows.empty()) return done;
+  PutByte(image, kPrgChangedPosition, 1);
+  if (!IsProgramLeft(image)) PutByte(image, kPrgAttachedPosition, 0);
+  DecideProgramFormat(image);
+  done.changed = true;
+  return done;
+}
+
+// --- Styles ---
+
+// The rows in front of the first selected one, gaps apart. A gap stands for the entry behind it.
+int FirstStyleEntry(const PasteTarget& target) {
+  if (target.selected.empty()) return 0;
+  const int first = *std::min_element(target.selected.begin(), target.selected.end());
+  int entry = 0;
+  for (int row = 0; row < first; ++row) entry += StyRowEntry(row) >= 0 ? 1 : 0;
+  return entry;
+}
+
+void PutStyles(Bytes& image, const Bytes& styles, ItemsDone& done) {
+  if (done.styles_changed) PutStylePart(image, styles);
+  if (done.changed) PutByte(image, kStyChangedPosition, 1);
+}
+
+ItemsDone PasteStyles(std::string_view clipboard, Bytes& image, const PasteTarget& target) {
+  ItemsDone done;
+  const std::string_view source = StylePart(clipboard);
+  Bytes styles = CompleteStyles(StylePart(image), source.size());
+  int place = FirstStyleEntry(target);
+  for (const int row : MarkedRows(clipboard)) {
+    const int entry = StyRowEntry(row);
+    if (entry < 0) continue;
+    // A style without bytes would hide all that stand behind it.
+    if (place >= kStyEntryCount || StyEntrySize(entry, source) == 0) break;
+    // So would a gap in front of the place: the style would be lost at saving.
+    int mode = 0;
+    const bool reachable = StyEntryPos(place, styles) != 0;
+    switch (reachable ? StyPutEntry(mode, entry, source, place, styles, {}) : kStyPutNoPlace) {
+      case kStyPutDone:
+        done.rows.push_back(StyEntryRow(place));
+        done.changed = done.styles_changed = true;
+        break;
+      case kStyPutTooLong:
+        // Nothing has changed, and it counts as changed all the same; that is wanted.
+        done.notices.push_back(ItemNotice::kTooLong);
+        done.changed = true;
+        break;
+      default:
+        done.notices.push_back(ItemNotice::kNoPlace);
+        break;
+    }
+    ++place;
+  }
+  PutStyles(image, styles, done);
+  return done;
+}
+
+ItemsDone CutStyles(Bytes& image, std::string_view empty_style) {
+  ItemsDone done;
+  Bytes styles = CompleteStyles(StylePart(image), 4 * kStyTemplateEntryLength);
+  for (const int row : MarkedRows(image)) {
+    const int entry = StyRowEntry(row);
+    if (entry < 0 || !HasStyle(entry, styles)) continue;
+    bool cut = false;
+    if (!CutStyle(entry, styles, empty_style, done, cut)) break;
+    done.changed = true;
+    if (!cut) continue;
+    done.styles_changed = true;
+    done.rows.push_back(row);
+  }
+  PutStyles(image, styles, done);
+  return done;
+}
+
+}  // namespace
+
+ItemTable ItemTableOf(std::string_view image) {
+  const int kind = ByteAt(image, kKindPosition);
+  for (const KindRow& row : kKinds) {
+    if (kind < row.first_kind || kind > row.last_kind) continue;
+    ItemTable table = row.table;
+    if (table.position != 0) return table;
+    if (image.size() < kRowTable64Length) return {};
+    table.position = image.size() - kRowTable64Length + 1;
+    return table;
+  }
+  return {};
+}
+
+bool FitsItems(std::string_view clipboard, std::string_view target) {
+  const ItemTable table = ItemTableOf(target);
+  return table.takes && table.family == ItemTableOf(clipboard).family;
+}
+
+bool IsMarked(std::string_view image, int row) {
+  return ByteAt(image, MarkPosition(ItemTableOf(image), row)) == 1;
+}
+
+Bytes ItemRowText(std::string_view image, int row) {
+  const std::size_t mark = MarkPosition(ItemTableOf(image), row);
+  return mark == 0 ? Bytes(kRowTableTextLength, ' ') : Slice(image, mark + 1, kRowTableTextLength);
+}
+
+bool ShowsItem(ItemFamily family, int row, std::string_view text) {
+  text = TrimRight(text);
+  if (text.size() <= kRowNumberLength) return false;
+  if (family != ItemFamily::kStyles) return family != ItemFamily::kNone;
+  return StyRowEntry(row) >= 0 && text.substr(std::min(kRowNameOffset, text.size())) != kStyEmptyName;
+}
+
+void PutItemRows(Bytes& image, const std::vector<Bytes>& texts, const std::vector<int>& selected) {
+  const ItemTable table = ItemTableOf(image);
+  const int rows = std::min(table.rows, static_cast<int>(texts.size()));
+  for (int row = 0; row < rows; ++row) {
+    const bool marked = std::find(selected.begin(), selected.end(), row) != selected.end();
+    PutByte(image, MarkPosition(table, row), marked ? 1 : 0);
+    PutBytes(image, MarkPosition(table, row) + 1, Padded(texts[static_cast<std::size_t>(row)], kRowTableTextLength));
+  }
+}
+
+ItemsDone PasteItems(std::string_view clipboard, Bytes& image, const PasteTarget& target,
+                     std::string_view empty_style) {
+  if (!FitsItems(clipboard, image)) return {};
+  switch (ItemTableOf(image).family) {
+    case ItemFamily::kArrangements:
+      return PasteArrangements(clipboard, image, target, empty_style);
+    case ItemFamily::kPrograms:
+      return PastePrograms(clipboard, image, target);
+    case ItemFamily::kStyles:
+      return PasteStyles(clipboard, image, target);
+    default:
+      return {};
+  }
+}
+
+ItemsDone CutItems(Bytes& image, std::string_view empty_style) {
+  ItemsDone done;
+  const ItemTable table = ItemTableOf(image);
+  if (!table.takes) return done;
+  switch (table.family) {
+    case ItemFamily::kArrangements:
+      done = CutArrangements(image, empty_style);
+      break;
+    case ItemFamily::kPrograms:
+      done = CutPrograms(image);
+      break;
+    case ItemFamily::kStyles:
+      done = CutStyles(image, empty_style);
+      break;
+    default:
+      break;
+  }
+  ClearMarks(image);
+  return done;
+}
+
+}  // namespace zentaline
