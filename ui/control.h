@@ -25,6 +25,7 @@ enum class ControlKind {
   kFrame,
   kTabs,
   kPictureBox,
+  kPicture,
   kTimer,
   kMenuEntry,
 };
@@ -42,7 +43,8 @@ enum class Change {
   kValue,
   kRange,
   kChecked,
-  kFocus
+  kFocus,
+  kDrawing
 };
 
 // The widget of one control. It attaches itself with Control::view and must take itself off before it dies.

@@ -64,6 +64,16 @@ class Toolkit {
   // the toolkit then doesn't call this.
   bool FireDueTimer();
 
+  // The hand takes something hold of, as a handle of a picture: until it lets go, all that comes of it is one action of
+  // the user, however many events it takes.
+  void HandTakes() {
+    ++hands_;
+    ++takings_;
+  }
+  void HandLetsGo() { --hands_; }
+  bool HandHolds() const { return hands_ > 0; }
+  std::int64_t takings() const { return takings_; }  // how often it has taken hold so far
+
   // The main window has closed: the program ends.
   virtual void MainClosed() = 0;
 
@@ -97,6 +107,8 @@ class Toolkit {
   std::vector<Form*> activation_order_;  // child windows, the one in front last
   TimerQueue timers_;
   int event_depth_ = 0;
+  int hands_ = 0;
+  std::int64_t takings_ = 0;
 };
 
 }  // namespace zentaline::ui

@@ -43,7 +43,21 @@ struct Placement {
 
 // A key as the handlers see it.
 struct Key {
-  enum Name { kCharacter, kDelete, kSpace, kEnter, kEscape, kUp, kDown, kPageUp, kPageDown, kHome, kEnd };
+  enum Name {
+    kCharacter,
+    kDelete,
+    kSpace,
+    kEnter,
+    kEscape,
+    kUp,
+    kDown,
+    kPageUp,
+    kPageDown,
+    kHome,
+    kEnd,
+    kLeft,
+    kRight
+  };
   Name name = kCharacter;
   std::string character;  // of kCharacter, UTF-8
 

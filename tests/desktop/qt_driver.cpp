@@ -82,6 +82,10 @@ Qt::Key QtKeyOf(Key::Name name) {
       return Qt::Key_Home;
     case Key::kEnd:
       return Qt::Key_End;
+    case Key::kLeft:
+      return Qt::Key_Left;
+    case Key::kRight:
+      return Qt::Key_Right;
     case Key::kCharacter:
       break;
   }
@@ -243,6 +247,29 @@ bool QtDriver::DoubleClick(Control& control, int row) {
   if (!alive || !control.form().open()) return true;
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
                      list->visualRect(list->model()->index(row, 0)).center());
+  return true;
+}
+
+// Press, one move, release. Where several handles stand in one place a user would first turn to this one by its key.
+bool QtDriver::Drag(Picture& picture, int handle, int x, int y) {
+  QWidget* widget = WidgetOf(picture);
+  if (widget == nullptr) return false;
+  const PageInFront page(desktop_.windows().gate(), widget);
+  picture.SelectHandle(handle);
+  const Handle from = picture.drawing().handles[static_cast<std::size_t>(handle)];
+  const QPointer<QWidget> alive(widget);
+  const auto send = [&](QEvent::Type type, int at_x, int at_y) {
+    if (!alive) return;
+    const QPointF place(at_x * widget->width() / 1000.0, at_y * widget->height() / 1000.0);
+    const bool moves = type == QEvent::MouseMove;
+    const bool releases = type == QEvent::MouseButtonRelease;
+    QMouseEvent sent(type, place, widget->mapToGlobal(place), moves ? Qt::NoButton : Qt::LeftButton,
+                     releases ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &sent);
+  };
+  send(QEvent::MouseButtonPress, from.x, from.y);
+  send(QEvent::MouseMove, x, y);
+  send(QEvent::MouseButtonRelease, x, y);
   return true;
 }
 

@@ -66,6 +66,39 @@ TEST(ScriptEngine, CarriesOutWhatTheUserDoes) {
                                       "Picture1 mouse 1 1 2 right", "Picture1 mouse 2 0 0", "form mouse 1"));
 }
 
+TEST(ScriptEngine, DragsTheHandlesOfAPicture) {
+  ToyHost host(
+      "start\n"
+      "get frmToy(1).Curve\n"
+      "get frmToy(1).Curve.handles\n"
+      "press frmToy(1).Comm\n"
+      "drag frmToy(1).Curve 1 333 1000\n"
+      "drag frmToy(1).Curve 0 -5 99999999999\n"
+      "get frmToy(1).Curve.handles\n"
+      "get frmToy(1).Curve.handle(1)\n"
+      "get frmToy(1).Curve.focus\n"
+      "drag frmToy(1).Curve 2 0 0\n");
+  host.toy.with_handles = true;
+  EXPECT_EQ(host.Run(), 1);
+  EXPECT_EQ(host.complaint, "line 10: frmToy(1).Curve has no such handle");
+  EXPECT_THAT(std::vector(host.lines.begin() + 2, host.lines.end()),
+              ElementsAre("value frmToy(1).Curve \"\"", "value frmToy(1).Curve.handles \"\"",
+                          "value frmToy(1).Curve.handles \"10 20; 30 40\"", "value frmToy(1).Curve.handle(1) \"30 40\"",
+                          "value frmToy(1).Curve.focus 1"));
+  EXPECT_THAT(std::vector(host.toy.log.begin() + 2, host.toy.log.end()),
+              ElementsAre("Comm", "Curve 1 to 333 1000", "Curve 0 to 0 1000"));
+}
+
+TEST(ScriptEngine, RefusesADragThatCantBe) {
+  EXPECT_EQ(StatusOf("drag frmToy(1).Curve 0 1 1"), 1);
+  EXPECT_EQ(StatusOf("drag frmToy(1).VScroll1(0) 0 1 1"), 1);
+  EXPECT_EQ(StatusOf("drag frmToy(1) 0 1 1"), 1);
+  EXPECT_EQ(StatusOf("drag frmToy(1).Curve 0 1"), 2);
+  EXPECT_EQ(StatusOf("drag frmToy(1).Curve 0 1 half"), 2);
+  EXPECT_EQ(StatusOf("get frmToy(1).Curve.handle(0)"), 1);
+  EXPECT_EQ(StatusOf("get frmToy(1).Comm.handles"), 1);
+}
+
 TEST(ScriptEngine, SelectNoneTakesTheSelectionAway) {
   const Result result =
       AfterStart("select frmToy(1).ListMany 1 2\nselect frmToy(1).ListMany none\nget frmToy(1).ListMany.selected");
@@ -433,13 +466,14 @@ TEST(ScriptEngine, CloseIsDoneWhenTheWindowRefuses) {
 
 TEST(ScriptEngine, ShowPrintsEveryControlInTheOrderOfDeclaration) {
   const Result result = AfterStart("show frmToy(1)\nshow frmMain");
-  ASSERT_EQ(result.lines.size(), 18U + 17U);
+  ASSERT_EQ(result.lines.size(), 19U + 17U);
   EXPECT_EQ(result.lines[0], "value frmToy(1).Label1 \"a \\\"label\\\"\"");
   EXPECT_EQ(result.lines[9], "value frmToy(1).VScroll1(0) 0");
-  EXPECT_EQ(result.lines[17], "value frmToy(1).Timer1 100");
-  EXPECT_EQ(result.lines[18], "value frmMain.Label1 \"\"");
-  EXPECT_EQ(result.lines[19], "value mnuFile 0");
-  EXPECT_EQ(result.lines[34], "value frmMain.TimerAuto(2) 10");
+  EXPECT_EQ(result.lines[17], "value frmToy(1).Curve \"\"");
+  EXPECT_EQ(result.lines[18], "value frmToy(1).Timer1 100");
+  EXPECT_EQ(result.lines[19], "value frmMain.Label1 \"\"");
+  EXPECT_EQ(result.lines[20], "value mnuFile 0");
+  EXPECT_EQ(result.lines[35], "value frmMain.TimerAuto(2) 10");
 }
 
 TEST(ScriptEngine, WindowsPrintsTheChildWindowsInTheOrderOfOpening) {

@@ -117,6 +117,8 @@ TEST(ScriptNumber, TakesWholeNumbersOnly) {
 TEST(ScriptKey, IsANameOrOneCharacter) {
   EXPECT_EQ(ScriptKey("Delete"), (Key{Key::kDelete, {}}));
   EXPECT_EQ(ScriptKey("PageDown"), (Key{Key::kPageDown, {}}));
+  EXPECT_EQ(ScriptKey("Left"), (Key{Key::kLeft, {}}));
+  EXPECT_EQ(ScriptKey("Right"), (Key{Key::kRight, {}}));
   EXPECT_EQ(ScriptKey(" "), (Key{Key::kSpace, {}}));
   EXPECT_EQ(ScriptKey("\xC3\xA8"), (Key{Key::kCharacter, "\xC3\xA8"}));
   EXPECT_FALSE(ScriptKey(""));

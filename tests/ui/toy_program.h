@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ui/console/console_toolkit.h"
+#include "ui/picture.h"
 
 namespace zentaline::ui {
 
@@ -33,6 +34,7 @@ class ToyChild : public Form {
   Frame Frame1{*this, "Frame1"};
   Tabs Tab1{*this, "Tab1"};
   PictureBox Picture1{*this, "Picture1"};
+  Picture Curve{*this, "Curve"};
   Timer Timer1{*this, "Timer1"};
 
   void Activated() override;
@@ -102,6 +104,7 @@ struct Toy {
   int children = 0;
   bool reopening = false;
   bool asks_at_close = false;
+  bool with_handles = false;  // the picture gets two by the press on Comm
   std::string image = "\x01\x02\xFF";
   std::vector<std::string> log;
 };
@@ -111,7 +114,13 @@ inline ToyChild::ToyChild(Toy& toy, std::string number)
   SetCaption("Toy " + this->number());
   Label1.SetCaption("a \"label\"");
   Comm.SetCaption("&Go");
-  Comm.on_click = [this] { toy_.Log("Comm"); };
+  Comm.on_click = [this] {
+    toy_.Log("Comm");
+    if (!toy_.with_handles) return;
+    Drawing drawing;
+    drawing.handles = {{"A", 10, 20}, {"B", 30, 40}};
+    Curve.SetDrawing(std::move(drawing));
+  };
   CommOff.SetEnabled(false);
   CommHidden.SetVisible(false);
   Text1.max_length = 8;
@@ -141,6 +150,9 @@ inline ToyChild::ToyChild(Toy& toy, std::string number)
   Picture1.on_mouse = [this](const MouseEvent& event) {
     toy_.Log("Picture1 mouse " + std::to_string(event.what) + ' ' + std::to_string(event.x) + ' ' +
              std::to_string(event.y) + (event.right ? " right" : ""));
+  };
+  Curve.on_drag = [this](int handle, int x, int y) {
+    toy_.Log("Curve " + std::to_string(handle) + " to " + std::to_string(x) + ' ' + std::to_string(y));
   };
   on_mouse = [this](const MouseEvent& event) { toy_.Log("form mouse " + std::to_string(event.what)); };
   Timer1.SetInterval(100);

@@ -13,6 +13,7 @@
 
 #include "ui/layout.h"
 #include "ui/qt/convert.h"
+#include "ui/qt/picture_view.h"
 #include "ui/qt/simple_views.h"
 #include "ui/qt/text_views.h"
 
@@ -103,6 +104,8 @@ class Builder {
         return MakeTabs(static_cast<Tabs&>(control), gate_, parent_);
       case ControlKind::kPictureBox:
         return MakePictureBox(static_cast<PictureBox&>(control), gate_, parent_);
+      case ControlKind::kPicture:
+        return MakePicture(static_cast<Picture&>(control), gate_, parent_);
       case ControlKind::kTimer:
       case ControlKind::kMenuEntry:
         break;

@@ -70,6 +70,10 @@ std::optional<Key> ToKey(const QKeyEvent& event) {
       return Key{Key::kHome, {}};
     case Qt::Key_End:
       return Key{Key::kEnd, {}};
+    case Qt::Key_Left:
+      return Key{Key::kLeft, {}};
+    case Qt::Key_Right:
+      return Key{Key::kRight, {}};
     default:
       break;
   }

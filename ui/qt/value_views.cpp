@@ -91,7 +91,7 @@ class ScrollBarView : public View {
     if (change == Change::kRange || change == Change::kValue) widget_->setValue(Sign() * (bar_.value() - bar_.min()));
   }
   bool KeyDoes(const Key& key, const QKeyEvent&) override {
-    if (key.name < Key::kUp) return false;
+    if (key.name < Key::kUp || key.name > Key::kEnd) return false;
     bar_.DefaultKey(key);
     return true;
   }
@@ -168,7 +168,7 @@ class ComboBoxView : public View {
   }
   bool KeyDoes(const Key& key, const QKeyEvent&) override {
     const bool in_text = box_.editable && (key.name == Key::kHome || key.name == Key::kEnd);
-    if (key.name < Key::kUp || in_text) return false;
+    if (key.name < Key::kUp || key.name > Key::kEnd || in_text) return false;
     box_.DefaultKey(key);
     return true;
   }

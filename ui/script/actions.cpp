@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/utf8.h"
+#include "ui/picture.h"
 #include "ui/script/engine.h"
 
 namespace zentaline::ui {
@@ -133,11 +134,12 @@ ScriptEngine::Outcome ScriptEngine::Type(Words words) {
 ScriptEngine::Outcome ScriptEngine::PressKey(Words words) {
   const UserEvent event(host_.toolkit());
   Outcome refusal;
-  Control* const control = ReachControl(words[0].text,
-                                        {ControlKind::kButton, ControlKind::kTextBox, ControlKind::kListBox,
-                                         ControlKind::kComboBox, ControlKind::kScrollBar, ControlKind::kCheckBox,
-                                         ControlKind::kOptionButton, ControlKind::kTabs, ControlKind::kPictureBox},
-                                        refusal);
+  Control* const control =
+      ReachControl(words[0].text,
+                   {ControlKind::kButton, ControlKind::kTextBox, ControlKind::kListBox, ControlKind::kComboBox,
+                    ControlKind::kScrollBar, ControlKind::kCheckBox, ControlKind::kOptionButton, ControlKind::kTabs,
+                    ControlKind::kPictureBox, ControlKind::kPicture},
+                   refusal);
   if (control == nullptr) return refusal;
   return DoneBy(driver_.PressKey(*control, *ScriptKey(words[1].text)), words[0].text);
 }
@@ -150,6 +152,19 @@ ScriptEngine::Outcome ScriptEngine::DoubleClick(Words words) {
   if (control == nullptr) return refusal;
   if (!InRange(row, static_cast<ListBox*>(control)->rows())) return Refused(*control, "has no such row");
   return DoneBy(driver_.DoubleClick(*control, row), words[0].text);
+}
+
+ScriptEngine::Outcome ScriptEngine::Drag(Words words) {
+  const UserEvent event(host_.toolkit());
+  const std::vector<int> numbers = *ScriptNumbers(words.subspan(1));
+  Outcome refusal;
+  Control* const control = ReachControl(words[0].text, {ControlKind::kPicture}, refusal);
+  if (control == nullptr) return refusal;
+  auto& picture = *static_cast<Picture*>(control);
+  if (!InRange(numbers[0], picture.handles())) return Refused(*control, "has no such handle");
+  const int x = std::clamp(numbers[1], 0, kWholePicture);
+  const int y = std::clamp(numbers[2], 0, kWholePicture);
+  return DoneBy(driver_.Drag(picture, numbers[0], x, y), words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::Mouse(Words words) {

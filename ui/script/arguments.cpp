@@ -53,7 +53,7 @@ std::optional<std::vector<int>> ScriptRows(ScriptWords words) {
 }
 
 std::optional<Key> ScriptKey(const std::string& word) {
-  static constexpr std::array<std::pair<std::string_view, Key::Name>, 11> kNames = {{{"Delete", Key::kDelete},
+  static constexpr std::array<std::pair<std::string_view, Key::Name>, 13> kNames = {{{"Delete", Key::kDelete},
                                                                                      {"Space", Key::kSpace},
                                                                                      {" ", Key::kSpace},
                                                                                      {"Enter", Key::kEnter},
@@ -63,7 +63,9 @@ std::optional<Key> ScriptKey(const std::string& word) {
                                                                                      {"PageUp", Key::kPageUp},
                                                                                      {"PageDown", Key::kPageDown},
                                                                                      {"Home", Key::kHome},
-                                                                                     {"End", Key::kEnd}}};
+                                                                                     {"End", Key::kEnd},
+                                                                                     {"Left", Key::kLeft},
+                                                                                     {"Right", Key::kRight}}};
   const auto* const named =
       std::find_if(kNames.begin(), kNames.end(), [&word](const auto& name) { return name.first == word; });
   if (named != kNames.end()) return Key{named->second, {}};

@@ -77,6 +77,7 @@ std::span<const ScriptEngine::Command> ScriptEngine::Commands() {
       {"type", 2, 2, Access::kAction, Any, &E::Type},
       {"key", 2, 2, Access::kAction, KeyBehind, &E::PressKey},
       {"double", 2, 2, Access::kAction, NumbersBehind, &E::DoubleClick},
+      {"drag", 4, 4, Access::kAction, NumbersBehind, &E::Drag},
       {"mouse", 2, 5, Access::kAction, MouseBehind, &E::Mouse},
       {"menu", 1, 1, Access::kAction, Any, &E::Menu},
       {"activate", 1, 1, Access::kAction, Any, &E::Activate},

@@ -119,6 +119,7 @@ class ScriptEngine : public ScriptQuestions {
   Outcome Type(Words words);
   Outcome PressKey(Words words);
   Outcome DoubleClick(Words words);
+  Outcome Drag(Words words);
   Outcome Mouse(Words words);
   Outcome Menu(Words words);
   Outcome Activate(Words words);

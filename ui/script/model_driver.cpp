@@ -82,6 +82,10 @@ bool ModelDriver::DoubleClick(Control& control, int row) {
   return control.kind() == ControlKind::kListBox && As<ListBox>(control).UserDouble(row);
 }
 
+bool ModelDriver::Drag(Picture& picture, int handle, int x, int y) {
+  return picture.UserDrag(handle, x, y);
+}
+
 // The release of the right button opens the popup menu, as on a desktop.
 bool ModelDriver::Mouse(Control& control, const MouseEvent& event) {
   if (!control.UserMouse(event)) return false;

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <string>
 
+#include "ui/picture.h"
 #include "ui/toolkit.h"
 
 namespace zentaline::ui {
@@ -61,6 +62,8 @@ Value ShownText(const Control& control) {
       const auto page = static_cast<std::size_t>(tabs.page());
       return Text(page < tabs.captions.size() ? tabs.captions[page] : std::string());
     }
+    case ControlKind::kPicture:
+      return Text(As<Picture>(control).HandlePlaces());
     default:
       return Caption(control);
   }
@@ -111,16 +114,28 @@ Value SelectedRow(const Control& control) {
   return std::nullopt;
 }
 
+// The N of a property like row(N), which begins with `start`; -1 when it is no number.
+int NumberIn(std::string_view property, std::string_view start) {
+  const std::string_view digits = property.substr(start.size(), property.size() - start.size() - 1);
+  int number = -1;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return error == std::errc() && end == digits.data() + digits.size() ? number : -1;
+}
+
 // `property` is row(N).
 Value TextOfRow(const Control& control, std::string_view property) {
-  const std::string_view digits = property.substr(4, property.size() - 5);
-  int row = -1;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), row);
-  if (error != std::errc() || end != digits.data() + digits.size() || row < 0) return std::nullopt;
+  const int row = NumberIn(property, "row(");
   const Value rows = Rows(control);
-  if (!rows || row >= std::get<std::int64_t>(*rows)) return std::nullopt;
+  if (!rows || row < 0 || row >= std::get<std::int64_t>(*rows)) return std::nullopt;
   return Text(control.kind() == ControlKind::kListBox ? As<ListBox>(control).RowText(row)
                                                       : As<ComboBox>(control).RowText(row));
+}
+
+// `property` is handle(N).
+Value PlaceOfHandle(const Control& control, std::string_view property) {
+  if (control.kind() != ControlKind::kPicture) return std::nullopt;
+  const std::string place = As<Picture>(control).HandlePlace(NumberIn(property, "handle("));
+  return place.empty() ? std::nullopt : Text(place);
 }
 
 Value SelectedRows(const Control& control) {
@@ -145,6 +160,7 @@ Value ReadProperty(const Control& control, std::string_view property) {
   if (property == "rows") return Rows(control);
   if (property == "row") return SelectedRow(control);
   if (property.starts_with("row(") && property.ends_with(')')) return TextOfRow(control, property);
+  if (property.starts_with("handle(") && property.ends_with(')')) return PlaceOfHandle(control, property);
   if (property == "selected") return SelectedRows(control);
   if (property == "color") return Number(control.back_colour().value_or(kWindowColour));
   if (property == "forecolor") return Number(control.fore_colour().value_or(kTextColour));
@@ -153,6 +169,7 @@ Value ReadProperty(const Control& control, std::string_view property) {
     if (property == "min") return Number(As<ScrollBar>(control).min());
     if (property == "max") return Number(As<ScrollBar>(control).max());
   }
+  if (control.kind() == ControlKind::kPicture && property == "handles") return ShownText(control);
   if (control.kind() == ControlKind::kTimer && property == "interval") return Number(As<Timer>(control).interval());
   return std::nullopt;
 }

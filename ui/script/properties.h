@@ -9,9 +9,9 @@
 
 namespace zentaline::ui {
 
-// text, caption, enabled, visible, checked, rows, row, row(N), selected, min, max, color, forecolor, interval, focus;
-// an empty property is the one that says most of a control of this kind. None when a control of this kind has no such
-// property, or no row N.
+// text, caption, enabled, visible, checked, rows, row, row(N), selected, min, max, handles, handle(N), color,
+// forecolor, interval, focus; an empty property is the one that says most of a control of this kind. None when a
+// control of this kind has no such property, or no row N.
 std::optional<ScriptValue> ReadProperty(const Control& control, std::string_view property);
 
 // caption (also the empty property), left, top, width, height, state, focus.
