@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t kExtensionLength = 3;
 
-void SetTitle(Application& app, const std::string& path) {
-  app.core.OperationTitle = GetText(app, kTextOpening) + ShownPath(FileBaseName(path));
+void SetTitle(Application& app, const std::string& path, int text = kTextOpening) {
+  app.core.OperationTitle = GetText(app, text) + ShownPath(FileBaseName(path));
 }
 
 }  // namespace
@@ -28,8 +28,9 @@ std::string PathOnDisk(Disk& disk, const std::string& path) {
   return path;
 }
 
-FileReadResult ReadDataFile(Application& app, const std::string& wanted, std::size_t largest, Bytes& content) {
-  SetTitle(app, wanted);
+FileReadResult ReadDataFile(Application& app, const std::string& wanted, std::size_t largest, Bytes& content,
+                            int title_text) {
+  SetTitle(app, wanted, title_text);
   content.clear();
   const std::string path = PathOnDisk(app.disk, wanted);
   const DiskResult result = app.disk.Read(path, content, largest);

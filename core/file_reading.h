@@ -5,6 +5,7 @@
 
 #include "base/bytes.h"
 #include "base/disk.h"
+#include "data/texts.h"
 
 namespace zentaline {
 
@@ -15,9 +16,10 @@ inline constexpr std::size_t kLargestDataFile = std::size_t{1} << 24;
 
 enum FileReadResult : int { kFileRead = 0, kFileFailed = 1, kFileTooLarge = 2, kFileAbsent = 3 };
 
-// Reads a file of at most `largest` bytes whole. OperationTitle becomes "Opening " and the file's name. An empty file
-// counts as absent and is removed. A failure of the file system is shown.
-FileReadResult ReadDataFile(Application& app, const std::string& path, std::size_t largest, Bytes& content);
+// Reads a file of at most `largest` bytes whole. OperationTitle becomes the text, "Opening " for most, and the file's
+// name. An empty file counts as absent and is removed. A failure of the file system is shown.
+FileReadResult ReadDataFile(Application& app, const std::string& path, std::size_t largest, Bytes& content,
+                            int title_text = kTextOpening);
 
 // The path itself or, where nothing has it, the same with its extension in capitals, as disks of the instrument's time
 // have it, or with a capital; the path itself where there is none of them.

@@ -22,7 +22,7 @@ constexpr std::array<MenuRow, kMenuCount> kRows = {{
     {mnuApriSty, mnuFile, "mnuApriSty", 143, "", false, false},
     {mnuApriPrg, mnuFile, "mnuApriPrg", 85, "", false, false},
     {mnuApriGbl, mnuFile, "mnuApriGbl", 144, "", false, kWaits},
-    {mnuApriBSQ, mnuFile, "mnuApriBSQ", 145, "", false, kWaits},
+    {mnuApriBSQ, mnuFile, "mnuApriBSQ", 145, "", false, false},
     {mnuImporta, mnuFile, "mnuImporta", 125, "", kLine, kWaits},
     {mnuImportaArri30, mnuImporta, "mnuImportaArri30", 0, "", false, kWaits},
     {mnuImportaStyi30, mnuImporta, "mnuImportaStyi30", 0, "", false, kWaits},

@@ -103,6 +103,9 @@ struct CoreState {
   std::array<WindowRecord, 10> ArrWindows;
   std::array<WindowRecord, 17> PrgWindows;
   std::array<WindowRecord, 9> StyWindows;
+  // Of these there is one window at a time, and the configuration doesn't keep it.
+  std::array<WindowRecord, 2> GblWindows;
+  std::array<WindowRecord, 2> BsqWindows;
   std::array<FormState, kFormStates + 1> FormStates;
   std::array<RecentFile, kRecentFiles> RecentFiles;
 };

@@ -115,6 +115,7 @@ constexpr TextRow kImages[] = {
     {"ProgramFileBuffer", [](const Application& app) -> const Bytes& { return app.program.ProgramFileBuffer; }},
     {"EditRecord", [](const Application& app) -> const Bytes& { return app.program.EditRecord; }},
     {"ItemClipboard", [](const Application& app) -> const Bytes& { return app.files.ItemClipboard; }},
+    {"BsqBuffer", [](const Application& app) -> const Bytes& { return app.global.BsqBuffer; }},
     {"SysExBuffer", [](const Application& app) -> const Bytes& { return app.midi.SysExBuffer; }},
 };
 // clang-format on

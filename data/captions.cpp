@@ -62,6 +62,10 @@ constexpr ControlText kCaptions[] = {
     {"frmPrgUN", "Frame1(0)", "Allo strumento", "To the instrument"},
     {"frmPrgUN", "Frame1(1)", "Modifica", "Edit"},
 
+    {"frmBsq", "Frame1(0)", "Eventi delle tracce", "Events of the tracks"},
+    {"frmBsq", "Frame1(1)", "Allo strumento", "To the instrument"},
+    {"frmBsq", "Frame1(2)", "Modo", "Mode"},
+
     {"frmEditArr", "SSTab1(1)", "Parti", "Parts"},
     {"frmEditArr", "Frame3", "Esecuzione", "Playing"},
     {"frmEditArr", "Frame4", "Tastiera", "Keyboard"},

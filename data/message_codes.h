@@ -26,6 +26,8 @@ inline constexpr int kMessageInputAllocated = 38;
 inline constexpr int kWaitLoadingSty = 2;
 inline constexpr int kWaitLoadingArr = 3;
 inline constexpr int kWaitLoadingPrg = 4;
+inline constexpr int kWaitLoadingBsq = 5;
+inline constexpr int kWaitOpening = 6;
 inline constexpr int kWaitUpdate = 8;
 // Of the questions: AskYesNo (keep, directory, program) and AskYesNoCancel (save).
 inline constexpr int kAskFileSave = 1;

@@ -26,7 +26,6 @@ struct OtherFormat {
   std::string_view header;
 };
 constexpr OtherFormat kGblFormat = {448, true, {"KORG\x4D\x00\x06\x01", 8}};
-constexpr OtherFormat kBsqFormat = {3 * 32200, false, {"KORG\x4D\x00\x05", 7}};
 constexpr OtherFormat kPcgFormat = {1 << 20, false, {"KORG", 4}};
 
 ChooseResult ReadOther(Application& app, const std::string& path, const OtherFormat& format) {
@@ -54,14 +53,16 @@ bool HasExtension(const std::string& path, std::string_view extension) {
   return LowerCase(path).ends_with("." + std::string(extension));
 }
 
-// Whether a window of the kind shows the file; its kind need not have windows yet.
-bool OpenAlready(Application& app, int kind, const std::string& base) {
-  const FileKind* row = FileKindOf(kind);
-  for (int number = 1; row != nullptr && number <= row->windows; ++number) {
-    const WindowRecord& slot = row->slot(app, number);
+bool OpenAlready(Application& app, const FileKind& kind, const std::string& base) {
+  for (int number = 1; number <= kind.windows; ++number) {
+    const WindowRecord& slot = kind.slot(app, number);
     if (slot.state != 0 && slot.path == base) return true;
   }
-  return row != nullptr && WindowOf(app, *row, base) != nullptr;
+  return WindowOf(app, kind, base) != nullptr;
+}
+
+ChooseResult ReadUnlessOpen(Application& app, const FileKind& kind, const std::string& path) {
+  return OpenAlready(app, kind, WithoutExtension(path)) ? kChooseOpenAlready : kind.read(app, path);
 }
 
 int PresetFilter(int kind) {
@@ -94,7 +95,7 @@ constexpr LastPlace kGblPlace = {&FilesState::LastGblDirectory, &FilesState::Las
 // What the dialog remembers by its filter; null where it remembers nothing.
 const LastPlace* PlaceOf(int filter) {
   if (filter == kFilterGbl) return &kGblPlace;
-  const int like = filter == kFilterPcg ? kFilterPrg : filter == kFilterBsq ? kFilterArr : filter;
+  const int like = filter == kFilterPcg ? static_cast<int>(kFilterPrg) : filter;
   for (const FileKind& row : FileKinds()) {
     if (row.filter == like) return &row.place;
   }
@@ -140,19 +141,18 @@ ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::str
   const bool is_own = own != nullptr && own->filter == filter;
   switch (filter) {
     case kFilterArr:
-      if (OpenAlready(app, kKindArr, base)) return kChooseOpenAlready;
-      return is_own ? own->read(app, path) : kChosen;
+      if (is_own) return ReadUnlessOpen(app, *own, path);
+      return OpenAlready(app, *FileKindOf(kKindArr), base) ? kChooseOpenAlready : kChosen;
     case kFilterSty:
-      if (!is_own) return kChosen;
-      return OpenAlready(app, kKindSty, base) ? kChooseOpenAlready : own->read(app, path);
+      return is_own ? ReadUnlessOpen(app, *own, path) : kChosen;
     case kFilterPrg:
       if (!HasExtension(path, "prg") && !HasExtension(path, "pgg")) return RefuseData(app, path);
-      if (OpenAlready(app, kKindPrg, base)) return kChooseOpenAlready;
-      return is_own ? own->read(app, path) : ReadI30Program(app, path);
+      if (is_own) return ReadUnlessOpen(app, *own, path);
+      return OpenAlready(app, *FileKindOf(kKindPrg), base) ? kChooseOpenAlready : ReadI30Program(app, path);
     case kFilterGbl:
       return HasExtension(path, "gbl") ? ReadOther(app, path, kGblFormat) : RefuseData(app, path);
     case kFilterBsq:
-      return ReadOther(app, path, kBsqFormat);
+      return ReadUnlessOpen(app, *FileKindOf(kKindBsq), path);
     case kFilterPcg:
       return HasExtension(path, "pcg") ? ReadOther(app, path, kPcgFormat) : RefuseData(app, path);
     case kFilterAll:

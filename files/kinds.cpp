@@ -10,6 +10,7 @@
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
+#include "global/api.h"
 #include "program/api.h"
 #include "program/prg_format.h"
 #include "style/api.h"
@@ -74,6 +75,22 @@ void OpenPrg(Application& app, int number, const std::string& base, bool read_on
   OpenPrgWindow(app, number, base, read_only);
 }
 
+WindowRecord& BsqSlot(Application& app, int number) {
+  return app.core.BsqWindows[static_cast<std::size_t>(number)];
+}
+
+ChildWindow* BsqWindow(const Application& app, int) {
+  return app.bsq_window;
+}
+
+ChooseResult ReadBsq(Application& app, const std::string& path) {
+  return ReaderResult(ReadBackSeqFile(app, path));
+}
+
+void OpenBsq(Application& app, int, const std::string& base, bool read_only) {
+  OpenBackSeqWindow(app, base, read_only);
+}
+
 // The template with its programs cleared.
 ChooseResult ReadNewPrg(Application& app, const std::string& path) {
   const ChooseResult result = ReadPrg(app, path);
@@ -131,7 +148,7 @@ constexpr FileSaving kStySaving = {.type = StyType, .save = SaveStyFile, .name =
 constexpr LastPlace kArrPlace = {&FilesState::LastArrDirectory, &FilesState::LastArrName};
 constexpr LastPlace kPrgPlace = {&FilesState::LastPrgDirectory, &FilesState::LastPrgName};
 
-// Styles lie where their arrangements do.
+// Styles and back sequences lie where the arrangements do.
 constexpr std::array kKinds = {
     FileKind{.kind = kKindArr,
              .type = kTypeArr,
@@ -181,6 +198,16 @@ constexpr std::array kKinds = {
              .open = OpenSty,
              .saving = &kStySaving,
              .new_kind = kKindNewSty},
+    FileKind{.kind = kKindBsq,
+             .type = kTypeBsq,
+             .filter = kFilterBsq,
+             .place = kArrPlace,
+             .open_entry = MenuId::mnuApriBSQ,
+             .windows = 1,
+             .slot = BsqSlot,
+             .window = BsqWindow,
+             .read = ReadBsq,
+             .open = OpenBsq},
 };
 
 bool Holds(const FileKind& row, int kind) {

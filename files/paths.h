@@ -11,6 +11,8 @@ inline constexpr int kTypeArr = 1;
 inline constexpr int kTypeSty = 2;
 inline constexpr int kTypePrg = 3;
 inline constexpr int kTypePgg = 4;
+inline constexpr int kTypeGbl = 5;
+inline constexpr int kTypeBsq = 6;
 
 // The type of a file by its extension: 1 arr, 2 sty, 3 prg, 4 pgg, 5 gbl, 6 bsq; 0 for any other. A name has a type
 // only if its last dot stands exactly three characters from the end; case doesn't count.

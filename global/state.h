@@ -1,4 +1,4 @@
-// The module-wide state of the global data.
+// The module-wide state of the global data and of the back sequences.
 #pragma once
 
 #include "base/bytes.h"
@@ -9,6 +9,7 @@ inline constexpr std::size_t kGlobalRecordLength = 448;
 
 struct GlobalState {
   Bytes GlobalRecord;  // the 448 bytes of the set in the instrument; empty when there is none
+  Bytes BsqBuffer;     // the back sequence file that was read last
 };
 
 }  // namespace zentaline

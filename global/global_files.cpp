@@ -1,0 +1,29 @@
+// Reading the files of global data and of back sequences.
+#include <utility>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/file_reading.h"
+#include "core/window_image.h"
+#include "data/message_codes.h"
+#include "global/api.h"
+#include "global/bsq_format.h"
+
+namespace zentaline {
+
+int ReadBackSeqFile(Application& app, const std::string& path) {
+  Bytes file;
+  const FileReadResult result = ReadDataFile(app, path, kLargestDataFile, file, kTextReading);
+  if (result == kFileFailed || result == kFileAbsent) return result;
+  if (result == kFileRead && TakeBackSeqFile(file)) {
+    app.global.BsqBuffer = std::move(file);
+    return kFileRead;
+  }
+  const std::string name = ShownPath(FileBaseName(path));
+  ShowWait(app, kWaitOpening, name);
+  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, name);
+  ShowWait(app, 0);
+  return kFileFailed;
+}
+
+}  // namespace zentaline
