@@ -44,8 +44,9 @@ void PickStyle(Application& app, const Bytes& image, int row, const std::string&
 // The id of the file at `path`, or 0; it is in ArrFileId too.
 int DBLookupId(Application& app, const std::string& path);
 // Enters the file that CurrentFileDir and CurrentFileName name; its id, or 0, is in ArrFileId. `kind` is 19 from a file
-// window.
-void DBAddFile(Application& app, int kind);
+// window. What the user asked for can be taken back, not what the program enters by itself.
+enum class DBEntryBy { kUser, kProgram };
+void DBAddFile(Application& app, int kind, DBEntryBy by);
 // Takes out the entries whose files are gone or not to be kept.
 void DBPurge(Application& app);
 // 1 when there is no database, else 0; shows what it finds unless SilentStart.

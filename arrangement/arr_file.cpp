@@ -23,6 +23,10 @@ bool SaveStylePart(Application& app, Bytes& image) {
   return true;
 }
 
+EditWords KeptWords(std::string_view record) {
+  return {"Kept", {}, Utf8FromBytes(TrimRight(Slice(record, arr_edit::kRecord, kArrNameLength)))};
+}
+
 }  // namespace
 
 int ReadArrFile(Application& app, const std::string& path) {
@@ -50,7 +54,8 @@ int StoreEditRecord(Application& app) {
   if (ByteAt(record, arr_edit::kKind) != kKindArr || number < 1 || number > kInstrumentWindow) return kArrNoWindow;
   ChildWindow* window = app.arr_windows[static_cast<std::size_t>(number)];
   if (window == nullptr) return kArrNoWindow;
-  const ArrStoreResult result = StoreEditRecordBytes(window->window_image(), record);
+  const ArrStoreResult result = app.edits.Change(ImageOf(*window), KeptWords(record),
+                                                 [&](Bytes& image) { return StoreEditRecordBytes(image, record); });
   if (result == kArrReadOnly) {
     ShowMessage(app, kMessageReadOnlyFile, ShownPath(window->BaseName()), {});
   } else if (result == kArrStored) {

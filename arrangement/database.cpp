@@ -33,7 +33,7 @@ Found ReadDatabase(Application& app, bool shows) {
     app.disk.Remove(app.core.DatabaseDir);
     return Found::kAbsent;
   }
-  app.arrangement.DBImage = DBImageOf(file);
+  app.edits.TakeDatabase(DBImageOf(file));
   return DBIsDatabase(app.arrangement.DBImage) ? Found::kGood : Found::kBad;
 }
 
@@ -47,6 +47,17 @@ bool WriteDatabase(Application& app) {
   return result == DiskResult::kOk;
 }
 
+DBAddition Enter(Application& app, const std::string& name, DBEntryBy by) {
+  if (by == DBEntryBy::kUser) {
+    return app.edits.Change(kDatabaseImage, {"Entry", {}, ShownPath(name)},
+                            [&](Bytes& image) { return DBAddEntry(image, name); });
+  }
+  Bytes image = app.arrangement.DBImage;
+  const DBAddition addition = DBAddEntry(image, name);
+  app.edits.TakeDatabase(std::move(image));
+  return addition;
+}
+
 // The first file added settles the directory.
 void MakeDatabase(Application& app, int kind) {
   if (AskYesNo(app, kAskDirectory, {}, kWindowTitle) != ui::BoxAnswer::kYes) return;
@@ -54,7 +65,7 @@ void MakeDatabase(Application& app, int kind) {
   int id = 0;
   if (kind == kKindArr) id = DBAddEntry(image, app.files.CurrentFileName).id;
   PutDBDirectory(image, app.files.CurrentFileDir);
-  app.arrangement.DBImage = std::move(image);
+  app.edits.TakeDatabase(std::move(image));
   if (!WriteDatabase(app)) return;
   app.arrangement.ArrFileId = id;
   if (app.main != nullptr) app.main->EnableDatabaseEntries(true);
@@ -70,7 +81,7 @@ int DBLookupId(Application& app, const std::string& path) {
   return state.ArrFileId;
 }
 
-void DBAddFile(Application& app, int kind) {
+void DBAddFile(Application& app, int kind, DBEntryBy by) {
   ArrangementState& state = app.arrangement;
   state.ArrFileId = 0;
   SetTitle(app);
@@ -85,7 +96,7 @@ void DBAddFile(Application& app, int kind) {
       break;
   }
   if (!DBIsOfDirectory(state.DBImage, app.files.CurrentFileDir)) return;
-  const DBAddition addition = DBAddEntry(state.DBImage, app.files.CurrentFileName);
+  const DBAddition addition = Enter(app, app.files.CurrentFileName, by);
   if (addition.result == kDbAdded && !WriteDatabase(app)) return;
   state.ArrFileId = addition.id;
 }
@@ -102,9 +113,8 @@ void DBPurge(Application& app) {
     case Found::kGood:
       break;
   }
-  Bytes& image = app.arrangement.DBImage;
-  const std::string directory(DBDirectoryOf(image));
-  DBPurgeEntries(image, [&](std::string_view name) {
+  const std::string directory(DBDirectoryOf(app.arrangement.DBImage));
+  const auto stays = [&](std::string_view name) {
     const std::string path = PathOnDisk(app.disk, JoinPath(directory, name) + ".arr");
     Bytes file;
     const DiskResult result = app.disk.Read(path, file, kLargestDataFile);
@@ -112,7 +122,8 @@ void DBPurge(Application& app) {
     if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kPathAbsent) return true;
     if (result == DiskResult::kOk && file.empty()) app.disk.Remove(path);
     return DBPurgeKeeps(file);
-  });
+  };
+  app.edits.Change(kDatabaseImage, {"Update", {}, kName}, [&](Bytes& image) { return DBPurgeEntries(image, stays); });
   WriteDatabase(app);
 }
 

@@ -17,6 +17,9 @@ constexpr std::array<std::string_view, kNotesOfAnOctave> kNotes = {"C", "C", "D"
 constexpr std::array<bool, kNotesOfAnOctave> kSharps = {false, true,  false, true,  false, false,
                                                         true,  false, true,  false, true,  false};
 
+constexpr std::array<std::string_view, kArrPartCount> kParts = {"Drum", "Percussion", "Bass",   "ACC1", "ACC2",
+                                                                "ACC3", "UPPER1",     "UPPER2", "LOWER"};
+
 // Values of the pan's bar.
 constexpr int kPanOff = 1;
 constexpr int kPanCentre = 17;
@@ -27,6 +30,10 @@ constexpr int kFirstUserStyle = 11;
 constexpr int kFirstUserStyleAbove = 13;
 
 }  // namespace
+
+std::string_view PartName(int part) {
+  return part >= 0 && part < kArrPartCount ? kParts[static_cast<std::size_t>(part)] : std::string_view();
+}
 
 std::string SplitNoteName(int note) {
   const int above = note < kLowestNote ? 0 : note - kLowestNote;

@@ -2,8 +2,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace zentaline {
+
+// "Drum" to "LOWER", of part 0 to 8; empty for any other number.
+std::string_view PartName(int part);
 
 // The name of a note, 36 to 96: letter, octave from 2 on, and "#" behind them, as in "C2#" for 37.
 std::string SplitNoteName(int note);

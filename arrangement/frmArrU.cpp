@@ -45,7 +45,7 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
       TimerEdit(MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); })),
       TimerShowSty(MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); })),
       TimerShowPrg(MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); })) {
-  window_image() = std::move(image);
+  app.edits.TakeImage(*this, std::move(image));
   // Nothing here starts these: they press what the others press, for whoever starts them by their names.
   MakeTimer("TimerCaricaArr", -1, [this] { CommLoadArr.Press(); });
   MakeTimer("TimerCaricaSty", -1, [this] { CommLoadSty.Press(); });
@@ -155,7 +155,7 @@ void frmArrU::Load() {
     if (enters) {
       app().files.CurrentFileDir = FileDirectory(Path());
       app().files.CurrentFileName = FileBaseName(Path());
-      DBAddFile(app(), kKindArr);
+      DBAddFile(app(), kKindArr, DBEntryBy::kProgram);
     }
     state.WindowFileId[static_cast<std::size_t>(number_)] = DBLookupId(app(), Path());
     ShowId({});
@@ -220,18 +220,21 @@ void frmArrU::NoteWhatTheSearchNeeds(int row) {
 }
 
 void frmArrU::AttachSiblingStyles() {
-  Bytes& image = window_image();
+  const auto attach = [this](const Bytes& styles, int state) {
+    app().edits.Prepare(*this, [&](Bytes& image) { AttachStyles(image, styles, state); });
+  };
+  const Bytes& image = window_image();
   if (ByteAt(image, kNoFilePosition) != 1) {
     switch (StyFileRead(app(), Path() + ".sty")) {
       case kStyGood:
-        AttachStyles(image, app().style.StyleImage, 2);
+        attach(app().style.StyleImage, 2);
         break;
       case kStyWrong:
         ShowMessage(app(), kMessageErrorReading, app().core.OperationTitle, ShownPath(BaseName()));
-        AttachStyles(image, app().style.EmptyStyleImage, 1);
+        attach(app().style.EmptyStyleImage, 1);
         break;
       case kStyAbsent:
-        AttachStyles(image, app().style.EmptyStyleImage, 1);
+        attach(app().style.EmptyStyleImage, 1);
         break;
       default:
         break;
@@ -247,12 +250,15 @@ void frmArrU::AttachSiblingStyles() {
 }
 
 void frmArrU::AttachSiblingPrograms() {
-  Bytes& image = window_image();
+  const auto attach = [this](bool pgg) {
+    app().edits.Prepare(*this, [&](Bytes& image) { AttachPrograms(image, app().program.ProgramFileBuffer, pgg); });
+  };
+  const Bytes& image = window_image();
   if (ByteAt(image, kNoFilePosition) != 1) {
     if (ReadProgramFile(app(), Path() + ".prg") == kPrgGood) {
-      AttachPrograms(image, app().program.ProgramFileBuffer, false);
+      attach(false);
     } else if (ReadProgramFile(app(), Path() + ".pgg") == kPrgGood) {
-      AttachPrograms(image, app().program.ProgramFileBuffer, true);
+      attach(true);
     }
   }
   const bool attached = ByteAt(image, kPrgAttachedPosition) == 1;
@@ -300,7 +306,7 @@ void frmArrU::ClickRow() {
   if (state != kClickStySent) {
     if (app().arrangement.EditorOpen) {
       AskAboutEdits();
-      app().arrangement.ArrEditRecord = PrepareEditRecord(window_image(), row, StyleName);
+      app().edits.TakeRecord(kArrRecordUnderEdit, PrepareEditRecord(window_image(), row, StyleName));
       FillArrEditor(app());
     } else {
       EnableEdit(true);
@@ -378,7 +384,7 @@ void frmArrU::AskAboutEdits() {
   ArrangementState& state = app().arrangement;
   if (!state.EditorOpen || !state.EditorChanged) return;
   if (AskYesNo(app(), kAskArrKeep) != ui::BoxAnswer::kYes) return;
-  if (StoreEditRecord(app()) == kArrStored) state.EditorChanged = false;
+  if (StoreEditRecord(app()) == kArrStored) app().edits.Mark(kArrRecordUnderEdit, false);
 }
 
 void frmArrU::KeyInList(const ui::Key& key) {

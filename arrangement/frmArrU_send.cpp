@@ -39,7 +39,7 @@ void frmArrU::PressLoadArr() {
   if (TimerLoadArr.interval() == kTimerIdle) {
     AskAboutEdits();
     // A click that waits for the file fills the editor anew and doesn't ask twice.
-    if (TimerList1.interval() == kClickArrSent) app().arrangement.EditorChanged = false;
+    if (TimerList1.interval() == kClickArrSent) app().edits.Mark(kArrRecordUnderEdit, false);
     ShowWait(app(), kWaitLoadingArr);
     TimerLoadArr.SetInterval(kTimerDue);
     TimerLoadArr.Start();
@@ -133,7 +133,7 @@ void frmArrU::PressAdd() {
   TimerAdd.Stop();
   app().files.CurrentFileDir = FileDirectory(Path());
   app().files.CurrentFileName = FileBaseName(Path());
-  DBAddFile(app(), kKindArr);
+  DBAddFile(app(), kKindArr, DBEntryBy::kUser);
   if (const int id = app().arrangement.ArrFileId; id > 0) {
     app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = id;
     ShowId({});

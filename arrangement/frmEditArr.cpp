@@ -34,8 +34,20 @@ bool MovesPosition(EditArray array) {
 
 }  // namespace
 
-Bytes& frmEditArr::record() const {
+const Bytes& frmEditArr::record() const {
   return app().arrangement.ArrEditRecord;
+}
+
+void frmEditArr::MarkChanged() {
+  app().edits.Mark(kArrRecordUnderEdit, true);
+}
+
+void frmEditArr::Put(std::size_t position, int value, const EditWords& words) {
+  app().edits.PutByte(kArrRecordUnderEdit, position, value, words);
+}
+
+EditWords frmEditArr::WordsOf(const Field& field) const {
+  return {field.row.caption, PartName(field.part)};
 }
 
 std::size_t frmEditArr::NamePosition(int part) const {
@@ -46,11 +58,12 @@ std::size_t frmEditArr::NamePosition(int part) const {
 
 void frmEditArr::Load() {
   ArrangementState& state = app().arrangement;
-  window_image() = {static_cast<char>(kKindArrEditor), '\0'};
+  app().edits.TakeImage(*this, {static_cast<char>(kKindArrEditor), '\0'});
   ChildWindow::Load();
   ShowToolTips();
   state.EditorOpen = true;
-  state.EditorChanged = state.ArrNameChanged = state.EditorCloseRefused = false;
+  app().edits.Mark(kArrRecordUnderEdit, false);
+  state.ArrNameChanged = state.EditorCloseRefused = false;
   state.ArrSignFlag = 0;
   state.ArrEditPos = 0;
   state.PartMuted = state.PartSoloed = {};
@@ -80,7 +93,9 @@ bool frmEditArr::QueryClose() {
 
 void frmEditArr::Unload() {
   ClearNameHighlight();
-  app().arrangement.EditorOpen = app().arrangement.EditorChanged = false;
+  app().arrangement.EditorOpen = false;
+  app().edits.Mark(kArrRecordUnderEdit, false);
+  app().edits.ForgetRecord(kArrRecordUnderEdit);
   ArrEditorClosed(app());
   ChildWindow::Unload();
 }
@@ -157,7 +172,7 @@ void frmEditArr::Fill() {
   }
   for (int part = 0; part < kArrPartCount; ++part) ShowPart(part);
   state.EditorFilling = false;
-  state.EditorChanged = false;
+  app().edits.Mark(kArrRecordUnderEdit, false);
 }
 
 void frmEditArr::ShowTitle() {
@@ -197,7 +212,7 @@ void frmEditArr::Edit(Field& field) {
   if (state.EditorFilling && WaitsForFill(field.row)) return;
   if (field.row.array == kEffCombo && app().core.FormLoading) return;
   ClearNameHighlight();
-  state.EditorChanged = true;
+  MarkChanged();
   state.ArrSignFlag = 0;
   if (field.row.store == EditStore::kNowhere) return ChooseVariation(field);
 
@@ -216,10 +231,10 @@ void frmEditArr::Store(const Field& field, int stored) {
   if (state.EditorFilling) return;
   if (field.row.store == EditStore::kLastPosition) {
     // Nothing has been written yet while it is 0.
-    if (state.ArrEditPos != 0) PutByte(record(), static_cast<std::size_t>(state.ArrEditPos), stored);
+    if (state.ArrEditPos != 0) Put(static_cast<std::size_t>(state.ArrEditPos), stored, WordsOf(field));
     return;
   }
-  PutByte(record(), field.position, StoredByte(field.row, ByteAt(record(), field.position), stored));
+  Put(field.position, StoredByte(field.row, ByteAt(record(), field.position), stored), WordsOf(field));
   if (MovesPosition(field.row.array)) state.ArrEditPos = static_cast<int>(field.position);
 }
 
@@ -255,10 +270,10 @@ void frmEditArr::TypeName() {
   if (state.EditorFilling) return;
   Bytes name;
   if (!BytesFromUtf8(Text1[kNameBox].text(), name)) return;
-  PutBytes(record(), arr_edit::kRecord, Padded(name, kArrNameLength));
+  app().edits.Put(kArrRecordUnderEdit, arr_edit::kRecord, Padded(name, kArrNameLength), {"Name"});
   ShowTitle();
   state.ArrNameChanged = true;
-  state.EditorChanged = true;
+  MarkChanged();
 }
 
 }  // namespace zentaline

@@ -13,6 +13,7 @@
 #include "arrangement/arr_format.h"
 #include "arrangement/editor_tables.h"
 #include "core/child_window.h"
+#include "core/edits.h"
 #include "ui/control_array.h"
 
 namespace zentaline {
@@ -135,7 +136,11 @@ class frmEditArr : public ChildWindow {
   void SendMute(int part);
   void PressEffectSwitch(int effect);
 
-  Bytes& record() const;
+  const Bytes& record() const;
+  void MarkChanged();
+  // Writes a byte of the record.
+  void Put(std::size_t position, int value, const EditWords& words);
+  EditWords WordsOf(const Field& field) const;
   std::size_t NamePosition(int part) const;
 
   std::vector<Field> fields_;

@@ -2,6 +2,7 @@
 #include <string>
 #include <utility>
 
+#include "arrangement/editor_texts.h"
 #include "arrangement/frmEditArr.h"
 #include "core/application.h"
 #include "data/captions.h"
@@ -11,8 +12,6 @@ namespace zentaline {
 
 namespace {
 
-constexpr std::array<const char*, kArrPartCount> kPartCaptions = {"Drum", "Percussion", "Bass",   "ACC1", "ACC2",
-                                                                  "ACC3", "UPPER1",     "UPPER2", "LOWER"};
 constexpr int kPartRowCount = static_cast<int>(std::size(kPartRows));
 constexpr int kEditRowCount = static_cast<int>(std::size(kEditRows));
 constexpr int kFields = kEditRowCount + kArrPartCount * kPartRowCount;
@@ -25,7 +24,7 @@ frmEditArr::frmEditArr(Application& app) : ChildWindow(app, "frmEditArr", {}) {
   Frame2.SetCaption("Switches");
   Frame5.SetCaption("Ensemble");
   for (int part = 0; part < kArrPartCount; ++part) {
-    PartFrame(part).SetCaption(kPartCaptions[static_cast<std::size_t>(part)]);
+    PartFrame(part).SetCaption(std::string(PartName(part)));
   }
   MakeFields();
   ConnectButtons();

@@ -204,13 +204,14 @@ void frmEditArr::PickProgram(const Bytes& image, int row) {
   const Picked picked = PickedProgram(*source, image, row);
   const ProgramPlace place = ProgramPlaceOf(picked.bank_code, picked.number);
   const std::size_t block = ArrEditPosition(PartOffset(part));
-  PutByte(record(), block + part_block::kProgram, picked.number);
-  PutByte(record(), block + part_block::kBankCode, picked.bank_code);
-  PutBytes(record(), NamePosition(part), Padded(picked.name, kArrNameLength));
+  const EditWords words{"Sound", PartName(part)};
+  Put(block + part_block::kProgram, picked.number, words);
+  Put(block + part_block::kBankCode, picked.bank_code, words);
+  app().edits.Put(kArrRecordUnderEdit, NamePosition(part), Padded(picked.name, kArrNameLength), words);
   const int box = kFirstPartBox + 2 * part;
   Text1[box].SetText(Utf8FromBytes(picked.name));
   Text1[box + 1].SetText(ProgramNumberText(place.letter, place.index));
-  state.EditorChanged = true;
+  MarkChanged();
 }
 
 void frmEditArr::PickStyle(const Bytes& image, int row, const std::string& row_text) {
@@ -222,13 +223,14 @@ void frmEditArr::PickStyle(const Bytes& image, int row, const std::string& row_t
   if (place < 0 || place >= kStyleRows) return;
   Bytes name;
   if (row_text.size() > kStyleNameAt && !BytesFromUtf8(row_text.substr(kStyleNameAt), name)) return;
-  PutByte(record(), ArrEditPosition(arr_record::kStyleNumber), source->first + place);
-  PutByte(record(), ArrEditPosition(arr_record::kStyleLocation), source->location);
-  PutBytes(record(), arr_edit::kStyleName, Padded(name, kArrNameLength));
+  const EditWords words{"Style"};
+  Put(ArrEditPosition(arr_record::kStyleNumber), source->first + place, words);
+  Put(ArrEditPosition(arr_record::kStyleLocation), source->location, words);
+  app().edits.Put(kArrRecordUnderEdit, arr_edit::kStyleName, Padded(name, kArrNameLength), words);
   Text1[kStyleBox].SetText(Utf8FromBytes(TrimRight(name)));
   // By the style's number, not by the list's row with its gaps.
   Label[1].SetCaption(StyleText(source->first + place, source->location));
-  state.EditorChanged = true;
+  MarkChanged();
 }
 
 // --- What other windows ask ---
@@ -238,7 +240,7 @@ void FillArrEditor(Application& app) {
 }
 
 void OpenArrEditor(Application& app, ChildWindow& source, int index) {
-  app.arrangement.ArrEditRecord = PrepareEditRecord(source.window_image(), index, StyleName);
+  app.edits.TakeRecord(kArrRecordUnderEdit, PrepareEditRecord(source.window_image(), index, StyleName));
   if (frmEditArr* editor = Editor(app)) {
     editor->Fill();
     app.toolkit.Activate(*editor);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/bytes.h"
+#include "core/edited.h"
 
 namespace zentaline {
 
@@ -13,12 +14,12 @@ inline constexpr std::size_t kInstrumentNameLength = 24;
 
 struct ArrangementState {
   Bytes ArrFileImage;           // the last file read, until its window is built
-  Bytes ArrEditRecord;          // 567 bytes: the record under edit
+  EditedBytes ArrEditRecord;    // 567 bytes: the record under edit
   bool ArrNameChanged = false;  // the editor has changed the record's name
 
   std::string ArrInInstrument;  // base name of the .arr last sent, at most 24 bytes
   bool EditorOpen = false;
-  bool EditorChanged = false;
+  EditedFlag EditorChanged;
   bool FindActive = false;
   int FindRow = -1;  // 0 to 63, the row the search wants
   int FindFileId = 0;
@@ -39,7 +40,7 @@ struct ArrangementState {
   bool EditorCloseRefused = false;  // the question at its closing was cancelled
 
   // The database.
-  Bytes DBImage;
+  EditedBytes DBImage;
   bool DBWindowOpen = false;
   bool SilentStart = false;
   int ArrFileId = 0;                   // the result of the last look-up or addition

@@ -153,7 +153,7 @@ class PlainEditor {
   }
 
   static void Show(Desk& desk, int which) {
-    desk.app.arrangement.ArrEditRecord = desk.records[which];
+    desk.app.edits.TakeRecord(kArrRecordUnderEdit, desk.records[which]);
     FillArrEditor(desk.app);
   }
 

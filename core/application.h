@@ -6,6 +6,7 @@
 
 #include "arrangement/state.h"
 #include "base/disk.h"
+#include "core/edits.h"
 #include "core/state.h"
 #include "files/state.h"
 #include "global/state.h"
@@ -45,6 +46,8 @@ struct Application {
   StyleState style;
   GlobalState global;
   FilesState files;
+
+  Edits edits{*this};  // what can be saved changes through it
 
   bool reopening_chain = false;  // the timers that bring windows back are running
 

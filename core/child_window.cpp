@@ -51,6 +51,7 @@ void ChildWindow::Load() {
 
 void ChildWindow::Unload() {
   --app_.core.OpenChildCount;
+  app_.edits.Closed(*this);
   KeepPlace();
   if (FormState* state = FormPlace(); state != nullptr && !app_.core.Closing) state->state = 0;
   if (app_.main != nullptr) app_.main->RefreshMenus();
@@ -80,7 +81,7 @@ bool ChildWindow::Offers(WindowFunction function) {
 }
 
 void ChildWindow::TakePath(const std::string& base) {
-  PutWindowPath(window_image_, base);
+  app_.edits.SetPath(*this, base);
   if (WindowRecord* record = Record()) record->path = base;
   ShowName();
 }

@@ -33,9 +33,8 @@ class ChildWindow : public ui::Form {
   ChildWindow(Application& app, std::string name, std::string number)
       : Form(app_toolkit(app), ui::FormKind::kChild, std::move(name), std::move(number)), app_(app) {}
 
-  // The whole state of the window. Never copied to be looked at.
+  // The whole state of the window. Never copied to be looked at; it changes through app.edits.
   const Bytes& window_image() const { return window_image_; }
-  Bytes& window_image() { return window_image_; }
 
   int Kind() const;          // a WindowKind; 0 for a window without an image
   bool ReadOnly() const;     // the file was opened so
@@ -83,6 +82,7 @@ class ChildWindow : public ui::Form {
   Application& app() const { return app_; }
 
  private:
+  friend class Edits;
   static ui::Toolkit& app_toolkit(Application& app);
   void KeepPlace();
 

@@ -66,7 +66,7 @@ bool SaveWholeAs(Application& app, const FileKind& kind, ChildWindow& window, co
     PutByte(image, position, 0);
   if (saving.has_parts && ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
   if (!saving.save(app, image)) return false;
-  window.window_image() = std::move(image);
+  app.edits.TakeSaved(window, std::move(image), true);
   window.TakePath(base);
   window.FileSaved();
   // A file of one's own comes back so that it can be written; windows of new files have slots of their own.
@@ -113,11 +113,11 @@ bool SaveFile(Application& app, ChildWindow& window) {
     ShowMessage(app, kMessageReadOnlyFile, ShownPath(window.BaseName()), {});
     return false;
   }
-  const bool saved = saving->save(app, window.window_image());
-  if (saved) {
-    PutByte(window.window_image(), kNoFilePosition, 0);
-    window.FileSaved();
-  }
+  Bytes image = window.window_image();
+  const bool saved = saving->save(app, image);
+  if (saved) PutByte(image, kNoFilePosition, 0);
+  app.edits.TakeSaved(window, std::move(image), saved);
+  if (saved) window.FileSaved();
   if (app.main != nullptr) app.main->RefreshMenus();
   return saved;
 }

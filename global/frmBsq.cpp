@@ -47,7 +47,7 @@ constexpr int kCountCharacters = 7;
 }  // namespace
 
 frmBsq::frmBsq(Application& app, Bytes image) : ChildWindow(app, "frmBsq", {}) {
-  window_image() = std::move(image);
+  app.edits.TakeImage(*this, std::move(image));
   for (const ShownTrack& row : kShownTracks) (row.extra ? Lab4 : Lab2)[row.index].SetCaption(row.caption);
   CommLoadBSQ.SetCaption("&Load Back. Seq.");
   CommBSQ.SetCaption("&BACK. SEQ.");

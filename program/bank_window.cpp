@@ -79,7 +79,7 @@ FormState* BankWindow::FormPlace() {
 }
 
 void BankWindow::KeepChannel(int channel) {
-  PutByte(window_image(), kBankChannelPosition, channel);
+  app().edits.SetAside(*this, kBankChannelPosition, channel);
   PlaceOf(app(), kind_).second = channel;
 }
 

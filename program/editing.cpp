@@ -69,7 +69,7 @@ void CheckOption(Application& app, const std::string& name, int index) {
 // --- The record ---
 
 void LoadEditRecord(Application& app, const Bytes& image, int index) {
-  app.program.EditRecord = MakeEditRecord(image, index);
+  app.edits.TakeRecord(kPrgRecordUnderEdit, MakeEditRecord(image, index));
   TakePerfBase(app);
 }
 
@@ -83,9 +83,12 @@ int CommitProgram(Application& app) {
     ShowMessage(app, kMessageReadOnlyFile, ShownPath(bank->BaseName()), {});
     return 1;
   }
-  PutEditRecord(bank->window_image(), record);
-  PutByte(bank->window_image(), kPrgChangedPosition, 1);
-  app.program.ProgramChanged = false;
+  const Bytes name(TrimRight(Slice(record, program_record::kName, program_record::kNameLength)));
+  app.edits.Change(ImageOf(*bank), {"Kept", {}, Utf8FromBytes(name)}, [&](Bytes& image) {
+    PutEditRecord(image, record);
+    PutByte(image, kPrgChangedPosition, 1);
+  });
+  app.edits.Mark(kPrgRecordUnderEdit, false);
   ShowProgramName(*bank, ByteAt(record, edit_record::kIndex));
   if (app.main != nullptr) app.main->RefreshMenus();
   return 0;

@@ -199,8 +199,8 @@ void frmPrgUN::PressLoad() {
 
 // A new bank is heard on the channel in its control bytes, and keeps it in its file's header as every bank does.
 void frmPrgUN::KeepChannel(int channel) {
-  PutByte(window_image(), kPrgImageChannelPosition, channel);
-  if (Kind() == kKindNewPrg) PutByte(window_image(), kBankChannelPosition, channel);
+  app().edits.SetAside(*this, kPrgImageChannelPosition, channel);
+  if (Kind() == kKindNewPrg) app().edits.SetAside(*this, kBankChannelPosition, channel);
   app().midi.ProgramEditing = false;
   channel_chosen_ = true;
   if (app().main != nullptr) app().main->RefreshMenus();
@@ -257,7 +257,7 @@ bool frmPrgUN::QueryClose() {
   if (!CloseProgramEditorsOf(app(), *this)) return false;
   if (ByteAt(window_image(), kPrgChangedPosition) == 0) return true;
   if (!SaveBeforeClosing(app(), *this)) return false;
-  PutByte(window_image(), kPrgChangedPosition, 0);
+  app().edits.Mark(*this, kPrgChangedPosition, 0);
   return true;
 }
 

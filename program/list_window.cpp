@@ -19,7 +19,7 @@ constexpr int kRowsOfADecade = 8;
 
 ProgramListWindow::ProgramListWindow(Application& app, std::string name, std::string number, Bytes image)
     : ChildWindow(app, std::move(name), std::move(number)) {
-  window_image() = std::move(image);
+  app.edits.TakeImage(*this, std::move(image));
   Label1.SetCaption(GetText(app, kTextMidiChannel));
   CommClose.SetCaption(GetText(app, kTextClose));
   std::vector<std::string> channels;
@@ -71,7 +71,7 @@ void ProgramListWindow::HearRow(int row) {
 
 void ProgramListWindow::AssignRow(int row) {
   PickProgram(app(), window_image(), row);
-  app().arrangement.EditorChanged = true;
+  app().edits.Mark(kArrRecordUnderEdit, true);
 }
 
 }  // namespace zentaline

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/bytes.h"
+#include "core/edited.h"
 #include "core/state.h"
 
 namespace zentaline {
@@ -21,13 +22,13 @@ struct ProgramState {
   Bytes ProgramFileBuffer;       // the last file read
   std::string ProgramExtension;  // of the file that ReadProgramByName found: "prg" or "pgg"
   std::string PrgInInstrument;   // base name of the program file last sent, at most 50 bytes
-  Bytes EditRecord;              // 201 bytes: the program under edit, or the one heard last
+  EditedBytes EditRecord;        // 201 bytes: the program under edit, or the one heard last
   int UserProgram = -1;          // the row that window 9 remembers as the bank's current program, -1 for none
 
   // The program editor.
   int EditOsc = 1;  // 1 or 2, the oscillator last selected
   bool PrgEditorOpen = false;
-  bool ProgramChanged = false;  // an edit since the last CommitProgram
+  EditedFlag ProgramChanged;    // an edit since the last CommitProgram
   bool ProgramFilling = false;  // the editor fills its controls: their events do nothing
   int MultisoundTarget = 0;     // the BasText, 1 or 2, that frmMultisample feeds; 0 for none
 

@@ -22,10 +22,11 @@ constexpr int kRows = 64;
 }  // namespace
 
 frmStyAB::frmStyAB(Application& app, int kind) : ChildWindow(app, "frmStyAB", std::to_string(kind)) {
-  window_image() = WindowPrefix();
-  PutWindowPath(window_image(), kind == kKindStyA ? "Style A" : "Style B");
-  for (const std::size_t position : {kKindPosition, kSlotStatePosition}) PutByte(window_image(), position, kind);
-  PutByte(window_image(), kReadOnlyPosition, 1);
+  Bytes image = WindowPrefix();
+  PutWindowPath(image, kind == kKindStyA ? "Style A" : "Style B");
+  for (const std::size_t position : {kKindPosition, kSlotStatePosition}) PutByte(image, position, kind);
+  PutByte(image, kReadOnlyPosition, 1);
+  app.edits.TakeImage(*this, std::move(image));
 
   CommArrPlay.SetCaption("&ARR PLAY");
   CommSongPlay.SetCaption("SO&NG PLAY");

@@ -29,7 +29,7 @@ constexpr int kRowsOfGroup = kStyGroupEntries + 1;  // with the blank one behind
 frmStyUN::frmStyUN(Application& app, int number, Bytes image)
     : ChildWindow(app, "frmStyUN", (ByteAt(image, kKindPosition) == kKindNewSty ? "n" : "") + std::to_string(number)),
       number_(number) {
-  window_image() = std::move(image);
+  app.edits.TakeImage(*this, std::move(image));
   CommLoadSty.SetCaption("Load &Styles");
   for (int group = 0; group < kStyGroupCount; ++group) {
     CommLoadStyGrp[group].SetCaption("Load Styles");

@@ -65,14 +65,14 @@ bool Control::HasFocus() const {
 
 bool Control::UserFocus() {
   if (!Usable()) return false;
-  const UserEvent event(form_);
+  const UserEvent event(*this);
   SetFocus();
   return true;
 }
 
 bool Control::UserKey(const Key& key) {
   if (!Usable()) return false;
-  const UserEvent event(form_);
+  const UserEvent event(*this);
   SetFocus();
   if (on_key) on_key(key);
   return true;
@@ -80,7 +80,7 @@ bool Control::UserKey(const Key& key) {
 
 bool Control::UserMouse(const MouseEvent& event) {
   if (!Usable()) return false;
-  const UserEvent scope(form_);
+  const UserEvent scope(*this);
   if (event.what == MouseEvent::kDown && !event.right) SetFocus();
   if (on_mouse) on_mouse(event);
   return true;
@@ -88,7 +88,7 @@ bool Control::UserMouse(const MouseEvent& event) {
 
 bool Control::UserContext() {
   if (!Usable()) return false;
-  const UserEvent event(form_);
+  const UserEvent event(*this);
   if (on_context) {
     on_context();
   } else if (form_.on_context) {
@@ -101,8 +101,17 @@ void Control::Changed(Change change) {
   if (view != nullptr) view->Show(change);
 }
 
-UserEvent::UserEvent(Form& form) : toolkit_(form.toolkit()) {
+UserEvent::UserEvent(Form& form) : UserEvent(form, nullptr) {}
+
+UserEvent::UserEvent(Control& control) : UserEvent(control.form(), &control) {}
+
+UserEvent::UserEvent(Control& control, Moves) : UserEvent(control.form(), &control) {
+  toolkit_.NoteMove(control);
+}
+
+UserEvent::UserEvent(Form& form, const Control* control) : toolkit_(form.toolkit()) {
   toolkit_.EnterEvent();
+  toolkit_.NoteUser(control);
   if (form.kind() == FormKind::kChild) toolkit_.Activate(form);
 }
 

@@ -132,16 +132,22 @@ class Control {
 };
 
 // Stands around whatever the user does: brings the form, when it is a child window, to the front. A form that is closed
-// meanwhile is destroyed only when the outermost event has ended.
+// meanwhile is destroyed only when the outermost event has ended. The outermost one of a form or a control is the
+// user's action; one of the toolkit alone holds several together.
 class UserEvent {
  public:
+  enum Moves { kMoves };
   explicit UserEvent(Form& form);
+  explicit UserEvent(Control& control);
+  UserEvent(Control& control, Moves);    // a change of its value that may be one of many
   explicit UserEvent(Toolkit& toolkit);  // of no form, as the start of the program
   ~UserEvent();
   UserEvent(const UserEvent&) = delete;
   UserEvent& operator=(const UserEvent&) = delete;
 
  private:
+  UserEvent(Form& form, const Control* control);
+
   Toolkit& toolkit_;
 };
 

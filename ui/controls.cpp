@@ -84,7 +84,7 @@ bool TextBox::Takes(const std::string& text) const {
 
 bool TextBox::UserType(const std::string& text) {
   if (!Usable() || read_only || !Takes(text)) return false;
-  const UserEvent event(form());
+  const UserEvent event(*this, UserEvent::kMoves);
   SetFocus();
   SetText(text);
   return true;
@@ -254,7 +254,7 @@ void ScrollBar::SetValue(int value) {
 
 bool ScrollBar::UserSet(int value) {
   if (!Usable() || value < std::min(min_, max_) || value > std::max(min_, max_)) return false;
-  const UserEvent event(form());
+  const UserEvent event(*this, UserEvent::kMoves);
   SetFocus();
   SetValue(value);
   return true;
@@ -371,6 +371,7 @@ void Timer::SetInterval(int milliseconds) {
 void Timer::Start() {
   if (!form().open() || std::exchange(running_, true)) return;
   Toolkit& toolkit = form().toolkit();
+  cause_ = toolkit.cause();
   if (interval_ > 0) toolkit.timers().Start(*this, toolkit.Now());
   toolkit.TimersChanged();
 }

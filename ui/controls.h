@@ -232,6 +232,8 @@ class Timer : public Control {
 
  private:
   friend class TimerQueue;
+  friend class Toolkit;
+  std::int64_t cause_ = 0;  // the action of the user's that started it
   int interval_ = 10;
   bool running_ = false;
 };

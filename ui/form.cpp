@@ -72,7 +72,7 @@ bool Form::UserClose() {
 }
 
 void Form::UserActivate() {
-  if (!Reachable()) return;
+  if (!Reachable() || kind_ != FormKind::kChild || toolkit_.active_child() == this) return;
   const UserEvent event(*this);
 }
 

@@ -69,19 +69,23 @@ void Picture::SelectHandle(int handle) {
 
 bool Picture::UserDrag(int handle, int x, int y) {
   if (!Usable() || !Has(handle)) return false;
-  const UserEvent event(form());
+  // In one go it is taken, dragged and let go.
+  const bool at_once = !held_;
+  if (at_once) form().toolkit().HandTakes(*this);
+  const UserEvent event(*this, UserEvent::kMoves);
   SetFocus();
   SelectHandle(handle);
   if (on_drag) on_drag(handle, std::clamp(x, 0, kWholePicture), std::clamp(y, 0, kWholePicture));
   // The controls that it moved took the focus in turn; the hand is still on the picture.
   if (form().open()) SetFocus();
+  if (at_once) form().toolkit().HandLetsGo();
   return true;
 }
 
 bool Picture::UserTake(int handle) {
   if (!Usable() || !Has(handle)) return false;
-  if (!std::exchange(held_, true)) form().toolkit().HandTakes();
-  const UserEvent event(form());
+  if (!std::exchange(held_, true)) form().toolkit().HandTakes(*this);
+  const UserEvent event(*this);
   SetFocus();
   SelectHandle(handle);
   return true;
@@ -93,7 +97,7 @@ void Picture::UserLetGo() {
 
 bool Picture::UserStep(int right, int up) {
   if (!Usable() || !Has(selected_) || !on_step) return false;
-  const UserEvent event(form());
+  const UserEvent event(*this, UserEvent::kMoves);
   on_step(selected_, right, up);
   if (form().open()) SetFocus();
   return true;

@@ -56,10 +56,43 @@ Form* Toolkit::FindForm(const std::string& full_name) const {
 bool Toolkit::FireDueTimer() {
   Timer* timer = timers_.TakeDue(Now());
   if (timer == nullptr) return false;
-  EnterEvent();
-  if (timer->on_timer) timer->on_timer();
-  LeaveEvent();
+  RunTimer(*timer);
   return true;
+}
+
+void Toolkit::RunTimer(const Timer& timer) {
+  // A modal window's loop runs timers inside of an event.
+  const Cause around = cause_;
+  ++event_depth_;
+  cause_ = timer.cause_ != kNoCause ? timer.cause_ : ++last_cause_;
+  if (timer.on_timer) timer.on_timer();
+  cause_ = around;
+  LeaveEvent();
+}
+
+Cause Toolkit::cause() {
+  if (event_depth_ > 0 && cause_ == kNoCause) cause_ = ++last_cause_;
+  return cause_;
+}
+
+// A press of the mouse or of a key on the control that is moved is no pause in its moves.
+void Toolkit::NoteUser(const Control* control) {
+  if (cause_ == kNoCause && !move_.held && (control == nullptr || control != move_.control)) move_ = {};
+}
+
+void Toolkit::NoteMove(const Control& control) {
+  if (cause_ != kNoCause) return;
+  const bool same = move_.control == &control;
+  if (move_.held && !same) return;
+  const std::int64_t now = Now();
+  const bool goes_on = same && move_.cause != kNoCause && (move_.held || now - move_.time <= kLongestPauseInMove);
+  cause_ = goes_on ? move_.cause : ++last_cause_;
+  move_ = {&control, now, cause_, same && move_.held};
+}
+
+void Toolkit::HandTakes(const Control& control) {
+  ++takings_;
+  move_ = {&control, Now(), kNoCause, true};
 }
 
 void Toolkit::DropForms() {
@@ -72,6 +105,7 @@ void Toolkit::DropForms() {
 
 void Toolkit::LeaveEvent() {
   if (--event_depth_ > 0) return;
+  cause_ = kNoCause;
   const auto dying = std::exchange(closed_, {});
 }
 
@@ -79,6 +113,7 @@ void Toolkit::TakeOut(Form& form) {
   form.open_ = false;
   std::erase(activation_order_, &form);
   for (Control* control : form.controls()) {
+    if (control == move_.control) move_ = {};
     if (control->kind() == ControlKind::kTimer) static_cast<Timer*>(control)->Stop();
   }
 }

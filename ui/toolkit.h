@@ -12,6 +12,13 @@
 
 namespace zentaline::ui {
 
+// The action of the user that something happens by: its number in the order of this run, from 1.
+using Cause = std::int64_t;
+inline constexpr Cause kNoCause = 0;
+
+// Moves of one control that follow each other within so many milliseconds are one action.
+inline constexpr std::int64_t kLongestPauseInMove = 2000;
+
 class Toolkit {
  public:
   Toolkit() = default;
@@ -64,14 +71,15 @@ class Toolkit {
   // the toolkit then doesn't call this.
   bool FireDueTimer();
 
-  // The hand takes something hold of, as a handle of a picture: until it lets go, all that comes of it is one action of
-  // the user, however many events it takes.
-  void HandTakes() {
-    ++hands_;
-    ++takings_;
-  }
-  void HandLetsGo() { --hands_; }
-  bool HandHolds() const { return hands_ > 0; }
+  // What the user did that runs now: the outermost event, or the one that started the timer that runs. The moves of one
+  // scroll bar, and the typing in one text box, are one action while nothing else is done and no pause is longer than
+  // kLongestPauseInMove. kNoCause while nothing runs.
+  Cause cause();
+  // The hand takes hold of something in a control, as a handle of a picture: until it lets go, all moves of the control
+  // are one action, however long it takes.
+  void HandTakes(const Control& control);
+  void HandLetsGo() { move_ = {}; }
+  bool HandHolds() const { return move_.held; }
   std::int64_t takings() const { return takings_; }  // how often it has taken hold so far
 
   // The main window has closed: the program ends.
@@ -93,10 +101,23 @@ class Toolkit {
   virtual void RunModal(Form& form) = 0;
   // Closes all forms without asking; for a toolkit that ends.
   void DropForms();
+  // Runs the handler of a timer that was taken off the queue.
+  void RunTimer(const Timer& timer);
 
  private:
+  // What the user moves, now or lately.
+  struct Move {
+    const Control* control = nullptr;
+    std::int64_t time = 0;
+    Cause cause = kNoCause;
+    bool held = false;  // the mouse button is down
+  };
+
   void EnterEvent() { ++event_depth_; }
   void LeaveEvent();
+  // The user does something to a control (null: to something else), or moves its value.
+  void NoteUser(const Control* control);
+  void NoteMove(const Control& control);
   // Out of the order of activation, with its timers stopped, while it does its last work.
   void TakeOut(Form& form);
   void Closed(Form& form);
@@ -107,8 +128,10 @@ class Toolkit {
   std::vector<Form*> activation_order_;  // child windows, the one in front last
   TimerQueue timers_;
   int event_depth_ = 0;
-  int hands_ = 0;
   std::int64_t takings_ = 0;
+  Cause cause_ = kNoCause;  // of the event that runs, once it is known
+  Cause last_cause_ = kNoCause;
+  Move move_;
 };
 
 }  // namespace zentaline::ui

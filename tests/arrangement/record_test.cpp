@@ -22,7 +22,7 @@ class Record : public ::testing::Test {
     arr_ = "KORG" + Hand({0x4D, 0, 3}) + RandomBytes(random, 10521);
     desk_.Put("Song.arr", arr_);
   }
-  Bytes& Edited() { return desk_.program.app.arrangement.ArrEditRecord; }
+  Bytes& Edited() { return BytesFor(desk_.program.app.arrangement.ArrEditRecord); }
   void Take(int window, int row) {
     Edited() = PrepareEditRecord(desk_.program.Arr(window)->window_image(), row, StyleName);
   }

@@ -86,7 +86,7 @@ TEST_F(Send, AWindowNineThatKeepsItsChangesStaysAsItIs) {
   Press("CommLoadArr");
   desk_.Wait(20);
   desk_.Press("mnuArrU");
-  Set(desk_.program.Arr(9)->window_image(), 4, 1);
+  Set(ImageFor(*desk_.program.Arr(9)), 4, 1);
   desk_.Open("Other.arr");
   desk_.program.toolkit.answers = {ui::BoxAnswer::kCancel};
   desk_.Press("frmArrU(2).CommLoadArr");
@@ -119,7 +119,7 @@ TEST_F(Send, ASecondPressBeforeTheDumpSendsOnceAtOnce) {
 
 TEST_F(Send, UnsavedChangesReachTheInstrument) {
   OpenSong();
-  Set(desk_.program.Arr(1)->window_image(), 303 + 164 + 21, 99);
+  Set(ImageFor(*desk_.program.Arr(1)), 303 + 164 + 21, 99);
   Press("CommLoadArr");
   desk_.Wait(1000);
   desk_.Log();
@@ -322,7 +322,7 @@ class SendOpenPrograms : public Send {
     programs_ = desk_.program.toolkit.active_child();
     OpenSong();
   }
-  Bytes& Image() { return static_cast<ChildWindow*>(programs_)->window_image(); }
+  Bytes& Image() { return ImageFor(*static_cast<ChildWindow*>(programs_)); }
 
   std::string prg_;
   ui::Form* programs_ = nullptr;

@@ -415,8 +415,8 @@ TEST_F(Window, AChangedFileIsAskedForBeforeItCloses) {
   const std::string arr = ArrBytes({{"A", 1, false, {}}});
   const ShownBox question{51, "File Arr - Song.arr (1)", "The file has changed\nSave changes ?"};
   OpenSong(arr);
-  Set(desk_.program.Arr(1)->window_image(), 303, 'B');
-  Set(desk_.program.Arr(1)->window_image(), 4, 1);
+  Set(ImageFor(*desk_.program.Arr(1)), 303, 'B');
+  Set(ImageFor(*desk_.program.Arr(1)), 4, 1);
   desk_.program.toolkit.answers = {ui::BoxAnswer::kCancel};
   EXPECT_FALSE(desk_.program.Arr(1)->UserClose());
   EXPECT_THAT(desk_.program.Boxes(), ElementsAre(question));
@@ -434,8 +434,8 @@ TEST_F(Window, AChangedFileIsAskedForBeforeItCloses) {
 TEST_F(Window, ARefusedSaveLosesNothing) {
   const std::string arr = ArrBytes({{"A", 1, false, {}}});
   OpenSong(arr);
-  Set(desk_.program.Arr(1)->window_image(), 4, 1);
-  Set(desk_.program.Arr(1)->window_image(), 303, 'B');
+  Set(ImageFor(*desk_.program.Arr(1)), 4, 1);
+  Set(ImageFor(*desk_.program.Arr(1)), 303, 'B');
   desk_.program.toolkit.answers = {ui::BoxAnswer::kNo};
   EXPECT_TRUE(desk_.program.Arr(1)->UserClose());
   EXPECT_EQ(desk_.folder.Get("Song.arr"), arr);
@@ -443,8 +443,8 @@ TEST_F(Window, ARefusedSaveLosesNothing) {
 
 TEST_F(Window, AWindowMadeInMemoryIsSavedUnderANameThatIsAskedFor) {
   OpenSong(ArrBytes({{"A", 1, false, {}}}));
-  Set(desk_.program.Arr(1)->window_image(), 4, 1);
-  Set(desk_.program.Arr(1)->window_image(), 11, 1);
+  Set(ImageFor(*desk_.program.Arr(1)), 4, 1);
+  Set(ImageFor(*desk_.program.Arr(1)), 11, 1);
   desk_.program.toolkit.answers = {ui::BoxAnswer::kYes};
   EXPECT_FALSE(desk_.program.Arr(1)->UserClose()) << "a dialog that is cancelled keeps it open";
   desk_.program.toolkit.answers = {ui::BoxAnswer::kYes};

@@ -190,7 +190,7 @@ TEST_F(MainWindowTest, AnArrangementWindowEnablesWhatItOffers) {
                           mnuAddAll, mnuTaglia, mnuIncolla}) {
     EXPECT_FALSE(program->Enabled(id)) << program->app.main->Menu(id).name();
   }
-  PutByte(program->Arr(1)->window_image(), 4, 1);
+  PutByte(ImageFor(*program->Arr(1)), 4, 1);
   program->app.main->RefreshMenus();
   EXPECT_TRUE(program->Enabled(mnuSalva));
   EXPECT_TRUE(program->Enabled(mnuSalvaAs));
@@ -200,7 +200,7 @@ TEST_F(MainWindowTest, AnArrangementWindowEnablesWhatItOffers) {
   EXPECT_TRUE(program->Enabled(mnuSalvaAs));
   program->Press(mnuRdOnly);
   EXPECT_TRUE(program->Enabled(mnuSalva));
-  PutByte(program->Arr(1)->window_image(), 2, 1);
+  PutByte(ImageFor(*program->Arr(1)), 2, 1);
   program->app.main->RefreshMenus();
   EXPECT_FALSE(program->Enabled(mnuSalva));
   program->toolkit.answers = {ui::BoxAnswer::kNo};
@@ -546,7 +546,7 @@ TEST_F(MainWindowTest, ClosingAsksEachChangedWindowAndStaysOnCancel) {
     Song(name);
     program->OpenArr(folder.Path(name) + ".arr");
   }
-  for (const int number : {1, 3}) PutByte(program->Arr(number)->window_image(), 4, 1);
+  for (const int number : {1, 3}) PutByte(ImageFor(*program->Arr(number)), 4, 1);
   program->toolkit.answers = {ui::BoxAnswer::kNo, ui::BoxAnswer::kCancel};
   EXPECT_FALSE(program->Quit());
   EXPECT_EQ(program->Boxes(),

@@ -57,7 +57,7 @@ class AnyOrder : public ::testing::TestWithParam<unsigned> {
     if (what == 2) return form.UserActivate();
     if (what == 3 && form.kind() == ui::FormKind::kChild) {
       // As an edit leaves it.
-      return PutByte(static_cast<ChildWindow&>(form).window_image(), 4, 1);
+      return PutByte(ImageFor(static_cast<ChildWindow&>(form)), 4, 1);
     }
     if (what == 4) {
       return program.toolkit.UserPlaces(form, {Pick(9000) - 4500, Pick(9000) - 4500, 1 + Pick(2000), 1 + Pick(2000),

@@ -338,8 +338,8 @@ TEST_F(Opening, AnExtensionInOtherLettersIsFoundAgainAndSoAreItsSiblings) {
   const long count = folder.Count();
   for (const int number : {1, 2}) {
     next.Arr(number)->UserActivate();
-    PutByte(next.Arr(number)->window_image(), 4, 1);
-    PutByte(next.Arr(number)->window_image(), 303, 'Z');
+    PutByte(ImageFor(*next.Arr(number)), 4, 1);
+    PutByte(ImageFor(*next.Arr(number)), 303, 'Z');
     next.app.main->RefreshMenus();
     EXPECT_TRUE(next.Press(mnuSalva));
   }

@@ -52,7 +52,7 @@ class Saving : public ::testing::Test {
     program.OpenArr(Path(name + ".arr"), 1, read_only);
     ASSERT_TRUE(program.Boxes().empty());
   }
-  Bytes& Image(int number = 1) { return program.Arr(number)->window_image(); }
+  Bytes& Image(int number = 1) { return ImageFor(*program.Arr(number)); }
   // A change of the first record's name, as an editor makes it.
   void Change(int number = 1) {
     PutByte(Image(number), 303, 'Z');

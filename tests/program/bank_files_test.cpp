@@ -175,7 +175,7 @@ TEST_F(BankFiles, ANewBankAsksForItsNameOnceAndIsSavedLikeAFileFromThenOn) {
   EXPECT_FALSE(desk_.Enabled("mnuSalva"));
   EXPECT_EQ(desk_.program.app.core.RecentFiles[0].path, desk_.folder.Path("Mine"));
 
-  Set(desk_.Prg(1)->window_image(), 319, 'M');
+  Set(ImageFor(*desk_.Prg(1)), 319, 'M');
   desk_.Change(1);
   desk_.Prg(1)->Activated();
   desk_.Press("mnuSalva");
@@ -215,7 +215,7 @@ TEST_F(BankFiles, OnlyAChangedBankIsSavedAndWhatIsOnlyCarriedSurvives) {
   Open(file);
   EXPECT_FALSE(desk_.Enabled("mnuSalva"));
   EXPECT_FALSE(desk_.Enabled("mnuSalvaAs"));
-  Set(desk_.Prg(1)->window_image(), 319 + 172, 'Q');
+  Set(ImageFor(*desk_.Prg(1)), 319 + 172, 'Q');
   desk_.Change(1);
   desk_.Prg(1)->Activated();
   ASSERT_TRUE(desk_.Press("mnuSalva"));
@@ -314,7 +314,7 @@ TEST_F(BankFiles, AChangedBankAsksBeforeItCloses) {
   EXPECT_EQ(desk_.folder.Get("Bank.prg"), Bank());
 
   desk_.OpenPrg("Bank.prg");
-  Set(desk_.Prg(1)->window_image(), 319, 'Z');
+  Set(ImageFor(*desk_.Prg(1)), 319, 'Z');
   desk_.Change(1);
   AnswerBox(ui::BoxAnswer::kYes);
   EXPECT_TRUE(Close());

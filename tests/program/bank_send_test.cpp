@@ -323,7 +323,7 @@ TEST_F(ArrPrograms, WhatAnOpenWindowHoldsGoesOutFromTheArrangementWindow) {
   desk_.Put("Song.prg", Bank());
   OpenSong();
   desk_.Press("frmArrU(1).CommShowPrg");
-  Set(desk_.Prg(1)->window_image(), 319, 'X');
+  Set(ImageFor(*desk_.Prg(1)), 319, 'X');
   desk_.Press("frmArrU(1).CommLoadPrg");
   desk_.Log();
   desk_.Wait(100);

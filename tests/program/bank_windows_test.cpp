@@ -145,7 +145,7 @@ TEST_F(BankWindows, AnArmedPartIsSelectedOnItsOwnChannelAndTheArrangementCountsA
   for (int part = 0; part < 9; ++part) {
     arrangement.ArrPartSlots.fill(0);
     arrangement.ArrPartSlots[static_cast<std::size_t>(2 * part + 2)] = 1;
-    arrangement.EditorChanged = false;
+    FlagFor(arrangement.EditorChanged) = false;
     desk_.Log();
     List("frmPcgAE(7)").UserSelect({7});
     EXPECT_EQ(desk_.Wire(),

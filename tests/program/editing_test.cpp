@@ -46,12 +46,12 @@ TEST_F(ProgramUnderEdit, ARecordThatIsTakenUpIsWhatPerformancesStartFrom) {
 TEST_F(ProgramUnderEdit, KeepsItsRecordInTheBank) {
   desk_.OpenBank(CountingBank());
   desk_.Click(5);
-  app().program.EditRecord.replace(0, 16, "Another name    ");
-  app().program.EditRecord.replace(171, 1, "z");
-  app().program.ProgramChanged = true;
+  BytesFor(app().program.EditRecord).replace(0, 16, "Another name    ");
+  BytesFor(app().program.EditRecord).replace(171, 1, "z");
+  FlagFor(app().program.ProgramChanged) = true;
   desk_.Wire();
   EXPECT_EQ(CommitProgram(app()), 0);
-  EXPECT_EQ(desk_.Image().substr(318 + 172 * 5, 172), app().program.EditRecord.substr(0, 172));
+  EXPECT_EQ(desk_.Image().substr(318 + 172 * 5, 172), app().program.EditRecord.value().substr(0, 172));
   EXPECT_EQ(desk_.Control(1, 7), 1);
   EXPECT_FALSE(app().program.ProgramChanged);
   EXPECT_EQ(desk_.Rows().RowText(5), "16  Another name    ");
@@ -63,8 +63,8 @@ TEST_F(ProgramUnderEdit, IsRefusedByABankThatIsReadOnly) {
   desk_.OpenPrg("Bank.prg", true);
   desk_.Click(5);
   const Bytes before = desk_.Image();
-  app().program.EditRecord.replace(20, 1, "z");
-  app().program.ProgramChanged = true;
+  BytesFor(app().program.EditRecord).replace(20, 1, "z");
+  FlagFor(app().program.ProgramChanged) = true;
   EXPECT_EQ(CommitProgram(app()), 1);
   EXPECT_THAT(desk_.program.Boxes(), ElementsAre(ShownBox{48, "Bank", "Read only file"}));
   EXPECT_TRUE(app().program.ProgramChanged);

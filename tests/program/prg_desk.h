@@ -49,7 +49,7 @@ class PrgDesk : public ArrDesk {
   bool Channel(const std::string& window, int row) { return Find<ui::ComboBox>(window + ".Combo1")->UserSelect(row); }
   bool Key(const std::string& list, const ui::Key& key) { return Find<ui::ListBox>(list)->UserKey(key); }
   // As if the program part had been changed by hand.
-  void Change(int number) { Set(Prg(number)->window_image(), 7, 1); }
+  void Change(int number) { Set(ImageFor(*Prg(number)), 7, 1); }
 
   static std::string Of(int number, const std::string& control) {
     return "frmPrgUN(" + std::to_string(number) + ")." + control;

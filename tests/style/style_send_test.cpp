@@ -256,7 +256,7 @@ class PickAStyle : public ShowStyles {
     box->UserMouse({ui::MouseEvent::kDown, 0, 0, false});
     box->UserMouse({ui::MouseEvent::kUp, 0, 0, false});
     ASSERT_TRUE(desk_.program.app.arrangement.ArrStyleArmed);
-    desk_.program.app.arrangement.EditorChanged = false;
+    FlagFor(desk_.program.app.arrangement.EditorChanged) = false;
   }
   const std::string& record() { return desk_.program.app.arrangement.ArrEditRecord; }
   bool changed() { return desk_.program.app.arrangement.EditorChanged; }
@@ -286,7 +286,7 @@ TEST_F(PickAStyle, AClickInABankGivesTheFactoryStyle) {
 
 TEST_F(PickAStyle, NothingIsPickedWhileTheStyleIsNotArmed) {
   OpenEditor(false);
-  desk_.program.app.arrangement.EditorChanged = false;
+  FlagFor(desk_.program.app.arrangement.EditorChanged) = false;
   const std::string before = record();
   desk_.Press("mnuStyA");
   desk_.SelectIn("frmStyAB(17)", 9);

@@ -331,7 +331,7 @@ TEST_F(StyleWindow, ANewFileOnceSavedIsSavedWithoutADialog) {
   desk_.Press("mnuNuovoSty");
   desk_.SaveAs("Mine.sty");
   desk_.Press("mnuSalva");
-  std::string& image = desk_.NewSty(1)->window_image();
+  std::string& image = ImageFor(*desk_.NewSty(1));
   Set(image, 10, 1);
   image.replace(669 + 224, 3, "Mio");
   desk_.program.toolkit.dialogs.clear();
@@ -391,7 +391,7 @@ TEST_F(StyleWindow, AChangedFileAsksAndTheAnswerCounts) {
   const std::string sty = StyBytes(1);
   for (const auto answer : {ui::BoxAnswer::kCancel, ui::BoxAnswer::kNo, ui::BoxAnswer::kYes}) {
     OpenSong(sty);
-    std::string& image = desk_.Sty(1)->window_image();
+    std::string& image = ImageFor(*desk_.Sty(1));
     Set(image, 10, 1);
     image.replace(669 + 224, 3, "New");
     desk_.program.toolkit.answers = {answer};
@@ -429,7 +429,7 @@ TEST_F(StyleWindow, ANewFileThatWasNeverSavedLeavesNoRecentFile) {
 
 TEST_F(StyleWindow, AFileThatCannotBeWrittenKeepsItsWindowOpen) {
   OpenSong(StyBytes(1));
-  Set(desk_.Sty(1)->window_image(), 10, 1);
+  Set(ImageFor(*desk_.Sty(1)), 10, 1);
   desk_.program.disk.Fail("write", "ENOSPC", 1);
   desk_.program.toolkit.answers = {ui::BoxAnswer::kYes};
   desk_.CloseForm(kForm);
@@ -440,7 +440,7 @@ TEST_F(StyleWindow, AFileThatCannotBeWrittenKeepsItsWindowOpen) {
 TEST_F(StyleWindow, SavingWritesWholeRecordsOfFourBytesAndLeavesTheImageAlone) {
   const std::string sty = StyImage({{"One", 41}, {"Two", 50}});
   OpenSong(sty);
-  Set(desk_.Sty(1)->window_image(), 10, 1);
+  Set(ImageFor(*desk_.Sty(1)), 10, 1);
   desk_.program.app.main->RefreshMenus();
   ASSERT_TRUE(desk_.Press("mnuSalva"));
   // 224 + 41 + 50 = 315, rounded up.

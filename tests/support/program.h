@@ -16,6 +16,7 @@
 #include "core/main_window.h"
 #include "midi/listening.h"
 #include "midi/recorder/recorder.h"
+#include "tests/support/edits.h"
 #include "tests/support/scratch_folder.h"
 #include "ui/console/console_toolkit.h"
 #include "ui/console/midi_transcript.h"

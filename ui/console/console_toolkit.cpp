@@ -104,8 +104,7 @@ void ConsoleToolkit::RunChain(const std::function<bool()>& running) {
     }
     Timer* const timer = timers().TakeFirst(of_main);
     if (timer == nullptr) return;
-    const UserEvent event(*this);
-    if (timer->on_timer) timer->on_timer();
+    RunTimer(*timer);
   }
 }
 

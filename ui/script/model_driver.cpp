@@ -68,7 +68,7 @@ bool ModelDriver::Type(Control& control, const std::string& text) {
 }
 
 bool ModelDriver::PressKey(Control& control, const Key& key) {
-  const UserEvent event(control.form());
+  const UserEvent event(control);
   if (!control.UserKey(key)) return false;
   if (!control.form().open()) return true;
   control.DefaultKey(key);

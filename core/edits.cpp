@@ -1,0 +1,368 @@
+#include "core/edits.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "core/application.h"
+#include "core/child_window.h"
+#include "core/window_image.h"
+
+namespace zentaline {
+
+namespace {
+
+using Thing = EditTarget::Thing;
+
+constexpr std::size_t kMostActions = 2000;
+constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+
+// Differences that are no further apart are one piece.
+constexpr std::size_t kGap = 16;
+constexpr std::size_t kBlock = 64;
+
+// Of the newest pieces of an action, for one that is written again.
+constexpr std::size_t kSearched = 8;
+
+// The control bytes that change with what the user does; the others say which file it is.
+constexpr std::size_t kMarks[] = {kChangedPosition,  kPrgAttachedPosition, kPrgChangedPosition,
+                                  kStyStatePosition, kStyChangedPosition,  kPggPosition};
+
+bool SameBlock(std::string_view a, std::string_view b, std::size_t at) {
+  return std::memcmp(a.data() + at, b.data() + at, kBlock) == 0;
+}
+
+// Behind the last block that is the same in both. What comes after it was replaced as a whole.
+std::size_t EndOfSame(std::string_view a, std::string_view b) {
+  std::size_t end = std::min(a.size(), b.size()) / kBlock * kBlock;
+  while (end > 0 && !SameBlock(a, b, end - kBlock)) end -= kBlock;
+  return end;
+}
+
+std::size_t SameTail(std::string_view a, std::string_view b) {
+  const auto [in_a, in_b] = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+  return static_cast<std::size_t>(in_a - a.rbegin());
+}
+
+bool Overlap(const EditChange& change, std::size_t position, std::size_t length) {
+  return change.position < position + length && position < change.position + change.after.size();
+}
+
+std::size_t NextDifference(std::string_view a, std::string_view b, std::size_t at, std::size_t end) {
+  while (at < end && a[at] == b[at]) ++at;
+  return at;
+}
+
+// Another length than the new bytes have is of bytes that were replaced.
+void Replace(Bytes& bytes, std::size_t position, std::size_t length, std::string_view by) {
+  if (position - 1 <= bytes.size()) bytes.replace(position - 1, length, by);
+}
+
+// Whether taking it back or bringing it forth would change nothing.
+bool SaysNothing(const EditAction& action) {
+  return action.kind == EditAction::Kind::kUser && action.changes.empty() &&
+         std::all_of(action.marks.begin(), action.marks.end(),
+                     [](const auto& each) { return each.before == each.after; });
+}
+
+bool Touches(const EditAction& action, const std::vector<EditTarget>& targets) {
+  return std::any_of(targets.begin(), targets.end(), [&](const EditTarget& target) {
+    return (action.window != nullptr && target == ImageOf(*action.window)) ||
+           std::any_of(action.changes.begin(), action.changes.end(),
+                       [&](const EditChange& change) { return change.target == target; });
+  });
+}
+
+std::size_t SizeOf(const EditAction& action) {
+  std::size_t size = 0;
+  for (const EditChange& change : action.changes) size += change.before.size() + change.after.size();
+  return size;
+}
+
+}  // namespace
+
+bool EditAction::ChangesBytes() const {
+  return std::any_of(changes.begin(), changes.end(), [](const auto& change) { return change.before != change.after; });
+}
+
+Bytes& Edits::BytesOf(const EditTarget& target) {
+  switch (target.thing) {
+    case Thing::kImage:
+      return target.window->window_image_;
+    case Thing::kArrEditRecord:
+      return app_.arrangement.ArrEditRecord.value_;
+    case Thing::kEditRecord:
+      return app_.program.EditRecord.value_;
+    case Thing::kDatabase:
+      break;
+  }
+  return app_.arrangement.DBImage.value_;
+}
+
+bool& Edits::FlagOf(const EditTarget& record) {
+  return record.thing == Thing::kEditRecord ? app_.program.ProgramChanged.value_
+                                            : app_.arrangement.EditorChanged.value_;
+}
+
+void Edits::SetMark(const EditMark& mark, int value) {
+  if (mark.target.thing == Thing::kImage) {
+    zentaline::PutByte(BytesOf(mark.target), mark.position, value);
+  } else {
+    FlagOf(mark.target) = value != 0;
+  }
+}
+
+// --- What the user does ---
+
+void Edits::PutByte(const EditTarget& target, std::size_t position, int value, const EditWords& words) {
+  const char byte = static_cast<char>(value);
+  Put(target, position, {&byte, 1}, words);
+}
+
+void Edits::Put(const EditTarget& target, std::size_t position, std::string_view bytes, const EditWords& words) {
+  Bytes& all = BytesOf(target);
+  if (position < 1 || position > all.size()) return;
+  bytes = bytes.substr(0, all.size() - (position - 1));
+  const std::string_view before(all.data() + (position - 1), bytes.size());
+  if (before == bytes) return;
+  NotePiece(target, position, before, bytes, words);
+  PutBytes(all, position, bytes);
+}
+
+void Edits::Mark(ChildWindow& window, std::size_t position, int value) {
+  const EditMark mark{ImageOf(window), position};
+  NoteMark(mark, ByteAt(window.window_image_, position), value & 0xFF);
+  SetMark(mark, value);
+}
+
+void Edits::Mark(const EditTarget& record, bool changed) {
+  bool& flag = FlagOf(record);
+  NoteMark({record}, flag ? 1 : 0, changed ? 1 : 0);
+  flag = changed;
+}
+
+// --- What is no action ---
+
+void Edits::TakeImage(ChildWindow& window, Bytes image) {
+  window.window_image_ = std::move(image);
+}
+
+void Edits::TakeRecord(const EditTarget& record, Bytes bytes) {
+  ForgetRecord(record);
+  BytesOf(record) = std::move(bytes);
+}
+
+void Edits::ForgetRecord(const EditTarget& record) {
+  Drop(record);
+}
+
+// Actions fit only as long as they find what they left.
+void Edits::TakeDatabase(Bytes image) {
+  Bytes& known = BytesOf(kDatabaseImage);
+  if (known != image) Drop(kDatabaseImage);
+  known = std::move(image);
+}
+
+void Edits::SetAside(ChildWindow& window, std::size_t position, int value) {
+  zentaline::PutByte(window.window_image_, position, value);
+}
+
+void Edits::SetPath(ChildWindow& window, std::string_view path) {
+  PutWindowPath(window.window_image_, path);
+}
+
+void Edits::SetAside(ChildWindow& window, std::size_t position, std::string_view bytes) {
+  PutBytes(window.window_image_, position, bytes);
+}
+
+void Edits::TakeSaved(ChildWindow& window, Bytes image, bool whole) {
+  const ui::UserEvent event(app_.toolkit);
+  const Bytes before = std::exchange(window.window_image_, std::move(image));
+  Add(whole ? EditAction::Kind::kSave : EditAction::Kind::kFailedSave, app_.toolkit.cause()).window = &window;
+  NoteDifference(ImageOf(window), before, {});
+  goes_on_ = false;
+}
+
+void Edits::Closed(ChildWindow& window) {
+  Drop(ImageOf(window));
+}
+
+// --- Noting ---
+
+Edits::Difference::Difference(Edits& edits, const EditTarget& target, const EditWords& words)
+    : edits_(edits), target_(target), words_(words), before_(edits.BytesOf(target)) {}
+
+Edits::Difference::~Difference() {
+  edits_.NoteDifference(target_, before_, words_);
+}
+
+EditAction& Edits::Current() {
+  const ui::Cause cause = app_.toolkit.cause();
+  if (goes_on_ && cause != ui::kNoCause && standing_ > 0 && actions_[standing_ - 1].cause == cause) {
+    return actions_[standing_ - 1];
+  }
+  return Add(EditAction::Kind::kUser, cause);
+}
+
+EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
+  if (standing_ > 0 && SaysNothing(actions_[standing_ - 1])) {
+    actions_.erase(actions_.begin() + static_cast<std::ptrdiff_t>(standing_ - 1));
+    --standing_;
+  }
+  DropOldest();
+  const auto place = actions_.begin() + static_cast<std::ptrdiff_t>(standing_++);
+  goes_on_ = true;
+  return *actions_.insert(place, {.number = ++last_number_, .cause = cause, .kind = kind});
+}
+
+void Edits::NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
+                      const EditWords& words) {
+  EditAction& action = Current();
+  DropTakenBack();
+  if (action.words.what.empty()) action.words = words;
+  // A bar that goes on moving writes the same bytes again.
+  std::size_t searched = 0;
+  for (auto change = action.changes.rbegin(); change != action.changes.rend() && searched < kSearched; ++change) {
+    ++searched;
+    if (change->target != target) continue;
+    const bool same = change->position == position && change->after.size() == before.size();
+    if (same && before.size() == after.size()) {
+      change->after = after;
+      return;
+    }
+    if (change->before.size() != change->after.size() || Overlap(*change, position, before.size())) break;
+  }
+  action.changes.push_back({target, position, Bytes(before), Bytes(after)});
+  size_ += before.size() + after.size();
+}
+
+void Edits::NoteMark(const EditMark& mark, int before, int after) {
+  if (before == after) return;
+  EditAction& action = Current();
+  for (EditMarkChange& noted : action.marks) {
+    if (noted.mark != mark) continue;
+    noted.after = after;
+    return;
+  }
+  action.marks.push_back({mark, before, after});
+}
+
+void Edits::NoteDifference(const EditTarget& target, std::string_view before, const EditWords& words) {
+  // Outside of any event the pieces of one change are one action all the same.
+  const ui::UserEvent event(app_.toolkit);
+  std::string_view now = BytesOf(target);
+  std::size_t from = 0;
+  if (target.thing == Thing::kImage) {
+    NoteMarks(*target.window, before);
+    from = std::min({kWindowPrefixLength, before.size(), now.size()});
+    before.remove_prefix(from);
+    now.remove_prefix(from);
+  }
+  const std::size_t same = before.size() == now.size() ? now.size() : EndOfSame(before, now);
+  NoteRuns(target, from, before.substr(0, same), now.substr(0, same), words);
+  before.remove_prefix(same);
+  now.remove_prefix(same);
+  if (before.size() == now.size()) return;
+  const std::size_t tail = SameTail(before, now);
+  before.remove_suffix(tail);
+  now.remove_suffix(tail);
+  NotePiece(target, from + same + 1, before, now, words);
+}
+
+void Edits::NoteMarks(ChildWindow& window, std::string_view before) {
+  for (const std::size_t position : kMarks) {
+    NoteMark({ImageOf(window), position}, ByteAt(before, position), ByteAt(window.window_image_, position));
+  }
+}
+
+// Both are of one length.
+void Edits::NoteRuns(const EditTarget& target, std::size_t from, std::string_view before, std::string_view after,
+                     const EditWords& words) {
+  for (std::size_t at = 0; at < after.size();) {
+    if (at + kBlock <= after.size() && SameBlock(before, after, at)) {
+      at += kBlock;
+      continue;
+    }
+    const std::size_t begin = NextDifference(before, after, at, std::min(at + kBlock, after.size()));
+    if (begin == std::min(at + kBlock, after.size())) {
+      at = begin;
+      continue;
+    }
+    std::size_t end = begin + 1;
+    for (std::size_t next = end; next - end < kGap && next < after.size(); ++next) {
+      if (before[next] != after[next]) end = next + 1;
+    }
+    NotePiece(target, from + begin + 1, before.substr(begin, end - begin), after.substr(begin, end - begin), words);
+    at = end;
+  }
+}
+
+// --- The list ---
+
+const EditAction* Edits::StepBack() {
+  goes_on_ = false;
+  if (standing_ == 0) return nullptr;
+  const EditAction& action = actions_[--standing_];
+  for (auto change = action.changes.rbegin(); change != action.changes.rend(); ++change) {
+    Replace(BytesOf(change->target), change->position, change->after.size(), change->before);
+  }
+  for (const EditMarkChange& each : action.marks) SetMark(each.mark, each.before);
+  return &action;
+}
+
+const EditAction* Edits::StepForward() {
+  goes_on_ = false;
+  if (standing_ == actions_.size()) return nullptr;
+  const EditAction& action = actions_[standing_++];
+  for (const EditChange& change : action.changes) {
+    Replace(BytesOf(change.target), change.position, change.before.size(), change.after);
+  }
+  for (const EditMarkChange& each : action.marks) SetMark(each.mark, each.after);
+  return &action;
+}
+
+// An action that goes takes along what was done before it to its other targets, and what could be brought back after
+// it, since they would find other bytes than they left.
+void Edits::Drop(const EditTarget& target) {
+  std::vector<bool> goes(actions_.size(), false);
+  const auto look = [&](std::size_t i, std::vector<EditTarget>& lost) {
+    EditAction& action = actions_[i];
+    goes[i] = Touches(action, lost);
+    if (goes[i]) {
+      for (const EditChange& change : action.changes) lost.push_back(change.target);
+    } else if (std::erase_if(action.marks, [&](const auto& each) { return each.mark.target == target; }) > 0) {
+      goes[i] = SaysNothing(action);
+    }
+  };
+  std::vector<EditTarget> lost = {target};
+  for (std::size_t i = standing_; i-- > 0;) look(i, lost);
+  lost = {target};
+  for (std::size_t i = standing_; i < actions_.size(); ++i) look(i, lost);
+
+  if (std::find(goes.begin(), goes.end(), true) == goes.end()) return;
+  std::deque<EditAction> kept;
+  std::size_t standing = 0;
+  for (std::size_t i = 0; i < actions_.size(); ++i) {
+    if (goes[i]) {
+      size_ -= SizeOf(actions_[i]);
+      continue;
+    }
+    kept.push_back(std::move(actions_[i]));
+    if (i < standing_) ++standing;
+  }
+  actions_ = std::move(kept);
+  standing_ = standing;
+}
+
+void Edits::DropTakenBack() {
+  for (; actions_.size() > standing_; actions_.pop_back()) size_ -= SizeOf(actions_.back());
+}
+
+void Edits::DropOldest() {
+  while (standing_ > 0 && (actions_.size() >= kMostActions || size_ > kMostBytes)) {
+    size_ -= SizeOf(actions_.front());
+    actions_.pop_front();
+    --standing_;
+  }
+}
+
+}  // namespace zentaline

@@ -1,0 +1,188 @@
+// The one door through which bytes that can be saved change: the images of the windows behind their control bytes, the
+// records under edit, and the database. A change is noted with what it is in a musician's words and with the user's
+// action that made it, so that it can be taken back; with it are noted the marks that say that something is changed.
+// The door refuses nothing: whoever comes through it has asked whether the file is read-only.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/bytes.h"
+#include "ui/toolkit.h"
+
+namespace zentaline {
+
+struct Application;
+class ChildWindow;
+
+// Where bytes stand.
+struct EditTarget {
+  enum class Thing : unsigned char { kImage, kArrEditRecord, kEditRecord, kDatabase };
+  Thing thing;
+  ChildWindow* window = nullptr;  // of an image
+
+  bool operator==(const EditTarget&) const = default;
+};
+inline EditTarget ImageOf(ChildWindow& window) {
+  return {EditTarget::Thing::kImage, &window};
+}
+inline constexpr EditTarget kArrRecordUnderEdit{EditTarget::Thing::kArrEditRecord};
+inline constexpr EditTarget kPrgRecordUnderEdit{EditTarget::Thing::kEditRecord};
+inline constexpr EditTarget kDatabaseImage{EditTarget::Thing::kDatabase};
+
+// What says that something is changed: a control byte of a window's image, or the flag of a record under edit.
+struct EditMark {
+  EditTarget target;
+  std::size_t position = 0;  // of an image
+
+  bool operator==(const EditMark&) const = default;
+};
+
+// What a change is: "Volume" of "UPPER1". The first two are English captions that live as long as the program, kept
+// apart so that either language can be made of them; `name` is a text of the user's, as of a file, in UTF-8.
+struct EditWords {
+  std::string_view what;
+  std::string_view of = {};
+  std::string name = {};
+};
+
+// One piece of an action. The new bytes may be more or fewer than the old ones.
+struct EditChange {
+  EditTarget target;
+  std::size_t position;  // counts from 1
+  Bytes before;
+  Bytes after;
+};
+
+struct EditMarkChange {
+  EditMark mark;
+  int before;
+  int after;
+};
+
+// What one action of the user's changed, or what a save did.
+struct EditAction {
+  enum class Kind : unsigned char {
+    kUser,
+    kSave,       // the place of a save; what it changed by itself, as by dropping styles that nobody uses
+    kFailedSave  // of one that was broken off
+  };
+  std::int64_t number;  // in the order of this run, from 1
+  ui::Cause cause;
+  Kind kind = Kind::kUser;
+  ChildWindow* window = nullptr;  // that was saved
+  EditWords words = {};
+  std::vector<EditChange> changes = {};  // in their order
+  std::vector<EditMarkChange> marks = {};
+
+  // An event that only set marks is noted, but is no action.
+  bool ChangesBytes() const;
+};
+
+class Edits {
+ public:
+  explicit Edits(Application& app) : app_(app) {}
+  Edits(const Edits&) = delete;
+  Edits& operator=(const Edits&) = delete;
+
+  // --- What the user does ---
+
+  // Writes bytes behind the control bytes; what reaches beyond the end is left out.
+  void Put(const EditTarget& target, std::size_t position, std::string_view bytes, const EditWords& words);
+  void PutByte(const EditTarget& target, std::size_t position, int value, const EditWords& words);
+  // Lets `change` have the bytes, of any length afterwards, and notes what has become of them; of control bytes only
+  // those that are marks. It asks nothing of the door meanwhile. Gives what `change` gives.
+  template <typename Function>
+  auto Change(const EditTarget& target, const EditWords& words, Function&& change) {
+    const Difference difference(*this, target, words);
+    return change(BytesOf(target));
+  }
+  // A control byte that is a mark.
+  void Mark(ChildWindow& window, std::size_t position, int value);
+  // EditorChanged or ProgramChanged.
+  void Mark(const EditTarget& record, bool changed);
+
+  // --- What is no action ---
+
+  // The image of a window that opens, and the same while it goes on being put together.
+  void TakeImage(ChildWindow& window, Bytes image);
+  template <typename Function>
+  void Prepare(ChildWindow& window, Function&& make) {
+    make(BytesOf(ImageOf(window)));
+  }
+  // Another record is under edit: what was done to the one before can't be taken back any more, as when it is
+  // forgotten. The flag stays as it is.
+  void TakeRecord(const EditTarget& record, Bytes bytes);
+  void ForgetRecord(const EditTarget& record);
+  // The database as it is on the disk, or as the program makes it by itself.
+  void TakeDatabase(Bytes image);
+  // What of an image nobody means to take back: control bytes that are no marks, a bank's channel, the marks of what
+  // was copied. And the path.
+  void SetAside(ChildWindow& window, std::size_t position, int value);
+  void SetAside(ChildWindow& window, std::size_t position, std::string_view bytes);
+  void SetPath(ChildWindow& window, std::string_view path);
+  // The image as a save has left it, with its path and its marks; `whole` when all was saved.
+  void TakeSaved(ChildWindow& window, Bytes image, bool whole);
+  // The window has closed; its actions go, and with them what wouldn't fit any more.
+  void Closed(ChildWindow& window);
+
+  // --- The list ---
+
+  // The actions of this run, the oldest first; `standing` of them stand, the others were taken back.
+  const std::deque<EditAction>& actions() const { return actions_; }
+  std::size_t standing() const { return standing_; }
+  // Takes the newest entry that stands back, or brings the last one taken back forth: bytes and marks alone, nothing is
+  // shown or sent. Null when there is none.
+  const EditAction* StepBack();
+  const EditAction* StepForward();
+
+ private:
+  // Notes at its end what has changed since its beginning.
+  class Difference {
+   public:
+    Difference(Edits& edits, const EditTarget& target, const EditWords& words);
+    ~Difference();
+    Difference(const Difference&) = delete;
+    Difference& operator=(const Difference&) = delete;
+
+   private:
+    Edits& edits_;
+    const EditTarget& target_;
+    const EditWords& words_;
+    Bytes before_;
+  };
+
+  Bytes& BytesOf(const EditTarget& target);
+  bool& FlagOf(const EditTarget& record);
+  void SetMark(const EditMark& mark, int value);
+
+  // The entry of the event that runs, made when there is none yet.
+  EditAction& Current();
+  EditAction& Add(EditAction::Kind kind, ui::Cause cause);
+  void NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
+                 const EditWords& words);
+  void NoteMark(const EditMark& mark, int before, int after);
+  void NoteDifference(const EditTarget& target, std::string_view before, const EditWords& words);
+  void NoteRuns(const EditTarget& target, std::size_t from, std::string_view before, std::string_view after,
+                const EditWords& words);
+  void NoteMarks(ChildWindow& window, std::string_view before);
+
+  // Takes out all that touches a target, and what wouldn't fit without it.
+  void Drop(const EditTarget& target);
+  void DropTakenBack();
+  void DropOldest();
+
+  Application& app_;
+  std::deque<EditAction> actions_;
+  std::size_t standing_ = 0;
+  std::size_t size_ = 0;  // of the bytes in the list
+  std::int64_t last_number_ = 0;
+  bool goes_on_ = false;  // the newest entry can still grow
+};
+
+}  // namespace zentaline
