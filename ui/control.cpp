@@ -36,6 +36,12 @@ bool Control::Usable() const {
   return true;
 }
 
+bool Control::SharesRoomWith(const Control& other) const {
+  if (&form_ != &other.form_) return false;
+  form_.NoteContainers();
+  return room_ == other.room_;
+}
+
 void Control::SetToolTip(std::string tool_tip) {
   tool_tip_ = std::move(tool_tip);
   Changed(Change::kToolTip);

@@ -310,10 +310,8 @@ void OptionButton::SetValue(bool value) {
   if (std::exchange(value_, value) == value) return;
   Changed(Change::kValue);
   if (!value) return;
-  for (Control* control : form().controls()) {
-    if (control != this && control->kind() == ControlKind::kOptionButton && control->name() == name()) {
-      static_cast<OptionButton*>(control)->SetValue(false);
-    }
+  for (OptionButton* option : Group()) {
+    if (option != this) option->SetValue(false);
   }
   Call(on_click);
 }
@@ -332,13 +330,18 @@ void OptionButton::DefaultKey(const Key& key) {
   if (key.name == Key::kDown) PressNext(1);
 }
 
-void OptionButton::PressNext(int way) {
+std::vector<OptionButton*> OptionButton::Group() {
   std::vector<OptionButton*> group;
   for (Control* control : form().controls()) {
-    if (control->kind() != ControlKind::kOptionButton || control->name() != name()) continue;
-    auto* option = static_cast<OptionButton*>(control);
-    if (option == this || option->Usable()) group.push_back(option);
+    if (control->kind() != ControlKind::kOptionButton || !SharesRoomWith(*control)) continue;
+    group.push_back(static_cast<OptionButton*>(control));
   }
+  return group;
+}
+
+void OptionButton::PressNext(int way) {
+  std::vector<OptionButton*> group = Group();
+  std::erase_if(group, [this](const OptionButton* option) { return option != this && !option->Usable(); });
   const auto own = static_cast<std::size_t>(std::find(group.begin(), group.end(), this) - group.begin());
   const std::size_t next = (own + group.size() + static_cast<std::size_t>(way)) % group.size();
   if (group[next] != this) group[next]->UserPress();

@@ -161,6 +161,10 @@ class ScrollBar : public Control {
   int value() const { return value_; }
   void SetValue(int value);  // limited to the range
   Handler on_change;
+  // How a value is shown, and where: a label that follows the hand also while the program is held up and is told of the
+  // move only afterwards.
+  std::function<std::string(int)> shown;
+  Label* value_label = nullptr;
   bool UserSet(int value);  // refused outside the range
   void DefaultKey(const Key& key) override;
 
@@ -186,7 +190,8 @@ class CheckBox : public Captioned {
   bool value_ = false;
 };
 
-// Of the option buttons of one name in a form one at most is on.
+// Of the option buttons that stand in one frame or on one page, or in none of them, one at most is on, whatever their
+// names are.
 class OptionButton : public Captioned {
  public:
   OptionButton(Form& form, std::string name, int index = -1)
@@ -198,7 +203,9 @@ class OptionButton : public Captioned {
   void DefaultKey(const Key& key) override;
 
  private:
-  // Of the usable ones of its name the one after it (1) or before it (-1), round at the ends.
+  // Those that it excludes, and itself, in the order of the form.
+  std::vector<OptionButton*> Group();
+  // Of the usable ones of its group the one after it (1) or before it (-1), round at the ends.
   void PressNext(int way);
 
   bool value_ = false;

@@ -35,12 +35,23 @@ Control* Form::Find(const std::string& name, int index) const {
 
 void Form::NoteContainers() {
   if (std::exchange(noted_, layout.children.data()) == layout.children.data()) return;
-  for (Control* control : controls_) control->container_ = nullptr;
-  const auto note = [](const auto& self, const Layout& part, const Control* around) -> void {
-    if (part.control != nullptr) part.control->container_ = around;
-    for (const Layout& child : part.children) self(self, child, part.control != nullptr ? part.control : around);
+  for (Control* control : controls_) {
+    control->container_ = nullptr;
+    control->room_ = 0;
+  }
+  int rooms = 0;
+  const auto note = [&rooms](const auto& self, const Layout& part, const Control* around, int room) -> void {
+    if (part.control != nullptr) {
+      part.control->container_ = around;
+      part.control->room_ = room;
+    }
+    const Control* const inside = part.control != nullptr ? part.control : around;
+    if (part.kind == Layout::Kind::kFrame) room = ++rooms;
+    for (const Layout& child : part.children) {
+      self(self, child, inside, part.kind == Layout::Kind::kPages ? ++rooms : room);
+    }
   };
-  note(note, layout, nullptr);
+  note(note, layout, nullptr, 0);
 }
 
 bool Form::Reachable() const {

@@ -142,6 +142,49 @@ TEST_F(Controls, OfTheOptionButtonsOfOneNameOneIsOn) {
   EXPECT_THAT(toy.log, ElementsAre("Option1(0)", "Option1(1)"));
 }
 
+// Option buttons in two frames, on two pages and in none of them, under whatever names.
+class ToyChoices : public Form {
+ public:
+  explicit ToyChoices(Toolkit& the_toolkit) : Form(the_toolkit, FormKind::kChild, "frmChoices") {
+    Pages1.captions = {"First", "Second"};
+    layout =
+        Column({Inside(Frame1, Row({Item(A[0]), Item(B)})), Inside(Frame2, Column({Row({Item(A[1])}), Item(A[2])})),
+                Pages(Pages1, {Column({Item(A[3]), Item(A[4])}), Item(A[5])}), Item(A[6]), Item(C)});
+  }
+  OptionButton A[7] = {{*this, "A", 0}, {*this, "A", 1}, {*this, "A", 2}, {*this, "A", 3},
+                       {*this, "A", 4}, {*this, "A", 5}, {*this, "A", 6}};
+  OptionButton B{*this, "B"};
+  OptionButton C{*this, "C"};
+  Frame Frame1{*this, "Frame1"};
+  Frame Frame2{*this, "Frame2"};
+  Tabs Pages1{*this, "Pages1"};
+};
+
+TEST_F(Controls, OptionButtonsExcludeEachOtherWithinTheirFrameOrPageWhateverTheirNames) {
+  ToyChoices& form = static_cast<ToyChoices&>(host.console.Open(std::make_unique<ToyChoices>(host.console)));
+  for (const int on : {0, 1, 3, 5, 6}) EXPECT_TRUE(form.A[on].UserPress());
+  for (const int on : {0, 1, 3, 5, 6}) EXPECT_TRUE(form.A[on].value()) << on;
+  EXPECT_TRUE(form.B.UserPress());
+  EXPECT_FALSE(form.A[0].value());
+  EXPECT_TRUE(form.A[2].UserPress());
+  EXPECT_FALSE(form.A[1].value());
+  EXPECT_TRUE(form.A[4].UserPress());
+  EXPECT_FALSE(form.A[3].value());
+  EXPECT_TRUE(form.C.UserPress());
+  EXPECT_FALSE(form.A[6].value());
+  for (const OptionButton* on : {&form.B, &form.A[2], &form.A[4], &form.A[5], &form.C}) EXPECT_TRUE(on->value());
+}
+
+TEST_F(Controls, ArrowKeysStayInTheFrame) {
+  ToyChoices& form = static_cast<ToyChoices&>(host.console.Open(std::make_unique<ToyChoices>(host.console)));
+  form.A[0].DefaultKey({Key::kDown, {}});
+  EXPECT_TRUE(form.B.value());
+  form.B.DefaultKey({Key::kDown, {}});
+  EXPECT_TRUE(form.A[0].value());
+  form.A[5].DefaultKey({Key::kDown, {}});
+  EXPECT_FALSE(form.A[5].value()) << "the only one on its page";
+}
+
 TEST_F(Controls, ArrowKeysGoThroughTheUsableOptionButtonsRoundAtTheEnds) {
   child.Option0.DefaultKey({Key::kUp, {}});
   EXPECT_TRUE(child.Option1.value());
