@@ -73,6 +73,10 @@ void frmMain::ConnectMenus() {
       if (ui::Timer* timer = child == nullptr ? nullptr : child->TimerOf(function)) timer->Start();
     };
   }
+  // The one that acts at once.
+  Menu(mnuEditPerf).on_click = [this] {
+    if (ChildWindow* child = ActiveChild()) OpenPerfEditor(app(), *child);
+  };
   Menu(mnuArrPlay).on_click = [this] { SendModeArrPlay(app()); };
   Menu(mnuSongPlay).on_click = [this] { SendModeSongPlay(app()); };
   Menu(mnuProgram).on_click = [this] { SendModeProgram(app()); };
@@ -96,6 +100,7 @@ void frmMain::ConnectMenus() {
   Menu(mnuNuovoSty).on_click = [this] { NewStyFile(app()); };
   Menu(mnuStyA).on_click = [this] { OpenStyBank(app(), kKindStyA); };
   Menu(mnuStyB).on_click = [this] { OpenStyBank(app(), kKindStyB); };
+  Menu(mnuMultisample).on_click = [this] { ShowMultisamples(app()); };
   Menu(mnuMsgEx).on_click = [this] { ToggleMonitor(app()); };
   Menu(mnuMIDI).on_click = [this] { ShowChannels(app()); };
   for (const ProgramBank& bank : ProgramBanks()) {

@@ -37,6 +37,7 @@ enum WindowKind : int {
   kKindBsq = 26,
   kKindPcg = 31,  // a program file opened from an older instrument's
   kKindPrgEditor = 32,
+  kKindPerfEditor = 33,
   kKindI30Arr = 36,  // 36 to 38: imports, only handed to the open dialog
   kKindI30Prg = 37,
   kKindI30Sty = 38,

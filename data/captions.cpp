@@ -66,6 +66,10 @@ constexpr ControlText kCaptions[] = {
     {"frmBsq", "Frame1(1)", "Allo strumento", "To the instrument"},
     {"frmBsq", "Frame1(2)", "Modo", "Mode"},
 
+    {"frmMultisample", "frmMultisample", "Multisample", "Multisample"},
+
+    {"frmEditPerf", "CommResetAll", "Reset di &tutto", "Reset &All"},
+
     {"frmEditArr", "SSTab1(1)", "Parti", "Parts"},
     {"frmEditArr", "Frame3", "Esecuzione", "Playing"},
     {"frmEditArr", "Frame4", "Tastiera", "Keyboard"},

@@ -53,6 +53,10 @@ void LoadEditRecord(Application& app, const Bytes& image, int index);
 int CommitProgram(Application& app);
 // Tells the instrument which oscillator the next message is about, 1 or 2, and shows it in the editor.
 void SelectOscillator(Application& app, int osc);
+// Opens the performance editor on the program that is selected in the bank's list, or brings it to the front.
+void OpenPerfEditor(Application& app, ChildWindow& bank);
+// Brings the list of sounds to the front, on the sound of the box that waits for one; opens it when it isn't open.
+void ShowMultisamples(Application& app);
 // Closes the editors whose record came from this window; false when one refuses.
 bool CloseProgramEditorsOf(Application& app, const ChildWindow& bank);
 // A child window has come to the front: away from the editor and its list of sounds no box waits for a sound visibly.

@@ -1,7 +1,5 @@
 // The program under edit, as the windows around it share it.
-#include <algorithm>
-#include <array>
-#include <iterator>
+#include <optional>
 #include <utility>
 
 #include "core/application.h"
@@ -12,6 +10,7 @@
 #include "data/multisample.h"
 #include "midi/api.h"
 #include "program/api.h"
+#include "program/perf_tables.h"
 #include "program/prg_format.h"
 #include "program/windows.h"
 
@@ -20,6 +19,7 @@ namespace zentaline {
 namespace {
 
 constexpr char kEditorName[] = "frmEditPrg";
+constexpr char kPerfEditorName[] = "frmEditPerf";
 constexpr char kSoundListName[] = "frmMultisample";
 
 constexpr int kMultisoundBoxes[] = {1, 2};
@@ -29,26 +29,6 @@ constexpr ui::Colour kWaitingBack = 0xFFFF00;
 constexpr ui::Colour kWaitingFore = 0x000000;
 constexpr ui::Colour kOtherBack = 0x000000;
 constexpr ui::Colour kOtherFore = 0x00FF00;
-
-// Positions of what PerfBase keeps, in its order.
-constexpr std::array<std::size_t, kPerfEntries / 2> kFirstPerfPositions = {
-    program_record::kOsc1 + osc_block::kPitchMgIntensity,
-    program_record::kOsc1 + osc_block::kVdfCutoff,
-    program_record::kOsc1 + osc_block::kVdfEgIntensity,
-    program_record::kOsc1 + osc_block::kVdaEgAttackTime,
-    program_record::kOsc1 + osc_block::kVdfEgReleaseTime,
-    program_record::kOsc1 + osc_block::kVdaOscLevel,
-    program_record::kOsc1 + osc_block::kVdfEgIntVelSense,
-    program_record::kFx1Balance,
-    program_record::kOsc1 + osc_block::kVdaEgReleaseTime,
-    program_record::kOsc1 + osc_block::kVdaAmountVelSense,
-    program_record::kFx2Balance,
-};
-
-// Of the second half: oscillator 2's twin, or the copy beside a balance.
-constexpr std::size_t SecondPerfPosition(std::size_t first) {
-  return first >= program_record::kFx1Balance ? first + 1 : first + osc_block::kLength;
-}
 
 template <typename Control>
 Control* EditorControl(Application& app, const std::string& name, int index) {
@@ -71,6 +51,7 @@ void CheckOption(Application& app, const std::string& name, int index) {
 void LoadEditRecord(Application& app, const Bytes& image, int index) {
   app.edits.TakeRecord(kPrgRecordUnderEdit, MakeEditRecord(image, index));
   TakePerfBase(app);
+  RefreshPerf(app);
 }
 
 int CommitProgram(Application& app) {
@@ -96,10 +77,25 @@ int CommitProgram(Application& app) {
 
 bool CloseProgramEditorsOf(Application& app, const ChildWindow& bank) {
   if (ByteAt(app.program.EditRecord, edit_record::kWindowNumber) != bank.WindowNumber()) return true;
-  for (const char* name : {kEditorName, "frmEditPerf"}) {
+  for (const char* name : {kEditorName, kPerfEditorName}) {
     if (ui::Form* editor = app.toolkit.FindForm(name); editor != nullptr && !editor->Close()) return false;
   }
   return true;
+}
+
+void AskToKeepProgram(Application& app, const ChildWindow& editor) {
+  const bool keep =
+      app.program.ProgramChanged && AskYesNo(app, kAskPrgKeep, {}, editor.caption()) == ui::BoxAnswer::kYes;
+  if (keep) CommitProgram(app);
+  app.edits.Mark(kPrgRecordUnderEdit, false);
+}
+
+std::string EditedProgramTitle(const Application& app) {
+  const Bytes& record = app.program.EditRecord;
+  const Bytes file(TrimRight(Slice(record, edit_record::kFileName, edit_record::kFileNameLength)));
+  const std::string extension = ByteAt(record, edit_record::kFormat) == 0 ? ".prg" : ".pgg";
+  return ShownPath(file) + extension + " / " +
+         Utf8FromBytes(Slice(record, program_record::kName, program_record::kNameLength));
 }
 
 // --- The editor's controls ---
@@ -141,6 +137,12 @@ int MultisoundNumber(const std::string& text) {
   return number;
 }
 
+int WantedMultisound(Application& app) {
+  const int box = app.program.MultisoundTarget;
+  const ui::TextBox* field = box == 0 ? nullptr : MultisoundBox(app, box);
+  return field == nullptr ? -1 : MultisoundNumber(field->text());
+}
+
 void SetMultisoundText(Application& app, int box, const std::string& text) {
   if (ui::TextBox* field = MultisoundBox(app, box)) field->SetText(text);
 }
@@ -172,14 +174,17 @@ void ProgramEditorLeft(Application& app, const ChildWindow& front) {
 
 // --- Performances ---
 
+// Of the second half: oscillator 2's twins, and the copies beside the balances.
 void TakePerfBase(Application& app) {
   const Bytes& record = app.program.EditRecord;
-  auto& base = app.program.PerfBase;
-  const auto half = base.begin() + kPerfEntries / 2;
-  std::transform(kFirstPerfPositions.begin(), kFirstPerfPositions.end(), base.begin(),
-                 [&record](std::size_t position) { return ByteAt(record, position); });
-  std::transform(kFirstPerfPositions.begin(), kFirstPerfPositions.end(), half,
-                 [&record](std::size_t position) { return ByteAt(record, SecondPerfPosition(position)); });
+  for (int i = 0; i < kPerfParameters; ++i) {
+    const auto entry = static_cast<std::size_t>(i);
+    const PerfParameter& parameter = kPerfTable[entry];
+    const std::size_t first = PerfPosition(parameter, 1);
+    const std::size_t second = parameter.of_effect ? first + kSecondCopy : PerfPosition(parameter, 2);
+    app.program.PerfBase[entry] = ByteAt(record, first);
+    app.program.PerfBase[entry + kPerfParameters] = ByteAt(record, second);
+  }
   app.program.PerfStepValue = {};
 }
 

@@ -15,6 +15,7 @@
 #include "midi/api.h"
 #include "program/api.h"
 #include "program/prg_format.h"
+#include "program/windows.h"
 
 namespace zentaline {
 
@@ -127,20 +128,34 @@ bool frmPrgUN::IsEmptyRow(int row) const {
 
 void frmPrgUN::ClickRow() {
   const int row = ClickedRow();
-  if (row < 0 || IsEmptyRow(row)) return;
+  if (row < 0) return;
   if (app().main != nullptr) app().main->RefreshMenus();
+  if (IsEmptyRow(row)) return;
   const int state = TimerList1.interval();
   TimerList1.SetInterval(kTimerIdle);
   if (state == kTimerIdle && app().core.settings.AutoPrgSel && NameForInstrument() != app().program.PrgInInstrument) {
     TimerList1.SetInterval(kTimerDue);
     return CommLoad.Press();  // the end of the send comes back here
   }
-  if (!IsProgramLink(window_image(), row)) LoadEditRecord(app(), window_image(), row);
+  if (!IsProgramLink(window_image(), row)) TakeUp(row);
   if (app().arrangement.ArrPartArmed) {
     AssignRow(row);
   } else {
     HearRow(row);
   }
+}
+
+// An editor that is open goes over to this program.
+void frmPrgUN::TakeUp(int row) {
+  if (const ChildWindow* editor = PerfEditor(app()); editor != nullptr && !app().program.PrgEditorOpen) {
+    AskToKeepProgram(app(), *editor);
+  }
+  LoadEditRecord(app(), window_image(), row);
+}
+
+int frmPrgUN::SelectedProgram() const {
+  const int row = List1.Row();
+  return row < 0 || IsEmptyRow(row) || IsProgramLink(window_image(), row) ? -1 : row;
 }
 
 void frmPrgUN::KeyInList(const ui::Key& key) {
@@ -228,6 +243,10 @@ ui::Timer* frmPrgUN::TimerOf(WindowFunction function) {
     default:
       return nullptr;
   }
+}
+
+bool frmPrgUN::Offers(WindowFunction function) {
+  return function == WindowFunction::kEditPerf ? SelectedProgram() >= 0 : ChildWindow::Offers(function);
 }
 
 // A channel that was chosen can be saved, though nobody is asked about it.

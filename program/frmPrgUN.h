@@ -19,9 +19,12 @@ class frmPrgUN : public ProgramListWindow {
 
   ui::Button* ButtonOf(WindowFunction function) override;
   ui::Timer* TimerOf(WindowFunction function) override;
+  bool Offers(WindowFunction function) override;
   bool CanSave() const override;
   void ShowName() override;
   void FileSaved() override { channel_chosen_ = false; }
+  // The row that is selected, -1 when there is none, or it is empty or a link.
+  int SelectedProgram() const;
   // Rewrites the name in a row from its record; nobody hears it.
   void ShowProgramName(int row) { List1.SetRowText(row, RowText(row)); }
 
@@ -48,6 +51,7 @@ class frmPrgUN : public ProgramListWindow {
   void PressLoad();
   void KeyInList(const ui::Key& key);
   void ShowLinked(int row);
+  void TakeUp(int row);
 
   int number_;
   int mode_before_ = 0;          // what the instrument goes back to after a send

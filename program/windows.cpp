@@ -76,6 +76,11 @@ void ShowUserPrograms(Application& app, const std::string& path, bool pgg) {
   if (ChildWindow* shown = app.prg_windows[kInstrumentWindow]) app.toolkit.Activate(*shown);
 }
 
+int SelectedProgram(const ChildWindow& bank) {
+  const auto* window = dynamic_cast<const frmPrgUN*>(&bank);
+  return window == nullptr ? -1 : window->SelectedProgram();
+}
+
 void ShowProgramName(ChildWindow& bank, int row) {
   static_cast<frmPrgUN&>(bank).ShowProgramName(row);
 }

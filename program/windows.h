@@ -16,6 +16,17 @@ class ChildWindow;
 // Rewrites the name in the window's list row from its record, silently.
 void ShowProgramName(ChildWindow& bank, int row);
 
+// The row of the program that is selected in the window's list; -1 when none is, or a link, or an empty place.
+int SelectedProgram(const ChildWindow& bank);
+
+// --- The program under edit ---
+
+// Another program is about to be taken up: asks in this editor's name whether to keep what was changed of the one
+// before. What isn't kept goes.
+void AskToKeepProgram(Application& app, const ChildWindow& editor);
+// "Bank.prg / Name", for the captions of the editors.
+std::string EditedProgramTitle(const Application& app);
+
 // --- The program editor ---
 
 // The editor's window, null while it is closed.
@@ -28,13 +39,27 @@ void SetMultisoundText(Application& app, int box, const std::string& text);
 std::string MultisoundText(const Application& app, int n);
 // The number that a text of BasText 1 or 2 begins with: its leading digits among the first three characters.
 int MultisoundNumber(const std::string& text);
+// The number in the box that waits for a sound; -1 when none waits.
+int WantedMultisound(Application& app);
 
 // BasText 1 or 2 waits for a sound from frmMultisample: both boxes show it. 0: none does, and they look as ever.
 void SetMultisoundTarget(Application& app, int box);
 // Both boxes look as ever; the target stays.
 void RestoreMultisoundBoxes(Application& app);
 
+// --- The list of sounds ---
+
+// It goes to the sound of the box that waits for one, and stays where it stands among the windows.
+void FollowMultisound(Application& app);
+void CloseMultisamples(Application& app);
+
 // --- The performance editor ---
+
+// Its window, null while it is closed.
+ChildWindow* PerfEditor(Application& app);
+// It shows the program that was taken up, unchanged so far.
+void RefreshPerf(Application& app);
+void ClosePerfEditor(Application& app);
 
 // What a performance starts from: PerfBase from EditRecord as it stands, all counts at 0.
 void TakePerfBase(Application& app);

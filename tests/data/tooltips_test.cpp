@@ -61,6 +61,12 @@ TEST(ToolTips, EveryControlOfTheProgramWindowsTellsWhatItDoes) {
   for (std::string_view control : {"List1", "Label1", "Combo1", "CommLoad", "CommProgram", "CommEdit", "CommClose"}) {
     ExpectTips("frmPrgUN", control);
   }
+  for (std::string_view control :
+       {"CommDown(0)", "PerfLab(0)", "PerfPicture(7)", "CommUp(7)", "CommReset(7)", "CommResetAll"}) {
+    ExpectTips("frmEditPerf", control);
+  }
+  for (std::string_view control : {"SSTab1", "List1(0)", "List1(4)"}) ExpectTips("frmMultisample", control);
+  for (int row = 0; row < 8; ++row) ExpectTips("frmEditPerf", "PerfLab1(" + std::to_string(row) + ")");
   for (std::string_view form : {"frmPcgAE", "frmDrum"}) {
     for (std::string_view control : {"List1", "Label1", "Combo1", "CommClose"}) ExpectTips(form, control);
   }

@@ -1,0 +1,261 @@
+#include "program/frmEditPerf.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/window_image.h"
+#include "data/message_codes.h"
+#include "midi/api.h"
+#include "program/api.h"
+#include "program/windows.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr char kName[] = "frmEditPerf";
+constexpr std::size_t kImageLength = 200;
+
+constexpr int kModeBits = 3;
+constexpr int kDouble = 1;
+
+// A step is as wide as the bar's quarter is high.
+ui::Drawing CountBar(int count) {
+  constexpr double kMiddle = kPerfMost;
+  constexpr double kHeight = 4;
+  constexpr double kEdge = 0.5;
+  ui::Drawing bar;
+  bar.size = {2 * kMiddle, kHeight};
+  bar.shapes.push_back(ui::Box({0, 0}, bar.size, ui::Ink::kPaper));
+  for (const double x : {kMiddle / 2, kMiddle * 3 / 2}) {
+    bar.shapes.push_back(ui::Line({{x, 0}, {x, kHeight}}, ui::Ink::kGrid));
+  }
+  if (count != 0) {
+    bar.shapes.push_back(ui::Box({kMiddle, kEdge}, {kMiddle + count, kHeight - kEdge}, ui::Ink::kAccent));
+  }
+  bar.shapes.push_back(ui::Line({{kMiddle, 0}, {kMiddle, kHeight}}, ui::Ink::kZero));
+  return bar;
+}
+
+}  // namespace
+
+frmEditPerf::frmEditPerf(Application& app) : ChildWindow(app, kName, {}) {
+  for (int row = 0; row < kPerfRows; ++row) {
+    PerfLab1[row].SetCaption(std::string(kPerfRowTable[static_cast<std::size_t>(row)].caption));
+    PerfLab[row].right_aligned = true;
+    ShowCount(row, 0);
+    CommDown[row].SetCaption("-");
+    CommUp[row].SetCaption("+");
+    CommReset[row].SetCaption("Reset");
+    CommDown[row].on_click = [this, row] { Press(row, -1); };
+    CommUp[row].on_click = [this, row] { Press(row, 1); };
+    CommReset[row].on_click = [this, row] { Reset(row); };
+  }
+  CommResetAll.on_click = [this] {
+    for (int row = 0; row < kPerfRows; ++row) Reset(row);
+  };
+  on_context = [this] { PopupEditMenu(); };
+  LayOut();
+}
+
+const Bytes& frmEditPerf::record() const {
+  return app().program.EditRecord;
+}
+
+// --- Opening and closing ---
+
+void frmEditPerf::Load() {
+  // By the first byte the program editor knows that its changes come from here.
+  Bytes image(kImageLength, ' ');
+  PutByte(image, kKindPosition, kKindPerfEditor);
+  app().edits.TakeImage(*this, std::move(image));
+  ChildWindow::Load();
+  Refresh();
+  app().program.PerfOpen = true;
+  if (!app().program.PrgEditorOpen) app().edits.Mark(kPrgRecordUnderEdit, false);
+}
+
+// With the program editor open the changes stay for its own closing.
+bool frmEditPerf::QueryClose() {
+  const ProgramState& state = app().program;
+  if (state.PrgEditorOpen || !state.ProgramChanged) return true;
+  switch (AskYesNoCancel(app(), kAskPrgSave, caption())) {
+    case ui::BoxAnswer::kYes:
+      return CommitProgram(app()) == 0;
+    case ui::BoxAnswer::kNo:
+      app().edits.Mark(kPrgRecordUnderEdit, false);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmEditPerf::Unload() {
+  app().program.PerfOpen = false;
+  ChildWindow::Unload();
+}
+
+FormState* frmEditPerf::FormPlace() {
+  return &app().program.EditPerfPlace;
+}
+
+// --- Showing ---
+
+int frmEditPerf::Count(int row) const {
+  return std::stoi(PerfLab[row].caption());
+}
+
+void frmEditPerf::ShowCount(int row, int count) {
+  PerfLab[row].SetCaption(std::to_string(count));
+  PerfPicture[row].SetDrawing(CountBar(count));
+}
+
+void frmEditPerf::Refresh() {
+  SetCaption("Performance Edit  " + EditedProgramTitle(app()));
+  const bool silent = std::exchange(app().program.PerfSilent, true);
+  for (int row = 0; row < kPerfRows; ++row) {
+    ShowCount(row, 0);
+    CommUp[row].SetEnabled(true);
+    CommDown[row].SetEnabled(true);
+    Apply(row);
+  }
+  app().program.PerfSilent = silent;
+}
+
+// --- Pressing ---
+
+void frmEditPerf::Press(int row, int way) {
+  ShowCount(row, Count(row) + way);
+  Apply(row);
+  if (Count(row) >= kPerfMost) CommUp[row].SetEnabled(false);
+  if (Count(row) <= -kPerfMost) CommDown[row].SetEnabled(false);
+}
+
+void frmEditPerf::Reset(int row) {
+  app().program.PerfResetting = true;
+  ShowCount(row, 0);
+  CommUp[row].SetEnabled(true);
+  CommDown[row].SetEnabled(true);
+  Apply(row);
+}
+
+void frmEditPerf::Apply(int row) {
+  ProgramState& state = app().program;
+  const PerfRow& moved = kPerfRowTable[static_cast<std::size_t>(row)];
+  const bool is_double = (ByteAt(record(), program_record::kMode) & kModeBits) == kDouble;
+  const bool of_effects = kPerfTable[static_cast<std::size_t>(moved.first)].of_effect;
+  const int oscillators = is_double && !of_effects ? 2 : 1;
+  for (int osc = 1; osc <= oscillators; ++osc) {
+    ApplyTo(row, moved.first, osc);
+    if (moved.second != kNoParameter) ApplyTo(row, moved.second, osc);
+  }
+  state.PerfStepValue[static_cast<std::size_t>(row)] = Count(row);
+  if (!state.PerfSilent) app().edits.Mark(kPrgRecordUnderEdit, true);
+  state.PerfResetting = false;
+}
+
+void frmEditPerf::ApplyTo(int row, int entry, int osc) {
+  const ProgramState& state = app().program;
+  const PerfParameter& parameter = kPerfTable[static_cast<std::size_t>(entry)];
+  const std::size_t position = PerfPosition(parameter, osc);
+  const int base = state.PerfBase[static_cast<std::size_t>(entry + (osc == 2 ? kPerfParameters : 0))];
+  int value = 0;
+  if (state.PerfResetting) {
+    value = PerfValue(parameter, base);
+    Limit(row, value, parameter.low, kPerfResetHigh);
+  } else {
+    value = Step(row, parameter, position);
+  }
+  if (state.PerfSilent) return;
+  const int bar = parameter.index + (osc == 2 ? kOscBarStep : 0);
+  const bool by_bar = SetProgramBar(app(), parameter.bar, bar, value);
+  // A reset brings back also what lies beyond the end of the bar.
+  const EditWords words = {kPerfRowTable[static_cast<std::size_t>(row)].caption, PerfOwner(parameter, osc)};
+  if (!by_bar || state.PerfResetting) Store(position, value, words);
+  if (parameter.of_effect) CopyBalance(parameter, entry, words);
+  if (by_bar) return;
+  if (!parameter.of_effect) SelectOscillator(app(), osc);
+  SendPrgParam(app(), parameter.a, parameter.b, value);
+}
+
+// The value one step further. It may pass a bound: that stops further presses, not this one.
+int frmEditPerf::Step(int row, const PerfParameter& parameter, std::size_t position) {
+  const auto place = static_cast<std::size_t>(row);
+  const int way = Count(row) - app().program.PerfStepValue[place];
+  const int amount = kPerfRowTable[place].amount;
+  const int delta = way > 0 ? amount : way < 0 ? -amount : 0;
+  const int value = PerfValue(parameter, ByteAt(record(), position)) + delta;
+  Limit(row, value, parameter.low, parameter.high);
+  // Of several bytes the last one decides: without a step it enables "+" again, though one before it stood at its
+  // limit; that is wanted.
+  const bool inside = value >= parameter.low && value <= parameter.high;
+  if (inside) (delta > 0 ? CommDown : CommUp)[row].SetEnabled(true);
+  return value;
+}
+
+void frmEditPerf::Limit(int row, int value, int low, int high) {
+  if (value < low) CommDown[row].SetEnabled(false);
+  if (value > high) CommUp[row].SetEnabled(false);
+}
+
+// A press copies the balance; a reset brings back what the copy held.
+void frmEditPerf::CopyBalance(const PerfParameter& parameter, int entry, const EditWords& words) {
+  const std::size_t position = PerfPosition(parameter, 1);
+  const int base = app().program.PerfBase[static_cast<std::size_t>(entry + kPerfParameters)];
+  Store(position + kSecondCopy, app().program.PerfResetting ? base : ByteAt(record(), position), words);
+}
+
+void frmEditPerf::Store(std::size_t position, int value, const EditWords& words) {
+  app().edits.PutByte(kPrgRecordUnderEdit, position, value, words);
+}
+
+// --- On the screen ---
+
+void frmEditPerf::LayOut() {
+  std::vector<ui::Layout> cells;
+  for (int row = 0; row < kPerfRows; ++row) {
+    PerfLab[row].least_characters = {4, 1};
+    PerfPicture[row].least_characters = {30, 1};
+    CommDown[row].least_characters = CommUp[row].least_characters = {3, 1};
+    cells.push_back(ui::Item(PerfLab1[row]));
+    cells.push_back(ui::Item(CommDown[row]));
+    cells.push_back(ui::Item(PerfLab[row]));
+    cells.push_back(ui::Item(PerfPicture[row], 1));
+    cells.push_back(ui::Item(CommUp[row]));
+    cells.push_back(ui::Item(CommReset[row]));
+  }
+  layout = ui::Column({ui::Grid(6, std::move(cells)), ui::Space(), ui::Row({ui::Space(), ui::Item(CommResetAll)})});
+}
+
+// --- What the other windows ask ---
+
+void OpenPerfEditor(Application& app, ChildWindow& bank) {
+  const int row = SelectedProgram(bank);
+  if (row < 0) return;
+  SendModeProgram(app);
+  if (ChildWindow* editor = PerfEditor(app)) return app.toolkit.Activate(*editor);
+  if (app.program.PrgEditorOpen) {
+    TakePerfBase(app);
+  } else {
+    LoadEditRecord(app, bank.window_image(), row);
+  }
+  app.toolkit.Open(std::make_unique<frmEditPerf>(app));
+}
+
+ChildWindow* PerfEditor(Application& app) {
+  return static_cast<ChildWindow*>(app.toolkit.FindForm(kName));
+}
+
+void RefreshPerf(Application& app) {
+  if (ChildWindow* editor = PerfEditor(app)) static_cast<frmEditPerf*>(editor)->Refresh();
+}
+
+void ClosePerfEditor(Application& app) {
+  if (ChildWindow* editor = PerfEditor(app)) editor->Close();
+}
+
+}  // namespace zentaline
