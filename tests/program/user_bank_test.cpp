@@ -164,12 +164,12 @@ TEST_F(UserBank, AnotherChannelStandsInTheHeaderAndEndsProgramEditing) {
   EXPECT_THAT(desk_.program.Boxes(), IsEmpty());
 }
 
-TEST_F(UserBank, TheEditorsButtonsStayOffAndSendingIsOffered) {
+TEST_F(UserBank, SendingAndPerformancesAreOffered) {
   desk_.OpenBank(Bank());
   desk_.Click(0);
   EXPECT_FALSE(Button("CommEdit"));
   EXPECT_FALSE(desk_.Enabled("mnuEdit"));
-  EXPECT_FALSE(desk_.Enabled("mnuEditPerf"));
+  EXPECT_TRUE(desk_.Enabled("mnuEditPerf"));
   EXPECT_TRUE(Button("CommLoad"));
   EXPECT_TRUE(desk_.Enabled("mnuLoadPrg"));
   EXPECT_FALSE(desk_.Enabled("mnuIngrandisci"));
