@@ -19,6 +19,17 @@ ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path
 // The file stands in the instrument now: slot 9 takes its path, and window 9, when it is open, shows it.
 void SlotTakeFile(Application& app, const std::string& path);
 
+// Shows the factory bank of kind 2 or 3, or brings its window to the front. Null when its file can't be read, which was
+// shown.
+ChildWindow* OpenArrBank(Application& app, int kind);
+// Its window, null when it isn't open.
+ChildWindow* ArrBankWindow(const Application& app, int kind);
+// The whole of mnuNuovoArr: a new file of 64 empty arrangements, which has no name yet.
+void NewArrWindow(Application& app);
+// Records or styles in the image of an arrangement window have changed: its rows and buttons follow, its selection and
+// focus stay.
+void ArrRecordsChanged(ChildWindow& window);
+
 // Writes the .arr, and its styles as the image says. False when something failed: the image still counts as changed.
 bool SaveArrFile(Application& app, Bytes& image);
 
@@ -49,6 +60,12 @@ enum class DBEntryBy { kUser, kProgram };
 void DBAddFile(Application& app, int kind, DBEntryBy by);
 // Takes out the entries whose files are gone or not to be kept.
 void DBPurge(Application& app);
+// Shows the window of the database, or the field of the search, or brings it to the front.
+void ShowDatabase(Application& app);
+void ShowFindId(Application& app);
+// Brings up the arrangement of an id: its bank or file, which is opened where needed, the row, and what the instrument
+// lacks of it. Boxes have the title.
+void FindArrangement(Application& app, const std::string& text, const std::string& title);
 // 1 when there is no database, else 0; shows what it finds unless SilentStart.
 int DBCheck(Application& app);
 

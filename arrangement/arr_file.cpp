@@ -18,13 +18,24 @@ namespace {
 bool SaveStylePart(Application& app, Bytes& image) {
   const int state = ByteAt(image, kStyStatePosition);
   if (state == 1 && !StyFileDelete(app, image)) return false;
-  if (state == 2 && ByteAt(image, kStyChangedPosition) == 1 && !StyFileWrite(app, image)) return false;
+  // What a new file's window holds is written each time.
+  const bool writes = ByteAt(image, kStyChangedPosition) == 1 || ByteAt(image, kKindPosition) == kKindNewArr;
+  if (state == 2 && writes && !StyFileWrite(app, image)) return false;
   PutByte(image, kStyChangedPosition, 0);
   return true;
 }
 
 EditWords KeptWords(std::string_view record) {
   return {"Kept", {}, Utf8FromBytes(TrimRight(Slice(record, arr_edit::kRecord, kArrNameLength)))};
+}
+
+// The window that a record came from; null when it isn't there any longer.
+ChildWindow* SourceOf(const Application& app, const Bytes& record) {
+  const int kind = ByteAt(record, arr_edit::kKind);
+  if (kind == kKindArrA || kind == kKindArrB) return ArrBankWindow(app, kind);
+  const int number = ByteAt(record, arr_edit::kWindowNumber);
+  if (kind != kKindArr || number < 1 || number > kInstrumentWindow) return nullptr;
+  return app.arr_windows[static_cast<std::size_t>(number)];
 }
 
 }  // namespace
@@ -50,9 +61,7 @@ bool SaveArrFile(Application& app, Bytes& image) {
 
 int StoreEditRecord(Application& app) {
   const Bytes& record = app.arrangement.ArrEditRecord;
-  const int number = ByteAt(record, arr_edit::kWindowNumber);
-  if (ByteAt(record, arr_edit::kKind) != kKindArr || number < 1 || number > kInstrumentWindow) return kArrNoWindow;
-  ChildWindow* window = app.arr_windows[static_cast<std::size_t>(number)];
+  ChildWindow* window = SourceOf(app, record);
   if (window == nullptr) return kArrNoWindow;
   const ArrStoreResult result = app.edits.Change(ImageOf(*window), KeptWords(record),
                                                  [&](Bytes& image) { return StoreEditRecordBytes(image, record); });

@@ -76,7 +76,7 @@ Bytes BuildArrImage(int kind, std::string_view file, std::string_view path, cons
   PutWindowPath(image, path);
   PutByte(image, kKindPosition, kind);
   PutByte(image, kReadOnlyPosition, options.read_only ? 1 : 0);
-  PutByte(image, kArrImageMarkPosition, kArrImageMark);
+  PutByte(image, kArrImageMarkPosition, IsBank(kind) ? kind : kArrImageMark);
   PutByte(image, kChangedPosition, options.in_memory ? 1 : 0);
   PutByte(image, kNoFilePosition, options.in_memory ? 1 : 0);
   PutByte(image, kWindowNumberPosition, options.window_number);

@@ -18,8 +18,8 @@ inline constexpr std::size_t kArrRecordsLength = 64 * kArrRecordLength;
 
 inline constexpr int kUserStyleLocation = 1;
 
-// The image of an arrangement window. The control bytes are those of core/window_image.h; position 3 is always 2. The
-// banks' images end behind the row table.
+// The image of an arrangement window. The control bytes are those of core/window_image.h; position 3 is 2, and
+// of the banks their kind. The banks' images end behind the row table.
 inline constexpr std::size_t kArrImageMarkPosition = 3;
 inline constexpr int kArrImageMark = 2;
 inline constexpr std::size_t kArrImageFilePosition = 271;

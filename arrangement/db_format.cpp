@@ -1,5 +1,9 @@
 #include "arrangement/db_format.h"
 
+#include <algorithm>
+
+#include "base/panel_numbers.h"
+
 namespace zentaline {
 namespace {
 
@@ -25,24 +29,8 @@ std::size_t IdMapPosition(int id) {
   return IsIndex(id) ? kDbIdMapPosition + static_cast<std::size_t>(id - kDbFirstId) : 0;
 }
 
-// The lowest free id; 0 when the map is full.
-int FreeId(std::string_view image) {
-  for (int id = kDbFirstId; id <= kDbLastIndex; ++id) {
-    if (ByteAt(image, IdMapPosition(id)) == 0) return id;
-  }
-  return 0;
-}
-
 void CopyEntry(Bytes& image, int to, int from) {
   PutBytes(image, DBEntryPosition(to), Slice(image, DBEntryPosition(from), kDbEntryLength));
-}
-
-// Where a new name goes among the entries in front of `free_index`.
-int PlaceFor(std::string_view image, std::string_view key, int free_index) {
-  if (free_index == kDbFirstIndex || key > Key(DBEntryName(image, free_index - 1))) return free_index;
-  int place = kDbFirstIndex;
-  while (place < free_index && Key(DBEntryName(image, place)) <= key) ++place;
-  return place;
 }
 
 }  // namespace
@@ -118,18 +106,48 @@ int DBLookup(std::string_view image, std::string_view directory, std::string_vie
 }
 
 DBAddition DBAddEntry(Bytes& image, std::string_view base_name) {
-  const int known = DBFindName(image, base_name);
-  if (known != 0) return {kDbKnown, DBEntryId(image, known)};
-  const int free_index = kDbFirstIndex + DBEntryCount(image);
-  const int id = FreeId(image);
-  if (!IsIndex(free_index) || id == 0) return {};
+  return DBAdding(image).Add(base_name);
+}
 
-  const int place = PlaceFor(image, Key(base_name), free_index);
-  for (int index = free_index; index > place; --index) CopyEntry(image, index, index - 1);
-  PutBytes(image, DBEntryPosition(place), Padded(base_name, kDbNameLength));
-  PutWordLowFirst(image, DBEntryPosition(place) + kDbEntryIdOffset, id);
-  PutByte(image, IdMapPosition(id), 1);
+DBAdding::DBAdding(Bytes& image) : image_(image), next_id_(kDbFirstId) {
+  for (int index = kDbFirstIndex; DBEntryUsed(image, index); ++index) keys_.push_back(Key(DBEntryName(image, index)));
+  sorted_ = std::is_sorted(keys_.begin(), keys_.end());
+}
+
+DBAddition DBAdding::Add(std::string_view base_name) {
+  const Bytes key = Key(base_name);
+  const auto known =
+      sorted_ ? std::lower_bound(keys_.begin(), keys_.end(), key) : std::find(keys_.begin(), keys_.end(), key);
+  if (known != keys_.end() && *known == key) {
+    return {kDbKnown, DBEntryId(image_, kDbFirstIndex + static_cast<int>(known - keys_.begin()))};
+  }
+  const int id = FreeId();
+  if (!IsIndex(kDbFirstIndex + static_cast<int>(keys_.size())) || id == 0) return {};
+
+  const std::size_t place = PlaceFor(key);
+  const int index = kDbFirstIndex + static_cast<int>(place);
+  const Bytes behind = Slice(image_, DBEntryPosition(index), kDbEntryLength * (keys_.size() - place));
+  PutBytes(image_, DBEntryPosition(index + 1), behind);
+  keys_.insert(keys_.begin() + static_cast<std::ptrdiff_t>(place), key);
+  PutBytes(image_, DBEntryPosition(index), Padded(base_name, kDbNameLength));
+  PutWordLowFirst(image_, DBEntryPosition(index) + kDbEntryIdOffset, id);
+  PutByte(image_, IdMapPosition(id), 1);
   return {kDbAdded, id};
+}
+
+// The lowest free id; 0 when the map is full. Additions only take ids.
+int DBAdding::FreeId() {
+  while (next_id_ <= kDbLastIndex && ByteAt(image_, IdMapPosition(next_id_)) != 0) ++next_id_;
+  return next_id_ <= kDbLastIndex ? next_id_ : 0;
+}
+
+// Behind all entries when the name is above the last one's, else in front of the first one above it.
+std::size_t DBAdding::PlaceFor(const Bytes& key) const {
+  if (keys_.empty() || key > keys_.back()) return keys_.size();
+  const auto place = sorted_
+                         ? std::upper_bound(keys_.begin(), keys_.end(), key)
+                         : std::find_if(keys_.begin(), keys_.end(), [&](const Bytes& other) { return other > key; });
+  return static_cast<std::size_t>(place - keys_.begin());
 }
 
 void DBRemoveEntry(Bytes& image, int index) {
@@ -156,6 +174,16 @@ int DBPurgeEntries(Bytes& image, const std::function<bool(std::string_view name)
     }
   }
   return removed;
+}
+
+std::optional<ArrangementId> ReadArrangementId(std::string_view text) {
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  if (text.size() < 3 || !std::all_of(text.begin(), text.end(), is_digit)) return std::nullopt;
+  ArrangementId id;
+  id.row = PanelPlace(10 * (text[text.size() - 2] - '0') + (text.back() - '0'));
+  if (id.row < 0) return std::nullopt;
+  for (const char c : text.substr(0, text.size() - 2)) id.file = std::min(10 * id.file + (c - '0'), kUnknownFileId);
+  return id;
 }
 
 }  // namespace zentaline

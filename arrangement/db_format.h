@@ -6,7 +6,9 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 #include "base/bytes.h"
 
@@ -63,6 +65,22 @@ struct DBAddition {
 // isn't looked at.
 DBAddition DBAddEntry(Bytes& image, std::string_view base_name);
 
+// The same for many files: the names of the entries are looked at once.
+class DBAdding {
+ public:
+  explicit DBAdding(Bytes& image);  // which is changed by each addition, and by nobody else meanwhile
+  DBAddition Add(std::string_view base_name);
+
+ private:
+  int FreeId();
+  std::size_t PlaceFor(const Bytes& key) const;
+
+  Bytes& image_;
+  std::vector<Bytes> keys_;  // of the entries, in their order
+  bool sorted_;              // they always are, but in a damaged database
+  int next_id_;
+};
+
 // Takes out entry `index`, frees its id and moves the entries behind it up to the first free one by one place.
 void DBRemoveEntry(Bytes& image, int index);
 
@@ -72,5 +90,15 @@ bool DBPurgeKeeps(std::string_view file);
 
 // Asks of each entry whether its file stays, and takes out the others. Gives the number taken out.
 int DBPurgeEntries(Bytes& image, const std::function<bool(std::string_view name)>& keeps);
+
+// The id of an arrangement, as it is noted down: the number of its file, then the two digits of its row.
+struct ArrangementId {
+  int file = 0;  // kUnknownFileId for a number beyond all bounds
+  int row = 0;   // 0 to 63
+};
+inline constexpr int kUnknownFileId = 1000000;
+
+// Nothing for a text that is none: other than digits, fewer than three, or a row label with a digit that isn't 1 to 8.
+std::optional<ArrangementId> ReadArrangementId(std::string_view text);
 
 }  // namespace zentaline

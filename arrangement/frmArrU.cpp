@@ -32,7 +32,7 @@ constexpr std::size_t kSearchStep = 8;
 }  // namespace
 
 frmArrU::frmArrU(Application& app, int number, Bytes image)
-    : ChildWindow(app, "frmArrU", std::to_string(number)),
+    : ArrFileListWindow(app, "frmArrU", std::to_string(number), std::move(image)),
       number_(number),
       TimerLoadArr(MakeTimer("TimerLoadArr", -1, [this] { CommLoadArr.Press(); })),
       TimerLoadSty(MakeTimer("TimerLoadSty", -1, [this] { CommLoadSty.Press(); })),
@@ -45,7 +45,6 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
       TimerEdit(MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); })),
       TimerShowSty(MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); })),
       TimerShowPrg(MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); })) {
-  app.edits.TakeImage(*this, std::move(image));
   // Nothing here starts these: they press what the others press, for whoever starts them by their names.
   MakeTimer("TimerCaricaArr", -1, [this] { CommLoadArr.Press(); });
   MakeTimer("TimerCaricaSty", -1, [this] { CommLoadSty.Press(); });
@@ -69,8 +68,7 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
   Label1[1].SetCaption("Style");
 
   List1.on_click = [this] { ClickRow(); };
-  List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
-  List1.on_context = on_context = [this] { PopupEditMenu(); };
+  List1.on_key = [this](const ui::Key& key) { PressKey(key); };
   CommLoadArr.on_click = [this] { PressLoadArr(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
   CommShowSty.on_click = [this] { ShowFile(this->app(), kKindSty, Path() + ".sty", ReadOnly()); };
@@ -91,11 +89,6 @@ ui::Timer& frmArrU::MakeTimer(const char* name, int index, ui::Handler handler) 
 }
 
 void frmArrU::LayOut() {
-  List1.SetFont({.fixed_pitch = true});
-  List1.multi_select = true;
-  List1.group_rows = 8;
-  List1.least_characters = {24, 17};
-  Combo1.least_characters = {24, 1};
   Text1.read_only = Text2.read_only = true;
   Text1.least_characters = {8, 1};
   Text2.least_characters = {20, 1};
@@ -114,18 +107,6 @@ void frmArrU::LayOut() {
                                                 buttons(Frame1[2], {ui::Item(CommEdit), ui::Item(CommAdd)})},
                                                1)}),
                            ui::Space(), ui::Row({ui::Space(), ui::Item(CommClose)})})});
-}
-
-int frmArrU::record_byte(int row, std::size_t offset) const {
-  return ByteAt(window_image(), ArrRecordPosition(row) + offset);
-}
-
-std::string frmArrU::Path() const {
-  return std::string(WindowPath(window_image()));
-}
-
-std::string frmArrU::NameForInstrument() const {
-  return CutText(BaseName(), kInstrumentNameLength);
 }
 
 std::string frmArrU::ProgramsForInstrument() const {
@@ -151,72 +132,45 @@ void frmArrU::Load() {
     }
     if (app().main != nullptr) app().main->ShowArrUEntry();
   } else {
-    const bool enters = app().core.settings.Add40DBArr && !state.FindActive && !app().core.ReopeningFiles;
-    if (enters) {
-      app().files.CurrentFileDir = FileDirectory(Path());
-      app().files.CurrentFileName = FileBaseName(Path());
-      DBAddFile(app(), kKindArr, DBEntryBy::kProgram);
-    }
-    state.WindowFileId[static_cast<std::size_t>(number_)] = DBLookupId(app(), Path());
-    ShowId({});
+    LookUpId();
   }
   SettingsChanged();
   CommEdit.SetEnabled(false);
-  state.FindNeedsPrg = false;
-  state.FindUserStyle = false;
-  FillRows();
+  CommLoadArr.SetEnabled(FillRows());
+  const bool searched = IsSearched();
+  // A search that goes on in another window keeps what it has found.
+  if (!searched && !state.FindActive) NoteWhatTheSearchNeeds();
   AttachSiblingStyles();
   AttachSiblingPrograms();
   app().core.FormLoading = false;
-  if (state.FindActive) {
-    // The search clicks the row itself, when all that it needs has been sent.
-    state.ListBusy = true;
-    List1.SetRow(state.FindRow);
-    state.ListBusy = false;
-    TimerFindID.Start();
+  if (searched) BeginSearch();
+}
+
+// The file's number, which an option gives it first; a file that a search opens has one.
+void frmArrU::LookUpId() {
+  int& id = app().arrangement.WindowFileId[static_cast<std::size_t>(number_)];
+  id = DBLookupId(app(), Path());
+  if (app().core.settings.Add40DBArr && !IsSearched() && !app().core.ReopeningFiles) {
+    app().files.CurrentFileDir = FileDirectory(Path());
+    app().files.CurrentFileName = FileBaseName(Path());
+    DBAddFile(app(), kKindArr, DBEntryBy::kProgram);
+    id = DBLookupId(app(), Path());
   }
+  ShowId({});
 }
 
-void frmArrU::FillRows() {
-  CommLoadArr.SetEnabled(false);
-  std::vector<std::string> rows;
-  rows.reserve(kArrRecordCount);
-  for (int row = 0; row < kArrRecordCount; ++row) {
-    rows.push_back(RowText(row));
-    if (record_byte(row, arr_record::kName) == 0) continue;
-    CommLoadArr.SetEnabled(true);
-    if (record_byte(row, arr_record::kStyleLocation) != kUserStyleLocation) {
-      AddFactoryStyle(record_byte(row, arr_record::kStyleNumber));
-    }
-    if (row == app().arrangement.FindRow) NoteWhatTheSearchNeeds(row);
-  }
-  List1.SetRows(std::move(rows));
-}
-
-// Label, mark, name; the label alone for a record that was never written.
-std::string frmArrU::RowText(int row) const {
-  std::string text = PanelNumberText(row);
-  if (record_byte(row, arr_record::kName) == 0) return text;
-  text += record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation ? " +" : "  ";
-  return text + Utf8FromBytes(std::string_view(window_image()).substr(ArrRecordPosition(row) - 1, kArrNameLength));
-}
-
-void frmArrU::AddFactoryStyle(int number) {
-  const std::string text = Utf8FromBytes(TrimRight(StyleName(number))) + " (" + StyleLabel(number) + ")";
-  for (int row = 0; row < Combo1.rows(); ++row) {
-    if (Combo1.RowText(row) == text) return;
-  }
-  Combo1.AddRow(text);
-}
-
-void frmArrU::NoteWhatTheSearchNeeds(int row) {
+// What the row that the search wants needs on the instrument.
+void frmArrU::NoteWhatTheSearchNeeds() {
   ArrangementState& state = app().arrangement;
+  state.FindNeedsPrg = state.FindUserStyle = false;
+  const int row = state.FindRow;
+  if (row < 0 || row >= kArrRecordCount || record_byte(row, arr_record::kName) == 0) return;
   for (std::size_t pair = 0; pair < kArrPartCount; ++pair) {
     const std::size_t offset = kSearchPairs + kSearchStep * pair;
     const int number = record_byte(row, offset);
     if (number >= 64 && number <= 127 && record_byte(row, offset + 1) == 1) state.FindNeedsPrg = true;
   }
-  if (record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation) state.FindUserStyle = true;
+  state.FindUserStyle = UsesUserStyle(row);
 }
 
 void frmArrU::AttachSiblingStyles() {
@@ -240,13 +194,18 @@ void frmArrU::AttachSiblingStyles() {
         break;
     }
   }
-  const bool attached = ByteAt(image, kStyStatePosition) == 2;
-  CommLoadSty.SetEnabled(attached);
-  CommShowSty.SetEnabled(attached);
+  const bool attached = EnableStyles();
   for (int entry = 0; attached && entry < kStyEntryCount; ++entry) {
     if (WindowStyEntrySize(entry, image) == 0) continue;
     Combo1.AddRow(Utf8FromBytes(WindowStyName(entry, image)) + " (" + UserStyleLabel(entry) + ")");
   }
+}
+
+bool frmArrU::EnableStyles() {
+  const bool attached = ByteAt(window_image(), kStyStatePosition) == 2;
+  CommLoadSty.SetEnabled(attached);
+  CommShowSty.SetEnabled(attached);
+  return attached;
 }
 
 void frmArrU::AttachSiblingPrograms() {
@@ -277,56 +236,35 @@ void frmArrU::SettingsChanged() {
   CommAdd.SetEnabled(!app().core.settings.Add40DBArr);
 }
 
-void frmArrU::ShowRecordName(int index) {
-  std::string text = List1.RowText(index).substr(0, kLabelLength + 2);
-  text.resize(kLabelLength + 2, ' ');
-  const Bytes name = Slice(window_image(), ArrRecordPosition(index), kArrNameLength);
-  List1.SetRowText(index, text + Utf8FromBytes(name));
+void frmArrU::RecordsChanged() {
+  CommLoadArr.SetEnabled(FillRows());
+  EnableStyles();
+  if (const int row = List1.Row(); row >= 0 && IsEmptyRow(row)) EnableEdit(false);
 }
 
 // --- The list ---
 
-void frmArrU::ClickRow() {
-  const int row = List1.Row();
-  if (app().arrangement.ListBusy || row < 0) return;
-  if (IsEmptyRow(row)) {
-    EnableEdit(false);
-    Combo1.ShowText({});
-    Text1.SetText({});
-    Text2.SetText({});
-    return ShowWait(app(), 0);
-  }
-  const int state = TimerList1.interval();
-  TimerList1.SetInterval(kClickFresh);
-  if (state == kClickFresh && app().core.settings.CaricaArr &&
-      NameForInstrument() != app().arrangement.ArrInInstrument) {
-    TimerList1.SetInterval(kClickArrSent);
-    return CommLoadArr.Press();  // the end of the send comes back here
-  }
-  if (state != kClickStySent) {
-    if (app().arrangement.EditorOpen) {
-      AskAboutEdits();
-      app().edits.TakeRecord(kArrRecordUnderEdit, PrepareEditRecord(window_image(), row, StyleName));
-      FillArrEditor(app());
-    } else {
-      EnableEdit(true);
-    }
-    if (app().midi.CurrentMode != kModeArrPlay) SendModeArrPlay(app());
-    ShowSelected(row);
-    const bool user_style = record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation;
-    if (user_style && app().core.settings.CaricaSty && NameForInstrument() != app().style.StyInInstrument) {
-      TimerList1.SetInterval(kClickStySent);
-      return CommLoadSty.Press();  // the end of the send comes back here
-    }
-  }
-  app().midi.MonitorOn = true;
-  int number = row;
-  SelectArrangement(app(), number, kKindArr);
-  ShowWait(app(), 0);
+void frmArrU::ShowNothing() {
+  EnableEdit(false);
+  Combo1.ShowText({});
+  Text1.SetText({});
+  Text2.SetText({});
 }
 
-bool frmArrU::IsEmptyRow(int row) const {
-  return TrimRight(List1.RowText(row)).size() == kLabelLength;
+void frmArrU::RowChosen(int row) {
+  if (!app().arrangement.EditorOpen) return EnableEdit(true);
+  AskAboutEdits();
+  app().edits.TakeRecord(kArrRecordUnderEdit, PrepareEditRecord(window_image(), row, StyleName));
+  FillArrEditor(app());
+}
+
+bool frmArrU::LoadsStylesOnClick() const {
+  return app().core.settings.CaricaSty;
+}
+
+void frmArrU::SelectRow(int row) {
+  app().midi.MonitorOn = true;
+  SelectArrangement(app(), row, kKindArr);
 }
 
 void frmArrU::EnableEdit(bool enabled) {
@@ -349,7 +287,7 @@ void frmArrU::EditorClosed() {
 
 void frmArrU::ShowSelected(int row) {
   app().core.settings.LastListIndex = row;
-  ShowId(List1.RowText(row).substr(0, kLabelLength));
+  ShowId(RowLabel(row));
   std::string program;
   for (int part = 0; part < kArrPartCount && program.empty(); ++part) {
     const std::size_t block = PartOffset(part);
@@ -364,12 +302,7 @@ void frmArrU::ShowSelected(int row) {
         PrgLabel(record_byte(row, upper1 + part_block::kProgram), record_byte(row, upper1 + part_block::kBankCode));
   }
   Text2.SetText(program);
-  const int style = record_byte(row, arr_record::kStyleNumber);
-  if (record_byte(row, arr_record::kStyleLocation) == kUserStyleLocation) {
-    Combo1.ShowText(Utf8FromBytes(WindowStyName(style, window_image())) + " (" + UserStyleLabel(style) + ")");
-  } else {
-    Combo1.ShowText(Utf8FromBytes(TrimRight(StyleName(style))) + " (" + StyleLabel(style) + ")");
-  }
+  ShowStyle(row);
 }
 
 // The file's id, followed by the row's label where there is one.
@@ -378,22 +311,12 @@ void frmArrU::ShowId(const std::string& row_label) {
   Text1.SetText(id > 0 ? std::to_string(id) + row_label : std::string());
 }
 
-// The question about an arrangement under edit; what is kept goes back into its image, and what isn't stays in the
-// editor until it shows another record.
-void frmArrU::AskAboutEdits() {
-  ArrangementState& state = app().arrangement;
-  if (!state.EditorOpen || !state.EditorChanged) return;
-  if (AskYesNo(app(), kAskArrKeep) != ui::BoxAnswer::kYes) return;
-  if (StoreEditRecord(app()) == kArrStored) app().edits.Mark(kArrRecordUnderEdit, false);
-}
-
-void frmArrU::KeyInList(const ui::Key& key) {
+void frmArrU::PressKey(const ui::Key& key) {
   if (key.name == ui::Key::kSpace && app().core.settings.AutoPrgSel && !app().arrangement.EditorOpen &&
       ByteAt(window_image(), kPrgAttachedPosition) == 1) {
     return ShowUserPrograms(app(), Path(), ByteAt(window_image(), kPggPosition) == 1);
   }
-  if (key.name != ui::Key::kDelete || RefusesChanges()) return;
-  if (app().main != nullptr) app().main->Menu(MenuId::mnuCancella).UserPress();
+  KeyInList(key);
 }
 
 // --- The main window asks ---
@@ -453,7 +376,8 @@ bool frmArrU::QueryClose() {
 }
 
 void frmArrU::Unload() {
-  if (Sending()) ShowWait(app(), 0);
+  if (Sending() || searching_) ShowWait(app(), 0);
+  if (searching_) app().arrangement.FindActive = false;
   app().arr_windows[static_cast<std::size_t>(number_)] = nullptr;
   app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = 0;
   ChildWindow::Unload();

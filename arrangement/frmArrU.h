@@ -6,17 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "core/child_window.h"
+#include "arrangement/file_list_window.h"
 
 namespace zentaline {
 
-class frmArrU : public ChildWindow {
+class frmArrU : public ArrFileListWindow {
  public:
   // Number 1 to 8 a file of the user's, 9 what stands in the instrument. The image carries everything else.
   frmArrU(Application& app, int number, Bytes image);
 
-  ui::ListBox List1{*this, "List1"};
-  ui::ComboBox Combo1{*this, "Combo1"};
   ui::TextBox Text1{*this, "Text1"};
   ui::TextBox Text2{*this, "Text2"};
   ui::Label Label1[2] = {{*this, "Label1", 0}, {*this, "Label1", 1}};
@@ -33,7 +31,11 @@ class frmArrU : public ChildWindow {
   ui::Button CommClose{*this, "CommClose"};
   ui::Frame Frame1[4] = {{*this, "Frame1", 0}, {*this, "Frame1", 1}, {*this, "Frame1", 2}, {*this, "Frame1", 3}};
 
-  void ShowRecordName(int index);
+  // The search goes on here: its row, then what the instrument lacks of it, step by step. And a search that ends, or
+  // has gone on to another window.
+  void BeginSearch();
+  void EndSearch();
+  bool searching() const { return searching_; }
   // The editor has gone: CommEdit is usable again on a written row.
   void EditorClosed();
 
@@ -42,6 +44,7 @@ class frmArrU : public ChildWindow {
   bool CanSave() const override;
   void ShowName() override;
   void SettingsChanged() override;
+  void RecordsChanged() override;
 
   void Load() override;
   bool QueryClose() override;
@@ -49,28 +52,26 @@ class frmArrU : public ChildWindow {
 
  protected:
   WindowRecord* Record() override;
+  ui::Timer& ClickTimer() override { return TimerList1; }
+  bool LoadsStylesOnClick() const override;
+  void ShowNothing() override;
+  void RowChosen(int row) override;
+  void ShowSelected(int row) override;
+  void SelectRow(int row) override;
 
  private:
-  // The states that TimerList1 carries in its interval: what a click of the list goes on from.
-  static constexpr int kClickFresh = 10;
-  static constexpr int kClickArrSent = 11;
-  static constexpr int kClickStySent = 12;
-  // Of a row's text; what is no longer than that has no name.
-  static constexpr std::size_t kLabelLength = 2;
-
   // Opening.
-  void FillRows();
-  std::string RowText(int row) const;
-  void AddFactoryStyle(int number);
-  void NoteWhatTheSearchNeeds(int row);
+  void LookUpId();
+  // Whether it is this window that a search by id is about, by the number of its file.
+  bool IsSearched() const;
+  void NoteWhatTheSearchNeeds();
   void AttachSiblingStyles();
+  bool EnableStyles();
   void AttachSiblingPrograms();
   void ShowId(const std::string& row_label);
   void LayOut();
 
   // What the user does; a button's handler is also its timer's.
-  void ClickRow();
-  void ShowSelected(int row);
   void PressLoadArr();
   void PressLoadSty();
   void PressLoadPrg();
@@ -78,21 +79,17 @@ class frmArrU : public ChildWindow {
   void PressAdd();
   void PressEdit();
   void EnableEdit(bool enabled);
-  bool IsEmptyRow(int row) const;
   void StepSearch();
   // Lets a search that is under way go on at this step.
   void ContinueSearch(int step);
   // A wait text stands for work that is still due.
   bool Sending() const;
-  void KeyInList(const ui::Key& key);
-  void AskAboutEdits();
+  void PressKey(const ui::Key& key);
 
-  int record_byte(int row, std::size_t offset) const;
-  std::string NameForInstrument() const;
   std::string ProgramsForInstrument() const;
-  std::string Path() const;
 
   int number_;
+  bool searching_ = false;
   bool adding_ = false;     // CommAdd has shown its wait text, the work is due
   Bytes programs_to_send_;  // a bank read for CommLoadPrg, until it goes out
   bool pgg_to_send_ = false;

@@ -19,8 +19,6 @@ namespace zentaline {
 namespace {
 
 // The states that the timers carry in their intervals, which are milliseconds too.
-constexpr int kTimerIdle = 10;
-constexpr int kTimerDue = 9;
 constexpr int kPauseBetweenGroups = 1000;  // the instrument stores a group meanwhile
 constexpr int kPrgWindowWait = 9;
 constexpr int kPrgWindowSend = 8;
@@ -36,29 +34,14 @@ constexpr int kFindAfterPrg = 40;
 }  // namespace
 
 void frmArrU::PressLoadArr() {
-  if (TimerLoadArr.interval() == kTimerIdle) {
-    AskAboutEdits();
-    // A click that waits for the file fills the editor anew and doesn't ask twice.
-    if (TimerList1.interval() == kClickArrSent) app().edits.Mark(kArrRecordUnderEdit, false);
-    ShowWait(app(), kWaitLoadingArr);
-    TimerLoadArr.SetInterval(kTimerDue);
-    TimerLoadArr.Start();
-    return;
-  }
-  // Stopped, since a second press may have come before the timer.
-  TimerLoadArr.Stop();
-  TimerLoadArr.SetInterval(kTimerIdle);
+  if (!LoadArrIsDue(TimerLoadArr)) return;
   // The song mode makes the instrument leave the arrangement that it plays before the dump arrives.
   SendModeSongPlay(app());
   SendModeArrPlay(app());
-  MonitorLog(app(), {});
-  SendArrDump(app(), window_image());
-  app().arrangement.ArrInInstrument = NameForInstrument();
-  if (app().main != nullptr) app().main->LabelArr.SetCaption(ShownPath(NameForInstrument()));
-  ShowWait(app(), 0);
+  SendArrangements();
   if (number_ != kInstrumentWindow) SlotTakeFile(app(), Path());
   ContinueSearch(kFindAfterArr);
-  if (TimerList1.interval() == kClickArrSent) TimerList1.Start();
+  ContinueClick(kClickArrSent);
 }
 
 void frmArrU::PressLoadSty() {
@@ -66,7 +49,7 @@ void frmArrU::PressLoadSty() {
   switch (PressLoadStyles(app(), timers, window_image(), StyGroupsToSend(window_image()), BaseName())) {
     case StyleStep::kNothingToSend:
       // Whoever waits for the end of the styles goes on without them.
-      if (TimerList1.interval() == kClickStySent) TimerList1.Start();
+      ContinueClick(kClickStySent);
       ContinueSearch(kFindPrg);
       return List1.SetFocus();
     case StyleStep::kUnderWay:
@@ -75,7 +58,7 @@ void frmArrU::PressLoadSty() {
       break;
   }
   if (int row = List1.Row(); row >= 0) SelectArrangement(app(), row, kKindArr);
-  if (TimerList1.interval() == kClickStySent) TimerList1.Start();
+  ContinueClick(kClickStySent);
   ContinueSearch(kFindAfterSty);
   List1.SetFocus();
 }
@@ -142,6 +125,30 @@ void frmArrU::PressAdd() {
   List1.SetFocus();
 }
 
+bool frmArrU::IsSearched() const {
+  const ArrangementState& state = app().arrangement;
+  return state.FindActive && number_ != kInstrumentWindow &&
+         state.WindowFileId[static_cast<std::size_t>(number_)] == state.FindFileId;
+}
+
+// The search clicks the row itself, when all that it needs has been sent.
+void frmArrU::BeginSearch() {
+  ArrangementState& state = app().arrangement;
+  EndSearch();
+  NoteWhatTheSearchNeeds();
+  searching_ = true;
+  state.ListBusy = true;
+  List1.SetRow(state.FindRow);
+  state.ListBusy = false;
+  TimerFindID.Start();
+}
+
+void frmArrU::EndSearch() {
+  searching_ = false;
+  TimerFindID.Stop();
+  TimerFindID.SetInterval(kFindStart);
+}
+
 // The interval is the step of the search. A step that waits for a send ends, and the send's end starts the timer again.
 void frmArrU::StepSearch() {
   ArrangementState& state = app().arrangement;
@@ -169,7 +176,8 @@ void frmArrU::StepSearch() {
     }
   }
   state.FindActive = false;
-  TimerFindID.SetInterval(kFindStart);
+  EndSearch();
+  if (List1.Row() < 0) ShowWait(app(), 0);
   List1.Click();
 }
 
@@ -179,7 +187,7 @@ bool frmArrU::Sending() const {
 }
 
 void frmArrU::ContinueSearch(int step) {
-  if (!app().arrangement.FindActive) return;
+  if (!searching_ || !app().arrangement.FindActive) return;
   TimerFindID.SetInterval(step);
   TimerFindID.Start();
 }

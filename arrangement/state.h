@@ -20,6 +20,7 @@ struct ArrangementState {
   std::string ArrInInstrument;  // base name of the .arr last sent, at most 24 bytes
   bool EditorOpen = false;
   EditedFlag EditorChanged;
+  int BankWanted = 0;  // the factory bank that was opened last, 2 or 3
   bool FindActive = false;
   int FindRow = -1;  // 0 to 63, the row the search wants
   int FindFileId = 0;

@@ -1,6 +1,8 @@
 // What the arrangement windows tell each other; for this folder alone.
 #pragma once
 
+#include "core/menus.h"
+
 namespace zentaline {
 
 struct Application;
@@ -8,6 +10,11 @@ class ChildWindow;
 
 // Rewrites the name in a window's list row from its record; the label and the mark stay.
 void ShowRecordName(ChildWindow& window, int index);
+// The factory bank of a kind: its number in the database, 1 and 2, and its menu entry.
+int ArrBankFileId(int kind);
+MenuId ArrBankEntry(int kind);
+// Whether there is a place for another new file.
+void RefreshNewArrEntry(Application& app);
 // The editor has gone: a written record can be edited again.
 void ArrEditorClosed(Application& app);
 

@@ -54,6 +54,7 @@ struct Application {
   // The open windows; null where there is none. The toolkit owns them. File windows count from 1.
   MainWindow* main = nullptr;
   std::array<ChildWindow*, 10> arr_windows{};
+  std::array<ChildWindow*, 9> new_arr_windows{};
   std::array<ChildWindow*, 17> prg_windows{};
   std::array<ChildWindow*, 9> sty_windows{};
   std::array<ChildWindow*, 9> new_sty_windows{};

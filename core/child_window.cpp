@@ -28,6 +28,10 @@ int ChildWindow::WindowNumber() const {
   return ByteAt(window_image_, kWindowNumberPosition);
 }
 
+bool ChildWindow::NeverSaved() const {
+  return ByteAt(window_image_, kNeverSavedPosition) == 1 || ByteAt(window_image_, kNoFilePosition) == kMustSaveAs;
+}
+
 std::string ChildWindow::BaseName() const {
   return std::string(WindowBaseName(window_image_));
 }

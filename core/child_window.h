@@ -49,6 +49,8 @@ class ChildWindow : public ui::Form {
   virtual bool Offers(WindowFunction function);
   // Whether there is something that mnuSalva and mnuSalvaAs would save.
   virtual bool CanSave() const { return false; }
+  // Whether the file has no name of its own yet, so that saving asks for one.
+  virtual bool NeverSaved() const;
   // Whether another window takes this one along at its closing, and asks for it.
   virtual bool GoesWithAnother() const { return false; }
   // The caption by the image.

@@ -85,6 +85,8 @@ void frmMain::ConnectMenus() {
     ShowWait(app(), kWaitUpdate, "i40DBArr");
     TimerAggArr.Start();
   };
+  Menu(mnuWFindID).on_click = [this] { ShowFindId(app()); };
+  Menu(mnuWEditDBArr).on_click = [this] { ShowDatabase(app()); };
   Menu(mnuItaliano).on_click = [this] { ChooseLanguage(1); };
   Menu(mnuInglese).on_click = [this] { ChooseLanguage(2); };
   Menu(mnuMIDIThru).on_click = [this] { ToggleThru(app()); };
@@ -97,6 +99,9 @@ void frmMain::ConnectMenus() {
       RefreshMenus();
     };
   }
+  Menu(mnuNuovoArr).on_click = [this] { NewArrWindow(app()); };
+  Menu(mnuArrA).on_click = [this] { OpenArrBank(app(), kKindArrA); };
+  Menu(mnuArrB).on_click = [this] { OpenArrBank(app(), kKindArrB); };
   Menu(mnuNuovoSty).on_click = [this] { NewStyFile(app()); };
   Menu(mnuStyA).on_click = [this] { OpenStyBank(app(), kKindStyA); };
   Menu(mnuStyB).on_click = [this] { OpenStyBank(app(), kKindStyB); };

@@ -27,7 +27,7 @@ constexpr AutoWindow kAutoWindows[] = {
     {5, kKindPrgB, mnuWProgB},     {6, kKindPrgC, mnuWProgC},      {7, kKindPrgD, mnuWProgD},
     {8, kKindPrgE, mnuWProgE},     {9, kKindDrum, mnuDrum},        {10, kKindGlobal, mnuGlobalParam},
     {11, kKindFindId, mnuWFindID}, {12, kKindPercussion, mnuPerc}, {13, kKindMonitor, mnuMsgEx},
-    {14, kKindStyA, mnuStyA},      {15, kKindStyB, mnuStyB},
+    {14, kKindStyA, mnuStyA},      {15, kKindStyB, mnuStyB},       {16, kKindDatabase, mnuWEditDBArr},
 };
 
 // The tables of file windows in the order in which they come back.

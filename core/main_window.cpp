@@ -99,9 +99,9 @@ void MainWindow::ShowRecentFiles() {
 }
 
 void MainWindow::EnableDatabaseEntries(bool usable) {
-  for (const MenuId id : {mnuWEditDBArr, mnuAggArr, mnuWFindID}) {
-    Menu(id).SetEnabled(usable && !MenuRows()[static_cast<std::size_t>(id)].waits_for_window);
-  }
+  for (const MenuId id : {mnuWEditDBArr, mnuAggArr}) Menu(id).SetEnabled(usable);
+  // Its window is there once; the entry is off while it is open.
+  Menu(mnuWFindID).SetEnabled(usable && toolkit().FindForm("frmFindID") == nullptr);
 }
 
 // The entry's own name, with the file that it shows where it has one.

@@ -55,6 +55,7 @@ constexpr NumberRow kNumbers[] = {
     {"ArrNameChanged", [](const Application& app) -> long { return app.arrangement.ArrNameChanged; }},
     {"EditorOpen", [](const Application& app) -> long { return app.arrangement.EditorOpen; }},
     {"EditorChanged", [](const Application& app) -> long { return app.arrangement.EditorChanged; }},
+    {"BankWanted", [](const Application& app) -> long { return app.arrangement.BankWanted; }},
     {"FindActive", [](const Application& app) -> long { return app.arrangement.FindActive; }},
     {"FindRow", [](const Application& app) -> long { return app.arrangement.FindRow; }},
     {"FindFileId", [](const Application& app) -> long { return app.arrangement.FindFileId; }},

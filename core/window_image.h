@@ -52,6 +52,7 @@ inline constexpr std::size_t kPrgChangedPosition = 7;     // 1 the program part 
 inline constexpr std::size_t kStyStatePosition = 9;       // 0 no styles looked for, 1 the empty template, 2 the sibling
 inline constexpr std::size_t kStyChangedPosition = 10;    // 1 the style part changed
 inline constexpr std::size_t kNoFilePosition = 11;        // not 0: no file of its own yet, saving asks for a name
+inline constexpr int kMustSaveAs = 5;                     // there: its path is that of a file which it doesn't hold
 inline constexpr std::size_t kWindowNumberPosition = 15;  // 1 to 8, 9 for what stands in the instrument
 inline constexpr std::size_t kBankChannelPosition = 16;   // factory banks: MIDI channel 0 to 15
 inline constexpr std::size_t kSlotStatePosition = 17;     // saved state of the window's slot

@@ -59,6 +59,17 @@ constexpr ControlText kCaptions[] = {
     {"frmArrU", "Frame1(2)", "Modifica e numera", "Edit and number"},
     {"frmArrU", "Frame1(3)", "Modo", "Mode"},
 
+    {"frmArrAB", "LabelId", "Id", "Id"},
+    {"frmArrAB", "Frame1", "Modo", "Mode"},
+    {"frmArrNew", "Frame1(0)", "Allo strumento", "To the instrument"},
+    {"frmArrNew", "Frame1(1)", "Modo", "Mode"},
+
+    {"frmEditDBArr", "frmEditDBArr", "Edit i40DBArr", "Edit i40DBArr"},
+    {"frmEditDBArr", "Label2", "Cartella", "Folder"},
+    {"frmEditDBArr", "CommAddAll", "A&ggiungi Tutti", "Add All"},
+    {"frmFindID", "Label1", "ID", "ID"},
+    {"frmFindID", "CommOK", "OK", "OK"},
+
     {"frmPrgUN", "Frame1(0)", "Allo strumento", "To the instrument"},
     {"frmPrgUN", "Frame1(1)", "Modifica", "Edit"},
 

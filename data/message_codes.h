@@ -5,10 +5,14 @@ namespace zentaline {
 
 // The codes that are shown, by name. Of ShowMessage:
 inline constexpr int kMessageText = 1;
+inline constexpr int kMessageWrong = 2;
 inline constexpr int kMessageErrorReading = 4;
 inline constexpr int kMessageNotFound = 5;
 inline constexpr int kMessageNoDatabase = 6;
 inline constexpr int kMessageBadDatabase = 7;
+inline constexpr int kMessageArrAbsent = 8;
+inline constexpr int kMessageNoArrA = 14;
+inline constexpr int kMessageNoArrB = 15;
 inline constexpr int kMessageOpenAlready = 16;
 inline constexpr int kMessageReadOnlyFile = 17;
 inline constexpr int kMessageDiskReading = 18;

@@ -148,6 +148,36 @@ constexpr ControlText kTips[] = {
     {"frmArrU", "CommSongPlay", "Mette lo strumento in modo Song Play", "Puts the instrument in Song Play mode"},
     {"frmArrU", "CommClose", "Chiude questa finestra", "Closes this window"},
 
+    // Factory banks of arrangements, and new files.
+    {"frmArrAB", "List1", "I 64 arrangement del banco; un clic seleziona l'arrangement sullo strumento", "The 64 arrangements of the bank; a click selects one on the instrument"},
+    {"frmArrAB", "Combo1", "Lo style dell'arrangement selezionato, e tutti gli style del banco", "The style of the selected arrangement, and all styles of the bank"},
+    {"frmArrAB", "Text1", "Il numero dell'arrangement: il banco, 1 o 2, e la riga", "The number of the arrangement: the bank, 1 or 2, and the row"},
+    {"frmArrAB", "Label1", "Che cosa mostra la casella accanto", "What the box beside it shows"},
+    {"frmArrAB", "CommArrPlay", "Mette lo strumento in modo Arr Play", "Puts the instrument in Arr Play mode"},
+    {"frmArrAB", "CommSongPlay", "Mette lo strumento in modo Song Play", "Puts the instrument in Song Play mode"},
+    {"frmArrAB", "CommClose", "Chiude questa finestra", "Closes this window"},
+    {"frmArrNew", "List1", "I 64 posti del nuovo file; qui si incollano arrangement da altre finestre, e un clic ne seleziona uno sullo strumento", "The 64 places of the new file; arrangements of other windows are pasted here, and a click selects one on the instrument"},
+    {"frmArrNew", "Combo1", "Lo style dell'arrangement selezionato, e tutti gli style del file", "The style of the selected arrangement, and all styles of the file"},
+    {"frmArrNew", "Label1", "Che cosa mostra la casella accanto", "What the box beside it shows"},
+    {"frmArrNew", "CommLoadArr", "Trasmette allo strumento i 64 arrangement del file", "Sends the 64 arrangements of the file to the instrument"},
+    {"frmArrNew", "CommLoadSty", "Trasmette allo strumento gli style arrivati con gli arrangement", "Sends the styles that came with the arrangements to the instrument"},
+    {"frmArrNew", "CommArrPlay", "Mette lo strumento in modo Arr Play", "Puts the instrument in Arr Play mode"},
+    {"frmArrNew", "CommClose", "Chiude questa finestra", "Closes this window"},
+
+    // The database of arrangements, and the search by number.
+    {"frmEditDBArr", "List1", "I file dell'archivio con i loro numeri; un doppio clic ne apre uno", "The files of the database with their numbers; a double click opens one"},
+    {"frmEditDBArr", "Label1", "Il numero e il nome di ogni file", "Number and name of each file"},
+    {"frmEditDBArr", "Label2", "La cartella dei file dell'archivio", "The folder of the database's files"},
+    {"frmEditDBArr", "Label3", "Quanti file ci sono nell'archivio, di quanti possono starci", "How many files the database holds, of those that it can"},
+    {"frmEditDBArr", "Label4", "La cartella dei file dell'archivio", "The folder of the database's files"},
+    {"frmEditDBArr", "CommDelete", "Toglie il file dall'archivio; il file resta sul disco", "Takes the file out of the database; the file itself stays on the disk"},
+    {"frmEditDBArr", "CommApri", "Apre il file selezionato, o ne mostra la finestra", "Opens the selected file, or shows its window"},
+    {"frmEditDBArr", "CommAddAll", "Mette nell'archivio tutti i file di arrangement della cartella", "Enters all arrangement files of the folder in the database"},
+    {"frmEditDBArr", "CommClose", "Chiude questa finestra", "Closes this window"},
+    {"frmFindID", "Label1", "Il numero di un arrangement: quello del suo file e quello della riga", "The number of an arrangement: that of its file, then that of its row"},
+    {"frmFindID", "Text1", "Il numero dell'arrangement, per esempio 1234 per la riga 34 del file 12", "The number of the arrangement, as 1234 for row 34 of file 12"},
+    {"frmFindID", "CommOK", "Cerca l'arrangement e lo suona, aprendo il suo file se serve", "Finds the arrangement and plays it, opening its file where needed"},
+
     // Program windows.
     {"frmPrgUN", "List1", "I 64 program del banco, con un asterisco i rimandi ad altri banchi; un clic seleziona il suono sullo strumento o lo assegna alla parte in attesa", "The 64 programs of the bank, links to other banks with an asterisk; a click selects the sound on the instrument, or gives it to the part that waits for one"},
     {"frmPrgUN", "Label1", "Il canale MIDI su cui si sentono i program del banco", "The MIDI channel on which the programs of the bank are heard"},

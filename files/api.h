@@ -32,7 +32,7 @@ struct FileSaving {
   // Writes the window's files and clears the marks of what is saved. False when that failed, which was shown.
   bool (*save)(Application& app, Bytes& image);
   // What the save dialog proposes, without extension.
-  std::string (*name)(const Bytes& image);
+  std::string (*name)(const ChildWindow& window);
   bool beside_file = false;      // its dialog begins where the window's file is, not where the last one was
   bool has_parts = false;        // styles and programs are attached, which can be saved under names of their own
   bool keeps_read_only = false;  // a read-only file is not saved over
@@ -71,6 +71,9 @@ ChooseResult OpenChooser(Application& app, int kind);
 void OpenFile(Application& app, int kind);
 // The same with a path that is known, as of a file dropped on the window or named on the command line.
 void OpenPath(Application& app, const std::string& path);
+// The same for a caller that tells by itself when the file is open already or absent, and silent when no window is
+// free.
+ChooseResult OpenInWindow(Application& app, int kind, const std::string& path, bool read_only);
 void OpenRecentFile(Application& app, int i);
 // Whether the record's type has windows.
 bool CanOpenRecent(const Application& app, int i);

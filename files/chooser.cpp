@@ -65,6 +65,13 @@ ChooseResult ReadUnlessOpen(Application& app, const FileKind& kind, const std::s
   return OpenAlready(app, kind, WithoutExtension(path)) ? kChooseOpenAlready : kind.read(app, path);
 }
 
+// Whether the filter that was left selected reads for this kind.
+bool ReadsFor(int kind, int filter, const std::string& path) {
+  const FileKind* row = FileKindOf(kind);
+  if (row == nullptr) return true;
+  return row->filter == filter || (filter == kFilterAll && row->filter == kFilterArr && HasExtension(path, "arr"));
+}
+
 int PresetFilter(int kind) {
   switch (kind) {
     case kKindArrA:
@@ -194,6 +201,7 @@ ChooseResult OpenChooser(Application& app, int kind) {
   if (kind == kKindNewPrg) {
     // Nothing is asked: a new bank begins as the template.
     app.files.ChosenPath = app.core.InternalPrg;
+    app.files.ChosenIsRead = true;
     return FileKindOf(kind)->read(app, app.core.InternalPrg);
   }
   ui::FileDialogRequest request;
@@ -206,6 +214,7 @@ ChooseResult OpenChooser(Application& app, int kind) {
   if (answer.cancelled || answer.path.empty()) return kChooseFailed;
   app.files.ReadOnlyAnswer = answer.read_only;
   app.files.ChosenPath = answer.path;
+  app.files.ChosenIsRead = ReadsFor(kind, answer.filter, answer.path);
   if (!PathFits(app, answer.path)) return kChooseFailed;
   const ChooseResult result = ReadByFilter(app, kind, answer.filter, answer.path);
   if (result == kChosen) {

@@ -111,16 +111,16 @@ int ArrType(const Bytes&) {
 }
 
 // A bank goes by the name of the instrument's file.
-std::string ArrSaveName(const Bytes& image) {
-  switch (ByteAt(image, kKindPosition)) {
+std::string ArrSaveName(const ChildWindow& window) {
+  switch (window.Kind()) {
     case kKindArrA:
       return "i40ArrA";
     case kKindArrB:
       return "i40ArrB";
     case kKindNewArr:
-      return ByteAt(image, kNeverSavedPosition) == 1 ? kUntitled : std::string(WindowBaseName(image));
+      return window.NeverSaved() ? kUntitled : window.BaseName();
     default:
-      return std::string(WindowPath(image));
+      return std::string(WindowPath(window.window_image()));
   }
 }
 
@@ -128,8 +128,8 @@ int PrgType(const Bytes& image) {
   return ByteAt(image, kPggPosition) == 0 ? kTypePrg : kTypePgg;
 }
 
-std::string PrgSaveName(const Bytes& image) {
-  return ByteAt(image, kNeverSavedPosition) == 1 ? kUntitled : std::string(WindowBaseName(image));
+std::string PrgSaveName(const ChildWindow& window) {
+  return window.NeverSaved() ? kUntitled : window.BaseName();
 }
 
 int StyType(const Bytes&) {
@@ -137,7 +137,7 @@ int StyType(const Bytes&) {
 }
 
 // Whatever the file is called.
-std::string StySaveName(const Bytes&) {
+std::string StySaveName(const ChildWindow&) {
   return kUntitled;
 }
 
@@ -236,9 +236,8 @@ ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::s
   for (ui::Form* form : app.toolkit.forms()) {
     if (kind.new_kind == 0 || form->kind() != ui::FormKind::kChild) continue;
     auto* window = static_cast<ChildWindow*>(form);
-    const Bytes& image = window->window_image();
-    const bool saved = window->Kind() == kind.new_kind && ByteAt(image, kNeverSavedPosition) == 0;
-    if (saved && WindowPath(image) == base) return window;
+    const bool saved = window->Kind() == kind.new_kind && !window->NeverSaved();
+    if (saved && WindowPath(window->window_image()) == base) return window;
   }
   return nullptr;
 }

@@ -66,25 +66,28 @@ void ShowChosen(Application& app, const FileKind& kind, int number, const std::s
 
 // A path that is known already, so no dialog is shown.
 void OpenKnown(Application& app, const FileKind& kind, const std::string& path, bool read_only) {
-  const int number = FreeWindow(app, kind.kind);
-  if (number == 0 && WindowOf(app, kind, WithoutExtension(path)) != nullptr) {
-    return ShowNamed(app, kMessageOpenAlready, path);
-  }
-  if (number == 0 || !PathFits(app, path)) return;
-  switch (ReadByFilter(app, kind.kind, kind.filter, path)) {
-    case kChosen:
-      RememberPlace(app, kind.filter, path);
-      return ShowChosen(app, kind, number, path, read_only);
+  switch (OpenInWindow(app, kind.kind, path, read_only)) {
     case kChooseOpenAlready:
       return ShowNamed(app, kMessageOpenAlready, path);
     case kChooseEmpty:
       return ShowMessage(app, kMessageFileNotFound, app.core.OperationTitle, {});
-    case kChooseFailed:
+    default:
       return;
   }
 }
 
 }  // namespace
+
+ChooseResult OpenInWindow(Application& app, int kind, const std::string& path, bool read_only) {
+  const FileKind& row = *FileKindOf(kind);
+  const int number = FreeWindow(app, kind);
+  if (number == 0 || !PathFits(app, path)) return kChooseFailed;
+  const ChooseResult result = ReadByFilter(app, row.kind, row.filter, path);
+  if (result != kChosen) return result;
+  RememberPlace(app, row.filter, path);
+  ShowChosen(app, row, number, path, read_only);
+  return kChosen;
+}
 
 void OpenFile(Application& app, int kind) {
   const FileKind* row = FileKindOf(kind);
@@ -92,7 +95,14 @@ void OpenFile(Application& app, int kind) {
   if (number == 0) return;
   const ChooseResult result = OpenChooser(app, kind);
   const std::string path = app.files.ChosenPath;
-  if (result == kChosen) return ShowChosen(app, *row, number, path, app.files.ReadOnlyAnswer);
+  if (result == kChosen) {
+    ShowChosen(app, *row, number, path, app.files.ReadOnlyAnswer);
+    // What another file left in the buffer must not be saved over this one.
+    if (ChildWindow* window = row->window(app, number); window != nullptr && !app.files.ChosenIsRead) {
+      app.edits.SetAside(*window, kNoFilePosition, kMustSaveAs);
+    }
+    return;
+  }
   if (result == kChooseOpenAlready) return ShowNamed(app, kMessageOpenAlready, path);
   if (result == kChooseEmpty) return ShowNamed(app, kMessageFileNotFound, path);
 }

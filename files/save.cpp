@@ -31,7 +31,8 @@ const FileSaving* SavingOf(const Bytes& image) {
   return kind == nullptr ? nullptr : kind->saving;
 }
 
-ui::FileDialogRequest SaveRequest(const Application& app, const FileKind& kind, const Bytes& image) {
+ui::FileDialogRequest SaveRequest(const Application& app, const FileKind& kind, const ChildWindow& window) {
+  const Bytes& image = window.window_image();
   const FileSaving& saving = *kind.saving;
   ui::FileDialogRequest request;
   request.save = true;
@@ -40,9 +41,9 @@ ui::FileDialogRequest SaveRequest(const Application& app, const FileKind& kind, 
   request.shows_read_only = false;
   request.filter = saving.type(image);
   request.default_extension = ExtensionOf(request.filter);
-  const bool beside_file = saving.beside_file && ByteAt(image, kNeverSavedPosition) != 1;
+  const bool beside_file = saving.beside_file && !window.NeverSaved();
   request.directory = beside_file ? std::string(FileDirectory(WindowPath(image))) : app.files.*kind.place.directory;
-  request.name = saving.name(image) + "." + request.default_extension;
+  request.name = saving.name(window) + "." + request.default_extension;
   return request;
 }
 
@@ -106,7 +107,7 @@ bool IsWhole(int own_type, int filter) {
 }  // namespace
 
 bool SaveFile(Application& app, ChildWindow& window) {
-  if (ByteAt(window.window_image(), kNeverSavedPosition) == 1) return SaveFileAs(app, window);
+  if (window.NeverSaved()) return SaveFileAs(app, window);
   const FileSaving* saving = SavingOf(window.window_image());
   if (saving == nullptr) return false;
   if (saving->keeps_read_only && window.ReadOnly()) {
@@ -127,7 +128,7 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
   const FileKind* kind = FileKindOf(window.Kind());
   if (kind == nullptr || kind->saving == nullptr) return false;
   const FileSaving& saving = *kind->saving;
-  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(SaveRequest(app, *kind, image));
+  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(SaveRequest(app, *kind, window));
   if (answer.cancelled || answer.path.empty()) return false;
   // The selected filter decides what is written.
   const bool whole = IsWhole(saving.type(image), answer.filter);
@@ -156,7 +157,7 @@ bool SaveBeforeClosing(Application& app, ChildWindow& window) {
   const Bytes& image = window.window_image();
   switch (AskYesNoCancel(app, kAskFileSave, window.caption())) {
     case ui::BoxAnswer::kYes: {
-      const bool has_file = ByteAt(image, kNoFilePosition) == 0 && ByteAt(image, kNeverSavedPosition) == 0;
+      const bool has_file = ByteAt(image, kNoFilePosition) == 0 && !window.NeverSaved();
       return has_file ? SaveFile(app, window) : SaveFileAs(app, window);
     }
     case ui::BoxAnswer::kNo:

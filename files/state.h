@@ -17,6 +17,7 @@ struct FilesState {
   std::string LastGblName;
   bool ReadOnlyAnswer = false;  // of the last open dialog
   std::string ChosenPath;       // its path, with extension
+  bool ChosenIsRead = true;  // it was read into the buffer of the kind that asked; else that holds what it held before
   // The file of the open flow that runs.
   std::string CurrentFileDir;
   std::string CurrentFileName;  // without extension

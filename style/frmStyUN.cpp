@@ -94,10 +94,6 @@ bool frmStyUN::IsNew() const {
   return Kind() == kKindNewSty;
 }
 
-bool frmStyUN::NeverSaved() const {
-  return ByteAt(window_image(), kNeverSavedPosition) == 1;
-}
-
 ChildWindow*& frmStyUN::Slot() {
   auto& slots = IsNew() ? app().new_sty_windows : app().sty_windows;
   return slots[static_cast<std::size_t>(number_)];

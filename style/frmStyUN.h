@@ -41,8 +41,7 @@ class frmStyUN : public ChildWindow {
   WindowRecord* Record() override;
 
  private:
-  bool IsNew() const;       // a new file's window, saved or not
-  bool NeverSaved() const;  // a file of that name does not exist
+  bool IsNew() const;  // a new file's window, saved or not
   std::string_view styles() const { return StylePart(window_image()); }
   // The window's place in the table of open windows.
   ChildWindow*& Slot();

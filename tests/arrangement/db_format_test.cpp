@@ -252,6 +252,38 @@ TEST(Db, RandomAdditionsAndRemovalsKeepTheInvariants) {
   }
 }
 
+// The same as one by one: by name, whatever the case, with the lowest ids that are free.
+TEST(Db, ManyFilesAreEnteredAsOneByOne) {
+  std::mt19937 random(9);
+  Bytes image = Database({{"Delta", 5}, {"kappa", 4}}, "/m");
+  std::map<std::string, std::pair<std::string, int>> expected = {{"DELTA", {"Delta", 5}}, {"KAPPA", {"kappa", 4}}};
+  std::vector<int> ids = {3};
+  for (int id = 6; id <= 999; ++id) ids.push_back(id);
+  std::size_t next = 0;
+  DBAdding adding(image);
+  for (int i = 0; i < 400; ++i) {
+    std::string name;
+    std::string key;
+    for (int length = RandomNumber(random, 1, 3); length > 0; --length) {
+      const char letter = static_cast<char>('a' + RandomNumber(random, 0, 5));
+      key += static_cast<char>(letter - 'a' + 'A');
+      name += RandomNumber(random, 0, 1) == 0 ? letter : key.back();
+    }
+    const DBAddition addition = adding.Add(name);
+    const bool known = expected.contains(key);
+    EXPECT_EQ(addition.result, known ? kDbKnown : kDbAdded) << name;
+    if (!known) expected[key] = {name, ids[next++]};
+    EXPECT_EQ(addition.id, expected[key].second) << name;
+  }
+  int index = 3;
+  for (const auto& [key, entry] : expected) {
+    EXPECT_EQ(DBEntryName(image, index), entry.first);
+    EXPECT_EQ(DBEntryId(image, index), entry.second);
+    ++index;
+  }
+  EXPECT_FALSE(DBEntryUsed(image, index));
+}
+
 TEST(Db, DamageInAnyByteIsStood) {
   std::mt19937 random(6);
   const Bytes good = Database({{"a", 3}, {"b", 4}, {"c", 5}}, "/m");

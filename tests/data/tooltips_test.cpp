@@ -57,6 +57,21 @@ TEST(ToolTips, EveryControlOfTheArrangementWindowTellsWhatItDoes) {
   for (std::string_view control : kArrControls) ExpectTips("frmArrU", control);
 }
 
+TEST(ToolTips, EveryControlOfTheBankTheNewFileTheDatabaseAndTheSearchTellsWhatItDoes) {
+  for (std::string_view control : {"List1", "Combo1", "Text1", "Label1", "CommArrPlay", "CommSongPlay", "CommClose"}) {
+    ExpectTips("frmArrAB", control);
+  }
+  for (std::string_view control :
+       {"List1", "Combo1", "Label1", "CommLoadArr", "CommLoadSty", "CommArrPlay", "CommClose"}) {
+    ExpectTips("frmArrNew", control);
+  }
+  for (std::string_view control :
+       {"List1", "Label1", "Label2", "Label3", "Label4", "CommDelete", "CommApri", "CommAddAll", "CommClose"}) {
+    ExpectTips("frmEditDBArr", control);
+  }
+  for (std::string_view control : {"Label1", "Text1", "CommOK"}) ExpectTips("frmFindID", control);
+}
+
 TEST(ToolTips, EveryControlOfTheProgramWindowsTellsWhatItDoes) {
   for (std::string_view control : {"List1", "Label1", "Combo1", "CommLoad", "CommProgram", "CommEdit", "CommClose"}) {
     ExpectTips("frmPrgUN", control);

@@ -1,0 +1,84 @@
+#include "arrangement/file_list_window.h"
+
+#include "arrangement/api.h"
+#include "arrangement/arr_format.h"
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/main_window.h"
+#include "data/message_codes.h"
+#include "midi/api.h"
+
+namespace zentaline {
+
+std::string ArrFileListWindow::NameForInstrument() const {
+  return CutText(BaseName(), kInstrumentNameLength);
+}
+
+void ArrFileListWindow::ClickRow() {
+  const int row = List1.Row();
+  if (app().arrangement.ListBusy || row < 0) return;
+  if (IsEmptyRow(row)) {
+    ShowNothing();
+    return ShowWait(app(), 0);
+  }
+  const int state = ClickTimer().interval();
+  ClickTimer().SetInterval(kClickFresh);
+  if (state == kClickFresh && app().core.settings.CaricaArr &&
+      NameForInstrument() != app().arrangement.ArrInInstrument) {
+    ClickTimer().SetInterval(kClickArrSent);
+    return ButtonOf(WindowFunction::kLoadArr)->Press();
+  }
+  if (state != kClickStySent) {
+    RowChosen(row);
+    if (app().midi.CurrentMode != kModeArrPlay) SendModeArrPlay(app());
+    ShowSelected(row);
+    if (UsesUserStyle(row) && LoadsStylesOnClick() && NameForInstrument() != app().style.StyInInstrument) {
+      ClickTimer().SetInterval(kClickStySent);
+      return ButtonOf(WindowFunction::kLoadSty)->Press();
+    }
+  }
+  SelectRow(row);
+  ShowWait(app(), 0);
+}
+
+bool ArrFileListWindow::LoadArrIsDue(ui::Timer& timer) {
+  if (timer.interval() == kTimerIdle) {
+    AskAboutEdits();
+    // A click that waits for the file fills the editor anew and doesn't ask twice.
+    if (ClickTimer().interval() == kClickArrSent) app().edits.Mark(kArrRecordUnderEdit, false);
+    ShowWait(app(), kWaitLoadingArr);
+    timer.SetInterval(kTimerDue);
+    timer.Start();
+    return false;
+  }
+  // Stopped, since a second press may have come before the timer.
+  timer.Stop();
+  timer.SetInterval(kTimerIdle);
+  return true;
+}
+
+void ArrFileListWindow::SendArrangements() {
+  MonitorLog(app(), {});
+  SendArrDump(app(), window_image());
+  app().arrangement.ArrInInstrument = NameForInstrument();
+  if (app().main != nullptr) app().main->LabelArr.SetCaption(ShownPath(NameForInstrument()));
+  ShowWait(app(), 0);
+}
+
+void ArrFileListWindow::ContinueClick(int state) {
+  if (ClickTimer().interval() == state) ClickTimer().Start();
+}
+
+void ArrFileListWindow::AskAboutEdits() {
+  ArrangementState& state = app().arrangement;
+  if (!state.EditorOpen || !state.EditorChanged) return;
+  if (AskYesNo(app(), kAskArrKeep) != ui::BoxAnswer::kYes) return;
+  if (StoreEditRecord(app()) == kArrStored) app().edits.Mark(kArrRecordUnderEdit, false);
+}
+
+void ArrFileListWindow::KeyInList(const ui::Key& key) {
+  if (key.name != ui::Key::kDelete || RefusesChanges()) return;
+  if (app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
+}
+
+}  // namespace zentaline
