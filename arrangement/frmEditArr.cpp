@@ -1,6 +1,7 @@
 #include "arrangement/frmEditArr.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "arrangement/api.h"
@@ -15,6 +16,7 @@
 #include "midi/api.h"
 #include "program/api.h"
 #include "program/prg_format.h"
+#include "record/field_text.h"
 
 namespace zentaline {
 
@@ -24,11 +26,11 @@ constexpr std::size_t kTitleNameLength = 10;
 // The letter that a user program is shown with; a pick shows the window's own letter instead.
 constexpr char kUserLetter[] = "F";
 
-bool WaitsForFill(const EditRow& row) {
-  return row.array != kCheck1 && row.array != kEffCombo && row.store != EditStore::kNowhere;
+bool OfPart(const EditorRow& row) {
+  return &row >= std::begin(arr_editor::kPartRows) && &row < std::end(arr_editor::kPartRows);
 }
 
-bool MovesPosition(EditArray array) {
+bool MovesPosition(int array) {
   return array == kCombo1 || array == kCombo2 || array == kHScroll1;
 }
 
@@ -44,10 +46,6 @@ void frmEditArr::MarkChanged() {
 
 void frmEditArr::Put(std::size_t position, int value, const EditWords& words) {
   app().edits.PutByte(kArrRecordUnderEdit, position, value, words);
-}
-
-EditWords frmEditArr::WordsOf(const Field& field) const {
-  return {field.row.caption, PartName(field.part)};
 }
 
 std::size_t frmEditArr::NamePosition(int part) const {
@@ -106,55 +104,13 @@ FormState* frmEditArr::FormPlace() {
 
 // --- Showing ---
 
-int frmEditArr::Shown(const Field& field) const {
-  switch (field.control.kind()) {
-    case ui::ControlKind::kScrollBar:
-      return static_cast<ui::ScrollBar&>(field.control).value();
-    case ui::ControlKind::kCheckBox:
-      return static_cast<ui::CheckBox&>(field.control).value() ? 1 : 0;
-    default:
-      return static_cast<ui::ComboBox&>(field.control).row();
-  }
-}
-
-void frmEditArr::Show(const Field& field) {
-  const int shown = field.row.store == EditStore::kNowhere ? field.row.range.first
-                                                           : ShownValue(field.row, ByteAt(record(), field.position));
-  switch (field.control.kind()) {
-    case ui::ControlKind::kScrollBar:
-      static_cast<ui::ScrollBar&>(field.control).SetValue(shown);
-      break;
-    case ui::ControlKind::kCheckBox:
-      static_cast<ui::CheckBox&>(field.control).SetValue(shown != 0);
-      break;
-    default:
-      static_cast<ui::ComboBox&>(field.control).SetRow(shown);
-  }
-  ShowValue(field);
-}
-
-void frmEditArr::ShowValue(const Field& field) {
-  const int shown = Shown(field);
-  switch (field.row.label) {
-    case EditLabel::kNone:
-      break;
-    case EditLabel::kNumber:
-      field.value->SetCaption(std::to_string(shown));
-      break;
-    case EditLabel::kNote:
-      ShowSplitNote(shown);
-      break;
-    case EditLabel::kPan:
-      field.value->SetCaption(PanText(shown));
-      break;
-    case EditLabel::kEffect:
-      field.value->SetCaption(EffectText(field.row.index, StoredValue(field.row, shown).stored));
-      break;
-  }
+std::string frmEditArr::ValueText(const EditorControl& control, int shown) const {
+  if (control.row->array == kEffCombo) return EffectText(control.row->index, CodedValue(control.field(), shown));
+  return FieldText(control.field(), shown);
 }
 
 void frmEditArr::ShowSplitNote(int note) {
-  FieldOf(kHScroll1, 0).value->SetCaption(SplitNoteName(note));
+  RowOf(kHScroll1, 0).value->SetCaption(SplitNoteName(note));
 }
 
 void frmEditArr::Fill() {
@@ -162,14 +118,12 @@ void frmEditArr::Fill() {
   state.EditorFilling = true;
   ShowTitle();
   ShowTexts();
+  Combo1[kMapChooser].SetRow(0);
+  rows_.Show([](const EditorRow& row) { return !row.Has(kActsInFill); });
   // Effects and switches aren't stopped by the fill: the instrument follows the row without a dump. The effects go out
   // first.
-  for (const Field& field : fields_) {
-    if (field.row.array != kCheck1) Show(field);
-  }
-  for (const Field& field : fields_) {
-    if (field.row.array == kCheck1) Show(field);
-  }
+  rows_.Fill([](const EditorRow& row) { return row.array == kEffCombo; });
+  rows_.Fill([](const EditorRow& row) { return row.array == kCheck1; });
   for (int part = 0; part < kArrPartCount; ++part) ShowPart(part);
   state.EditorFilling = false;
   app().edits.Mark(kArrRecordUnderEdit, false);
@@ -207,51 +161,53 @@ void frmEditArr::ShowPart(int part) {
 
 // --- Editing ---
 
-void frmEditArr::Edit(Field& field) {
+void frmEditArr::Edit(EditorControl& control) {
   ArrangementState& state = app().arrangement;
-  if (state.EditorFilling && WaitsForFill(field.row)) return;
-  if (field.row.array == kEffCombo && app().core.FormLoading) return;
+  const EditorRow& row = *control.row;
+  if (state.EditorFilling && !row.Has(kActsInFill)) return;
+  if (row.array == kEffCombo && app().core.FormLoading) return;
   ClearNameHighlight();
   MarkChanged();
-  state.ArrSignFlag = 0;
-  if (field.row.store == EditStore::kNowhere) return ChooseVariation(field);
-
-  const int shown = Shown(field);
-  const EditValue value = StoredValue(field.row, shown);
-  state.ArrSignFlag = value.negative ? 1 : 0;
-  if (field.row.sends_shown) Send(field, value, shown);
-  Store(field, value.stored);
-  ShowValue(field);
-  if (!field.row.sends_shown) Send(field, value, shown);
+  const int shown = RecordEditor::Shown(control);
+  state.ArrSignFlag = CodedValue(control.field(), shown) < 0 ? 1 : 0;
+  if (row.Has(kSendsShown)) Send(control, shown);
+  Store(control, shown);
+  rows_.ShowLabel(control);
+  if (!row.Has(kSendsShown)) Send(control, shown);
 }
 
-void frmEditArr::Store(const Field& field, int stored) {
+void frmEditArr::Store(const EditorControl& control, int shown) {
   ArrangementState& state = app().arrangement;
   // A fill shows the record, and leaves a byte that it can't show as it is.
   if (state.EditorFilling) return;
-  if (field.row.store == EditStore::kLastPosition) {
+  if (control.row->Has(kStoresElsewhere)) {
     // Nothing has been written yet while it is 0.
-    if (state.ArrEditPos != 0) Put(static_cast<std::size_t>(state.ArrEditPos), stored, WordsOf(field));
+    const auto position = static_cast<std::size_t>(state.ArrEditPos);
+    if (position != 0) Put(position, shown, {control.field().name});
     return;
   }
-  Put(field.position, StoredByte(field.row, ByteAt(record(), field.position), stored), WordsOf(field));
-  if (MovesPosition(field.row.array)) state.ArrEditPos = static_cast<int>(field.position);
+  rows_.Store(control, shown);
+  if (MovesPosition(control.row->array)) state.ArrEditPos = static_cast<int>(control.position());
 }
 
-void frmEditArr::Send(const Field& field, EditValue value, int shown) {
-  if (field.id == kNotSent || value.stored > field.row.sent_to) return;
-  if (field.part != kGeneral && field.row.SilentIn(field.part)) return;
-  SendArrParam(app(), 0, field.id, field.row.sends_shown ? shown : value.stored, app().arrangement.ArrSignFlag);
+void frmEditArr::Send(const EditorControl& control, int shown) {
+  const EditMessage& message = control.row->message;
+  const int stored = CodedValue(control.field(), shown) & control.field().place.mask;
+  if (!message.IsSent() || stored > message.greatest || message.SilentIn(control.block)) return;
+  const int id = message.a + (OfPart(*control.row) ? kPartIdStep * control.block : 0);
+  SendArrParam(app(), 0, id, control.row->Has(kSendsShown) ? shown : stored, app().arrangement.ArrSignFlag);
 }
 
 // The list tells which of the four drum maps the bar shows, during a fill too; the next kick or snare then goes there.
-void frmEditArr::ChooseVariation(const Field& field) {
+void frmEditArr::ChooseVariation() {
   ArrangementState& state = app().arrangement;
-  drum_map_->position = field.position + static_cast<std::size_t>(Shown(field));
-  state.ArrEditPos = static_cast<int>(drum_map_->position);
-  const bool filling = std::exchange(state.EditorFilling, true);
-  Show(*drum_map_);
-  state.EditorFilling = filling;
+  ClearNameHighlight();
+  MarkChanged();
+  state.ArrSignFlag = 0;
+  drum_map_->block = Combo1[kMapChooser].row();
+  drum_map_->start = ArrEditPosition(kDrumMapBlock.StartOf(drum_map_->block));
+  state.ArrEditPos = static_cast<int>(drum_map_->position());
+  rows_.Show(*drum_map_);
 }
 
 // A typed text that is a row's, case ignored, selects that row.

@@ -4,16 +4,14 @@
 #pragma once
 
 #include <array>
-#include <memory>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "arrangement/arr_format.h"
 #include "arrangement/editor_tables.h"
 #include "core/child_window.h"
 #include "core/edits.h"
+#include "core/record_editor.h"
 #include "ui/control_array.h"
 
 namespace zentaline {
@@ -83,41 +81,29 @@ class frmEditArr : public ChildWindow {
   FormState* FormPlace() override;
 
  private:
-  // A control of the tables: where it stands, and what it edits.
-  struct Field {
-    const EditRow& row;
-    int part;              // 0 to 8, or kGeneral
-    std::size_t position;  // in ArrEditRecord
-    int id;
-    ui::Control& control;
-    ui::Label* name = nullptr;  // for controls that don't carry their name themselves
-    ui::Label* value = nullptr;
-  };
   static constexpr int kGeneral = -1;
+  static constexpr int kMapChooser = 5;  // of Combo1: which of the four drum maps is shown
 
   // Making, in frmEditArr_make.cpp.
-  void MakeFields();
-  void AddField(const EditRow& row, int part);
-  ui::Control& ControlOf(EditArray array, int index) const;
-  void SetUp(Field& field);
-  void MakeLabels(Field& field);
+  void MakeRows();
+  void AddRow(const EditorRow& row, int part);
+  ui::Control& ControlOf(int array, int index) const;
+  ui::Label* ValueOf(const EditorRow& row, int part) const;
   void ConnectButtons();
   void ConnectTextBoxes();
   ui::Frame& PartFrame(int part);
   void LayOut();
   ui::Layout GeneralPage();
   ui::Layout Strip(int part);
-  const Field& FieldOf(EditArray array, int index) const;
+  EditorControl& RowOf(int array, int index);
   void ShowToolTips();
 
   // What is shown, and what the user does.
-  int Shown(const Field& field) const;
-  void Show(const Field& field);
-  void ShowValue(const Field& field);
-  void Edit(Field& field);
-  void Store(const Field& field, int stored);
-  void Send(const Field& field, EditValue value, int shown);
-  void ChooseVariation(const Field& field);
+  std::string ValueText(const EditorControl& control, int shown) const;
+  void Edit(EditorControl& control);
+  void Store(const EditorControl& control, int shown);
+  void Send(const EditorControl& control, int shown);
+  void ChooseVariation();
   void TypeInList(ui::ComboBox& list);
   void ShowPart(int part);
   void ShowTitle();
@@ -140,12 +126,10 @@ class frmEditArr : public ChildWindow {
   void MarkChanged();
   // Writes a byte of the record.
   void Put(std::size_t position, int value, const EditWords& words);
-  EditWords WordsOf(const Field& field) const;
   std::size_t NamePosition(int part) const;
 
-  std::vector<Field> fields_;
-  Field* drum_map_ = nullptr;  // of HScroll1(1)
-  std::vector<std::unique_ptr<ui::Label>> names_;
+  RecordEditor rows_;
+  EditorControl* drum_map_ = nullptr;  // of HScroll1(1)
   struct Colours {
     std::optional<ui::Colour> back;
     std::optional<ui::Colour> fore;

@@ -1,6 +1,8 @@
 // The arrangement editor's controls, made from the tables, and how they stand on the screen.
+#include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "arrangement/editor_texts.h"
 #include "arrangement/frmEditArr.h"
@@ -10,15 +12,15 @@
 
 namespace zentaline {
 
-namespace {
-
-constexpr int kPartRowCount = static_cast<int>(std::size(kPartRows));
-constexpr int kEditRowCount = static_cast<int>(std::size(kEditRows));
-constexpr int kFields = kEditRowCount + kArrPartCount * kPartRowCount;
-
-}  // namespace
-
-frmEditArr::frmEditArr(Application& app) : ChildWindow(app, "frmEditArr", {}) {
+frmEditArr::frmEditArr(Application& app)
+    : ChildWindow(app, "frmEditArr", {}),
+      rows_(*this, {[this] { return std::string_view(record()); },
+                    [this](const EditorControl& control, std::string_view bytes) {
+                      this->app().edits.Put(kArrRecordUnderEdit, control.position(), bytes,
+                                            {control.field().name, control.owner});
+                    },
+                    [this](EditorControl& control) { Edit(control); },
+                    [this](const EditorControl& control, int shown) { return ValueText(control, shown); }}) {
   Label[0].SetCaption("Arrangement");
   Frame1.SetCaption("Effects 1,2, On/Off");
   Frame2.SetCaption("Switches");
@@ -26,7 +28,7 @@ frmEditArr::frmEditArr(Application& app) : ChildWindow(app, "frmEditArr", {}) {
   for (int part = 0; part < kArrPartCount; ++part) {
     PartFrame(part).SetCaption(std::string(PartName(part)));
   }
-  MakeFields();
+  MakeRows();
   ConnectButtons();
   ConnectTextBoxes();
 
@@ -44,40 +46,47 @@ void frmEditArr::PressGround(const ui::MouseEvent& event) {
   if (event.what == ui::MouseEvent::kDown) ClearNameHighlight();
 }
 
-void frmEditArr::MakeFields() {
-  fields_.reserve(kFields);
-  for (const EditRow& row : kEditRows) AddField(row, kGeneral);
+void frmEditArr::MakeRows() {
+  for (const EditorRow& row : arr_editor::kCommonRows) AddRow(row, kGeneral);
   for (int part = 0; part < kArrPartCount; ++part) {
-    for (const EditRow& row : kPartRows) AddField(row, part);
+    for (const EditorRow& row : arr_editor::kPartRows) AddRow(row, part);
   }
+  // The drum map of the first variation is chosen from the start on.
+  ui::ComboBox& chooser = Combo1[kMapChooser];
+  chooser.SetRows({kMapVariations.begin(), kMapVariations.end()});
+  chooser.SetRow(0);
+  chooser.editable = true;
+  chooser.on_change = [this, &chooser] { TypeInList(chooser); };
+  chooser.on_click = [this] { ChooseVariation(); };
 }
 
-void frmEditArr::AddField(const EditRow& row, int part) {
+void frmEditArr::AddRow(const EditorRow& row, int part) {
   const bool of_part = part != kGeneral;
-  const int index = of_part ? row.index + IndexStep(row.array) * part : row.index;
-  const std::size_t position = ArrEditPosition(row.field.offset + (of_part ? PartOffset(part) : 0));
-  const int id = of_part ? row.id + kPartIdStep * part : row.id;
-  fields_.push_back({row, part, position, id, ControlOf(row.array, index)});
-  MakeLabels(fields_.back());
-  SetUp(fields_.back());
+  const bool of_map = row.array == kHScroll1 && row.index == 1;
+  const std::size_t block = of_part ? kPartBlock.StartOf(part) : of_map ? kDrumMapBlock.StartOf(0) : 0;
+  ui::Control& control = ControlOf(row.array, of_part ? row.index + IndexStep(row.array) * part : row.index);
+  EditorControl bound{&row,     std::max(part, 0), ArrEditPosition(block), of_part ? PartName(part) : row.field->group,
+                      &control, ValueOf(row, part)};
+  // The effects' lists carry their names above them.
+  EditorControl& kept = rows_.Bind(bound, row.array != kEffCombo);
+  if (of_map) drum_map_ = &kept;
+  if (control.kind() != ui::ControlKind::kComboBox || row.array == kEffCombo) return;
+  // The effects' lists take no typed text.
+  auto& list = static_cast<ui::ComboBox&>(control);
+  list.editable = true;
+  list.on_change = [this, &list] { TypeInList(list); };
 }
 
-void frmEditArr::MakeLabels(Field& field) {
-  const EditRow& row = field.row;
-  if (row.label == EditLabel::kEffect) {
-    field.value = &EffLab1[row.label_index];
-  } else if (row.label != EditLabel::kNone) {
-    field.value =
-        field.part == kGeneral ? &Label1[row.label_index] : &Label2[row.label_index + kPartBarStep * field.part];
-  }
-  const bool names_itself = row.array == kCheck1 || row.array == kEffCombo || row.caption.empty();
-  if (names_itself) return;
-  names_.push_back(std::make_unique<ui::Label>(*this, "LabelName", static_cast<int>(names_.size())));
-  field.name = names_.back().get();
-  field.name->SetCaption(std::string(row.caption));
+// The label that shows a value.
+ui::Label* frmEditArr::ValueOf(const EditorRow& row, int part) const {
+  if (part != kGeneral) return row.array == kVScroll1 ? &Label2[row.index + kPartBarStep * part] : nullptr;
+  if (row.array == kEffCombo) return &EffLab1[row.index];
+  if (row.array == kVScroll1) return &Label1[0];
+  if (row.array != kHScroll1) return nullptr;
+  return row.index == 0 ? &Label1[3] : &Label1[4];
 }
 
-ui::Control& frmEditArr::ControlOf(EditArray array, int index) const {
+ui::Control& frmEditArr::ControlOf(int array, int index) const {
   switch (array) {
     case kVScroll1:
       return VScroll1[index];
@@ -89,51 +98,14 @@ ui::Control& frmEditArr::ControlOf(EditArray array, int index) const {
       return Check1[index];
     case kEffCombo:
       return EffCombo[index];
-    case kCombo1:
+    default:
       break;
   }
   return Combo1[index];
 }
 
-// One handler serves them all.
-void frmEditArr::SetUp(Field& field) {
-  const EditRow& row = field.row;
-  const auto edit = [this, &field] { Edit(field); };
-  switch (field.control.kind()) {
-    case ui::ControlKind::kScrollBar: {
-      auto& bar = static_cast<ui::ScrollBar&>(field.control);
-      bar.SetRange(row.range.first, row.range.last, 1, row.range.page);
-      // A volume stands upright, with its greatest value at the top.
-      bar.vertical = row.range.first > row.range.last;
-      bar.on_change = edit;
-      break;
-    }
-    case ui::ControlKind::kCheckBox: {
-      auto& box = static_cast<ui::CheckBox&>(field.control);
-      box.SetCaption(std::string(row.caption));
-      box.on_click = edit;
-      break;
-    }
-    default: {
-      auto& list = static_cast<ui::ComboBox&>(field.control);
-      for (const std::string_view text : row.list) list.AddRow(std::string(text));
-      // The effects' lists take no typed text.
-      list.editable = row.array != kEffCombo;
-      if (list.editable) list.on_change = [this, &list] { TypeInList(list); };
-      // The drum map of the first variation is chosen from the start on.
-      if (row.store == EditStore::kNowhere) list.SetRow(row.range.first);
-      list.on_click = edit;
-    }
-  }
-  if (row.array == kHScroll1 && row.field.offset == arr_record::kDrumMap) drum_map_ = &field;
-}
-
-const frmEditArr::Field& frmEditArr::FieldOf(EditArray array, int index) const {
-  const ui::Control* control = &ControlOf(array, index);
-  for (const Field& field : fields_) {
-    if (&field.control == control) return field;
-  }
-  return fields_.front();
+EditorControl& frmEditArr::RowOf(int array, int index) {
+  return *rows_.Of(ControlOf(array, index));
 }
 
 ui::Frame& frmEditArr::PartFrame(int part) {
@@ -148,10 +120,10 @@ void frmEditArr::ShowToolTips() {
   const auto tip = [this, language](const ui::Control& control, int index) {
     return std::string(ToolTip(name(), control.name() + "(" + std::to_string(index) + ")", language));
   };
-  for (const Field& field : fields_) {
-    field.control.SetToolTip(tip(field.control, field.row.index));
-    if (field.name != nullptr) field.name->SetToolTip(field.control.tool_tip());
-    if (field.value != nullptr) field.value->SetToolTip(field.control.tool_tip());
+  for (const EditorControl& bound : rows_.controls()) {
+    bound.control->SetToolTip(tip(*bound.control, bound.row->index));
+    if (bound.name != nullptr) bound.name->SetToolTip(bound.control->tool_tip());
+    if (bound.value != nullptr) bound.value->SetToolTip(bound.control->tool_tip());
   }
   for (int part = 0; part < kArrPartCount; ++part) {
     for (int box = kFirstPartBox; box < kFirstPartBox + 2; ++box) {
@@ -184,8 +156,8 @@ constexpr ui::Size kValueSize = {4, 1};
 
 void frmEditArr::LayOut() {
   Text1[kNameBox].least_characters = Text1[kStyleBox].least_characters = kNameSize;
-  for (const Field& field : fields_) {
-    if (field.value != nullptr && field.row.label != EditLabel::kEffect) field.value->least_characters = kValueSize;
+  for (const EditorControl& bound : rows_.controls()) {
+    if (bound.value != nullptr && bound.row->array != kEffCombo) bound.value->least_characters = kValueSize;
   }
   const int language = app().Language();
   EffCombo[0].least_characters = EffCombo[1].least_characters = kEffectSize;
@@ -203,7 +175,7 @@ void frmEditArr::LayOut() {
 }
 
 Layout frmEditArr::GeneralPage() {
-  const auto name = [this](EditArray array, int index) { return Item(*FieldOf(array, index).name); };
+  const auto name = [this](int array, int index) { return Item(*RowOf(array, index).name); };
   const auto list = [this](int index) { return Item(Combo1[index]); };
   const auto check = [this](int index) { return Item(Check1[index]); };
   const auto effect = [this](int i) {
@@ -215,13 +187,13 @@ Layout frmEditArr::GeneralPage() {
                          name(kCombo1, 3), list(3), nothing,                         //
                          name(kCombo1, 1), list(1), nothing,                         //
                          name(kCombo1, 2), list(2), nothing});
-  Layout keyboard = Grid(3, {name(kCombo1, 0), list(0), nothing,                                            //
-                             name(kHScroll1, 0), Item(HScroll1[0], 1), Item(*FieldOf(kHScroll1, 0).value),  //
+  Layout keyboard = Grid(3, {name(kCombo1, 0), list(0), nothing,                                          //
+                             name(kHScroll1, 0), Item(HScroll1[0], 1), Item(*RowOf(kHScroll1, 0).value),  //
                              name(kCombo1, 4), list(4), nothing});
-  Layout drums = Grid(3, {name(kHScroll1, 1), list(5), nothing,                               //
-                          nothing, Item(HScroll1[1], 1), Item(*FieldOf(kHScroll1, 1).value),  //
-                          name(kCombo1, 6), list(6), nothing,                                 //
-                          name(kCombo1, 7), list(7), nothing,                                 //
+  Layout drums = Grid(3, {name(kHScroll1, 1), list(5), nothing,                             //
+                          nothing, Item(HScroll1[1], 1), Item(*RowOf(kHScroll1, 1).value),  //
+                          name(kCombo1, 6), list(6), nothing,                               //
+                          name(kCombo1, 7), list(7), nothing,                               //
                           name(kCombo1, 9), list(9), nothing});
   Layout ensemble = Grid(2, {name(kCombo1, 8), list(8), nothing, check(9)});
   Layout switches = Column({check(0), check(1), check(2), check(3), check(4), check(5), check(6), check(7), check(8)});
@@ -241,12 +213,12 @@ Layout frmEditArr::Strip(int part) {
   CommM[part].least_characters = CommS[part].least_characters = kValueSize;
   std::vector<Layout> strip = {
       Tight(Column({Item(Text1[box]), Item(Text1[box + 1])})),
-      Tight(Column({Row({Item(*FieldOf(kVScroll1, pan).name), Space(), Item(Label2[pan])}), Item(VScroll1[pan])})),
-      Row({Item(VScroll1[volume]), Column({Item(*FieldOf(kVScroll1, volume).name), Item(Label2[volume]), Space(),
+      Tight(Column({Row({Item(*RowOf(kVScroll1, pan).name), Space(), Item(Label2[pan])}), Item(VScroll1[pan])})),
+      Row({Item(VScroll1[volume]), Column({Item(*RowOf(kVScroll1, volume).name), Item(Label2[volume]), Space(),
                                            Item(CommM[part]), Item(CommS[part])})},
           1)};
   for (int list = kPartListStep * part; list < kPartListStep * (part + 1); ++list) {
-    strip.push_back(Tight(Column({Item(*FieldOf(kCombo2, list).name), Item(Combo2[list])})));
+    strip.push_back(Tight(Column({Item(*RowOf(kCombo2, list).name), Item(Combo2[list])})));
   }
   return Tight(Inside(PartFrame(part), Column(std::move(strip), 1)));
 }

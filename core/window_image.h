@@ -35,8 +35,8 @@ enum WindowKind : int {
   kKindNewSty = 24,
   kKindGbl = 25,
   kKindBsq = 26,
-  kKindPcg = 31,  // a program file opened from an older instrument's
-  kKindPrgEditor = 32,
+  kKindPcg = 31,        // a program file opened from an older instrument's
+  kKindPrgEditor = 32,  // a blank
   kKindPerfEditor = 33,
   kKindI30Arr = 36,  // 36 to 38: imports, only handed to the open dialog
   kKindI30Prg = 37,

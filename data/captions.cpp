@@ -81,6 +81,12 @@ constexpr ControlText kCaptions[] = {
 
     {"frmEditPerf", "CommResetAll", "Reset di &tutto", "Reset &All"},
 
+    {"frmEditPrg", "SSTab1(0)", "Comune", "Common"},
+    {"frmEditPrg", "SSTab1(1)", "Oscillatore 1", "Oscillator 1"},
+    {"frmEditPrg", "SSTab1(2)", "Oscillatore 2", "Oscillator 2"},
+    {"frmEditPrg", "SSTab1(3)", "Effetti", "Effects"},
+    {"frmEditPrg", "LabelSilent", "In modo SINGLE l'oscillatore 2 tace.", "In SINGLE mode oscillator 2 is silent."},
+
     {"frmEditArr", "SSTab1(1)", "Parti", "Parts"},
     {"frmEditArr", "Frame3", "Esecuzione", "Playing"},
     {"frmEditArr", "Frame4", "Tastiera", "Keyboard"},

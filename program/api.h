@@ -57,6 +57,10 @@ void SelectOscillator(Application& app, int osc);
 void OpenPerfEditor(Application& app, ChildWindow& bank);
 // Brings the list of sounds to the front, on the sound of the box that waits for one; opens it when it isn't open.
 void ShowMultisamples(Application& app);
+// Shows EditRecord in the program editor, if it is open; nothing is sent or written.
+void FillProgramEditor(Application& app);
+// Opens the program editor on a record, 0 to 63, of a bank, or brings it to the front with it.
+void OpenProgramEditor(Application& app, ChildWindow& bank, int index);
 // Closes the editors whose record came from this window; false when one refuses.
 bool CloseProgramEditorsOf(Application& app, const ChildWindow& bank);
 // A child window has come to the front: away from the editor and its list of sounds no box waits for a sound visibly.

@@ -40,8 +40,8 @@ ui::TextBox* MultisoundBox(Application& app, int box) {
   return EditorControl<ui::TextBox>(app, "BasText", box);
 }
 
-void CheckOption(Application& app, const std::string& name, int index) {
-  if (auto* option = EditorControl<ui::OptionButton>(app, name, index)) option->SetValue(true);
+void ShowOption(Application& app, const std::string& name, int index, bool on) {
+  if (auto* option = EditorControl<ui::OptionButton>(app, name, index)) option->ShowValue(on);
 }
 
 }  // namespace
@@ -98,19 +98,32 @@ std::string EditedProgramTitle(const Application& app) {
          Utf8FromBytes(Slice(record, program_record::kName, program_record::kNameLength));
 }
 
+bool IsUnderEdit(const Application& app, const ChildWindow& bank, int index) {
+  const Bytes& record = app.program.EditRecord;
+  return ByteAt(record, edit_record::kKind) == bank.Kind() && ByteAt(record, edit_record::kIndex) == index &&
+         ByteAt(record, edit_record::kWindowNumber) == bank.WindowNumber();
+}
+
 // --- The editor's controls ---
 
 ChildWindow* ProgramEditor(Application& app) {
   return app.program.PrgEditorOpen ? static_cast<ChildWindow*>(app.toolkit.FindForm(kEditorName)) : nullptr;
 }
 
-// The option buttons are put silently; whoever put up the guard before takes it down.
+void ShowOscillator(Application& app, int osc) {
+  for (int i = 0; i < 2; ++i) {
+    const bool on = i == osc - 1;
+    ShowOption(app, "BasOption", i, on);
+    ShowOption(app, "OscOption", i, on);
+    ShowOption(app, "OscOption", i + 2, on);
+  }
+}
+
+// Whoever put up the guard before takes it down.
 void SelectOscillator(Application& app, int osc) {
   app.program.EditOsc = osc;
   const bool loading = std::exchange(app.core.FormLoading, true);
-  CheckOption(app, "BasOption", osc - 1);
-  CheckOption(app, "OscOption", osc - 1);
-  CheckOption(app, "OscOption", osc + 1);
+  ShowOscillator(app, osc);
   SendPrgParam(app, 2, 0, osc - 1);
   app.core.FormLoading = loading;
 }

@@ -39,6 +39,10 @@ frmPrgUN::frmPrgUN(Application& app, int number, Bytes image)
   CommEdit.SetCaption(GetText(app, kTextEdit));
   List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
   CommLoad.on_click = [this] { PressLoad(); };
+  List1.on_double_click = [this] {
+    if (CommEdit.enabled()) PressEdit();
+  };
+  CommEdit.on_click = [this] { PressEdit(); };
   CommProgram.on_click = [this] { SendModeProgram(this->app()); };
   TimerList1.on_timer = [this] { List1.Click(); };
   TimerLoadPrg.on_timer = [this] { CommLoad.Press(); };
@@ -75,7 +79,6 @@ void frmPrgUN::Load() {
   app().prg_windows[static_cast<std::size_t>(number_)] = this;
   ChildWindow::Load();
   CommLoad.SetEnabled(false);
-  // It opens the program editor, which isn't there yet.
   CommEdit.SetEnabled(false);
   FillRows();
   ShowChannel();
@@ -129,6 +132,7 @@ bool frmPrgUN::IsEmptyRow(int row) const {
 void frmPrgUN::ClickRow() {
   const int row = ClickedRow();
   if (row < 0) return;
+  ShowEditButton();
   if (app().main != nullptr) app().main->RefreshMenus();
   if (IsEmptyRow(row)) return;
   const int state = TimerList1.interval();
@@ -145,12 +149,25 @@ void frmPrgUN::ClickRow() {
   }
 }
 
-// An editor that is open goes over to this program.
+// An editor that is open asks about the program before, and goes over to this one.
 void frmPrgUN::TakeUp(int row) {
-  if (const ChildWindow* editor = PerfEditor(app()); editor != nullptr && !app().program.PrgEditorOpen) {
-    AskToKeepProgram(app(), *editor);
-  }
+  const ChildWindow* editor = ProgramEditor(app());
+  if (editor != nullptr) SetMultisoundTarget(app(), 0);
+  if (editor == nullptr) editor = PerfEditor(app());
+  if (editor != nullptr) AskToKeepProgram(app(), *editor);
   LoadEditRecord(app(), window_image(), row);
+  FillProgramEditor(app());
+}
+
+void frmPrgUN::PressEdit() {
+  const int row = SelectedProgram();
+  if (row < 0) return;
+  CommEdit.SetEnabled(false);
+  OpenProgramEditor(app(), *this, row);
+}
+
+void frmPrgUN::ShowEditButton() {
+  CommEdit.SetEnabled(SelectedProgram() >= 0);
 }
 
 int frmPrgUN::SelectedProgram() const {

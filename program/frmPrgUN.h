@@ -22,6 +22,8 @@ class frmPrgUN : public ProgramListWindow {
   bool Offers(WindowFunction function) override;
   bool CanSave() const override;
   void ShowName() override;
+  // Whether the editor can be opened on the row that is selected.
+  void ShowEditButton();
   void FileSaved() override { channel_chosen_ = false; }
   // The row that is selected, -1 when there is none, or it is empty or a link.
   int SelectedProgram() const;
@@ -48,6 +50,7 @@ class frmPrgUN : public ProgramListWindow {
   // With the extension under which it stands on the disk.
   std::string FilePath() const;
 
+  void PressEdit();
   void PressLoad();
   void KeyInList(const ui::Key& key);
   void ShowLinked(int row);

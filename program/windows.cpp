@@ -85,6 +85,12 @@ void ShowProgramName(ChildWindow& bank, int row) {
   static_cast<frmPrgUN&>(bank).ShowProgramName(row);
 }
 
+void ProgramEditorClosed(Application& app) {
+  for (ChildWindow* bank : app.prg_windows) {
+    if (bank != nullptr) static_cast<frmPrgUN*>(bank)->ShowEditButton();
+  }
+}
+
 std::span<const ProgramBank> ProgramBanks() {
   return kBanks;
 }

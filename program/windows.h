@@ -29,6 +29,12 @@ std::string EditedProgramTitle(const Application& app);
 
 // --- The program editor ---
 
+// Whether the record under edit is row 0 to 63 of this bank.
+bool IsUnderEdit(const Application& app, const ChildWindow& bank, int index);
+// The editor has closed: the banks' buttons open it again.
+void ProgramEditorClosed(Application& app);
+// The option buttons of oscillator 1 or 2, silently.
+void ShowOscillator(Application& app, int osc);
 // The editor's window, null while it is closed.
 ChildWindow* ProgramEditor(Application& app);
 // Moves a bar by its change handler, which stores and sends. False when the editor is closed.

@@ -76,6 +76,12 @@ void TextBox::SetText(std::string text) {
   Call(on_change);
 }
 
+void TextBox::ShowText(std::string text) {
+  if (text == text_) return;
+  text_ = std::move(text);
+  Changed(Change::kText);
+}
+
 bool TextBox::Takes(const std::string& text) const {
   if (max_length > 0 && CountCharacters(text) > max_length) return false;
   Bytes bytes;
@@ -205,6 +211,13 @@ void ComboBox::SetRow(int row) {
   Call(on_click);
 }
 
+void ComboBox::ShowRow(int row) {
+  if (row < -1 || row >= rows() || row == row_) return;
+  row_ = row;
+  text_ = TextOfRow(rows_, row);
+  Changed(Change::kRow);
+}
+
 void ComboBox::ShowText(std::string text) {
   const auto found = std::find(rows_.begin(), rows_.end(), text);
   row_ = found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
@@ -243,6 +256,18 @@ void ScrollBar::SetRange(int at_start, int at_end, int step, int page) {
   page_ = page;
   Changed(Change::kRange);
   SetValue(value_);
+}
+
+void ScrollBar::ShowRange(int at_start, int at_end) {
+  min_ = at_start;
+  max_ = at_end;
+  Changed(Change::kRange);
+  ShowValue(value_);
+}
+
+void ScrollBar::ShowValue(int value) {
+  value = std::clamp(value, std::min(min_, max_), std::max(min_, max_));
+  if (std::exchange(value_, value) != value) Changed(Change::kValue);
 }
 
 void ScrollBar::SetValue(int value) {
@@ -288,6 +313,10 @@ void ScrollBar::DefaultKey(const Key& key) {
   UserSet(std::clamp(value, std::min(min_, max_), std::max(min_, max_)));
 }
 
+void CheckBox::ShowValue(bool value) {
+  if (std::exchange(value_, value) != value) Changed(Change::kValue);
+}
+
 void CheckBox::SetValue(bool value) {
   if (std::exchange(value_, value) == value) return;
   Changed(Change::kValue);
@@ -304,6 +333,10 @@ bool CheckBox::UserSet(bool value) {
 
 void CheckBox::DefaultKey(const Key& key) {
   if (key.name == Key::kSpace) UserSet(!value_);
+}
+
+void OptionButton::ShowValue(bool value) {
+  if (std::exchange(value_, value) != value) Changed(Change::kValue);
 }
 
 void OptionButton::SetValue(bool value) {

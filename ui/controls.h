@@ -60,6 +60,7 @@ class TextBox : public Control {
       : Control(form, ControlKind::kTextBox, std::move(name), index) {}
   const std::string& text() const { return text_; }
   void SetText(std::string text);
+  void ShowText(std::string text);  // raises nothing
   bool multi_line = false;
   bool read_only = false;
   std::size_t max_length = 0;  // in characters; 0 is without limit
@@ -133,7 +134,8 @@ class ComboBox : public Control {
   void AddRow(std::string text);
   void Clear() { SetRows({}); }
   int row() const { return row_; }
-  void SetRow(int row);  // -1 leaves no text
+  void SetRow(int row);   // -1 leaves no text
+  void ShowRow(int row);  // raises nothing
   const std::string& text() const { return text_; }
   // Shows a text, which need not be one of the rows; raises nothing.
   void ShowText(std::string text);
@@ -154,12 +156,14 @@ class ScrollBar : public Control {
   bool vertical = false;
   // `at_start` is the value at the top or left, `at_end` at the other end; either may be the greater one.
   void SetRange(int at_start, int at_end, int step = 1, int page = 10);
+  void ShowRange(int at_start, int at_end);  // raises nothing, also where it moves the value
   int min() const { return min_; }
   int max() const { return max_; }
   int step() const { return step_; }
   int page() const { return page_; }
   int value() const { return value_; }
-  void SetValue(int value);  // limited to the range
+  void SetValue(int value);   // limited to the range
+  void ShowValue(int value);  // raises nothing
   Handler on_change;
   // How a value is shown, and where: a label that follows the hand also while the program is held up and is told of the
   // move only afterwards.
@@ -182,6 +186,7 @@ class CheckBox : public Captioned {
       : Captioned(form, ControlKind::kCheckBox, std::move(name), index) {}
   bool value() const { return value_; }
   void SetValue(bool value);
+  void ShowValue(bool value);  // raises nothing
   Handler on_click;
   bool UserSet(bool value);
   void DefaultKey(const Key& key) override;
@@ -198,6 +203,7 @@ class OptionButton : public Captioned {
       : Captioned(form, ControlKind::kOptionButton, std::move(name), index) {}
   bool value() const { return value_; }
   void SetValue(bool value);
+  void ShowValue(bool value);  // raises nothing, and leaves the others of its group alone
   Handler on_click;
   bool UserPress();
   void DefaultKey(const Key& key) override;

@@ -164,11 +164,12 @@ TEST_F(UserBank, AnotherChannelStandsInTheHeaderAndEndsProgramEditing) {
   EXPECT_THAT(desk_.program.Boxes(), IsEmpty());
 }
 
-TEST_F(UserBank, SendingAndPerformancesAreOffered) {
+TEST_F(UserBank, SendingAndTheEditorsAreOffered) {
   desk_.OpenBank(Bank());
-  desk_.Click(0);
   EXPECT_FALSE(Button("CommEdit"));
-  EXPECT_FALSE(desk_.Enabled("mnuEdit"));
+  desk_.Click(0);
+  EXPECT_TRUE(Button("CommEdit"));
+  EXPECT_TRUE(desk_.Enabled("mnuEdit"));
   EXPECT_TRUE(desk_.Enabled("mnuEditPerf"));
   EXPECT_TRUE(Button("CommLoad"));
   EXPECT_TRUE(desk_.Enabled("mnuLoadPrg"));

@@ -1,0 +1,131 @@
+// Binds the fields of a record to the controls of a form. A row says which control stands for which field, which
+// message tells the instrument of a change, and in what the control departs from its field; one mechanism makes the
+// controls ready, shows values in them, and takes what the user does to the record. Adding a parameter to an editor is
+// a field, a row, a tool tip and a line of its test.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "record/field.h"
+#include "ui/controls.h"
+
+namespace zentaline {
+
+// In what a control departs from its field. Each looks like a slip and is wanted.
+enum EditTrait : unsigned {
+  kNoTrait = 0,
+  kActsInFill = 1U << 0,       // its handler runs while another record is shown, so that the instrument follows
+  kSendsShown = 1U << 1,       // the value shown goes out, not the stored one, and before it is stored
+  kNotStored = 1U << 2,        // the change goes out, the byte stays as it was
+  kReplacesByte = 1U << 3,     // a store keeps nothing of the bits beside it
+  kStoresRow = 1U << 4,        // the row itself is stored and sent, not the code that reading looks for
+  kReadsTwoBits = 1U << 5,     // shown by the two low bits alone
+  kReadsFirstRow = 1U << 6,    // shown as its first row, whatever the byte holds
+  kReadsUncoded = 1U << 7,     // 255 shows as 0, any other byte as it stands
+  kStoresElsewhere = 1U << 9,  // the field is shown alone: where a change goes the form tells
+  kReadsAllAbove = 1U << 8,    // shown by all bits of the byte from its own on
+};
+
+// What tells the instrument of a change: the id of an arrangement's parameter, or the two numbers of a program's.
+struct EditMessage {
+  int a = -1;  // none is sent
+  int b = 0;
+  unsigned silent = 0;        // a bit for each block of which none is sent
+  int greatest = 0x7FFFFFFF;  // of the values that are sent
+
+  constexpr bool IsSent() const { return a >= 0; }
+  constexpr bool SilentIn(int block) const { return (silent >> static_cast<unsigned>(block) & 1U) != 0; }
+};
+
+// How a bar stands: upright ones have their greatest value at the top.
+struct EditLook {
+  int page = 10;
+  bool upright = false;
+};
+
+// A line of an editor's table. Of a field that the record has several times, the index and the message are those of the
+// first.
+struct EditorRow {
+  int array;  // of the form's control arrays
+  int index;
+  const Field* field;
+  EditMessage message = {};
+  unsigned traits = kNoTrait;
+  EditLook look = {};
+
+  constexpr bool Has(EditTrait trait) const { return (traits & trait) != 0; }
+};
+
+// What of a row is shown for the raw bytes; nothing where a list is left as it was.
+std::optional<int> ShownIn(const EditorRow& row, int raw);
+// The raw bytes after a store.
+int RawAfter(const EditorRow& row, int raw, int shown);
+// What goes out, negative below zero.
+int SentValue(const EditorRow& row, int shown);
+
+// A row with the controls that stand for it.
+struct EditorControl {
+  const EditorRow* row;
+  int block;               // which of the field's blocks, from 0
+  std::size_t start;       // position of that block in the record
+  std::string_view owner;  // in a musician's words: "VDF EG", "UPPER1"
+  ui::Control* control;
+  ui::Label* value = nullptr;  // shows the value of a bar
+  ui::Label* name = nullptr;   // of a control that doesn't carry its name itself
+
+  const Field& field() const { return *row->field; }
+  std::size_t position() const { return start + field().place.offset; }
+};
+
+class RecordEditor {
+ public:
+  // What the editor's form gives: the record, the one place where it is written, and what a change of a control does.
+  struct Host {
+    std::function<std::string_view()> record;
+    std::function<void(const EditorControl& control, std::string_view bytes)> put;
+    std::function<void(EditorControl& control)> edit;
+    // What is written beside a control; by its field when it is empty.
+    std::function<std::string(const EditorControl& control, int shown)> text = {};
+  };
+  RecordEditor(ui::Form& form, Host host) : form_(form), host_(std::move(host)) {}
+  RecordEditor(const RecordEditor&) = delete;
+  RecordEditor& operator=(const RecordEditor&) = delete;
+
+  // Makes the control ready: range, list, caption, handler. Its name stands in a label of its own where `named`.
+  EditorControl& Bind(EditorControl bound, bool named = true);
+  // Gives a control another row: its range, list and name change, and its value with them, but nothing is raised.
+  void Rebind(EditorControl& bound, const EditorRow& row, bool visible = true);
+
+  // Shows the record in all controls, in those of which `which` says so, or in one; nothing is raised.
+  using Which = std::function<bool(const EditorRow& row)>;
+  void Show(const Which& which = {});
+  void Show(EditorControl& bound);
+  // The same by the controls' own events, for rows that act while another record is shown.
+  void Fill(const Which& which);
+  void ShowLabel(const EditorControl& bound) const;
+
+  static int Shown(const EditorControl& bound);
+  // The value goes into the record by the row.
+  void Store(const EditorControl& bound, int shown);
+
+  std::deque<EditorControl>& controls() { return controls_; }
+  EditorControl* Of(const ui::Control& control);
+
+ private:
+  void SetUp(EditorControl& bound);
+  void Fill(EditorControl& bound);
+  std::optional<int> InRecord(const EditorControl& bound) const;
+
+  ui::Form& form_;
+  Host host_;
+  std::deque<EditorControl> controls_;
+  std::vector<std::unique_ptr<ui::Label>> names_;
+};
+
+}  // namespace zentaline

@@ -1,0 +1,283 @@
+#include "program/frmEditPrg.h"
+
+#include <algorithm>
+#include <memory>
+#include <span>
+#include <utility>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/main_window.h"
+#include "core/window_image.h"
+#include "data/message_codes.h"
+#include "midi/api.h"
+#include "program/api.h"
+#include "program/effect_picture.h"
+#include "program/prg_format.h"
+#include "program/windows.h"
+
+namespace zentaline {
+
+namespace {
+
+namespace rec = program_record;
+
+constexpr std::size_t kImageLength = 200;
+
+// What the outputs and the returns begin with when the placement changes.
+constexpr int kNoPan = 0;
+constexpr int kHalfReturn = 5;
+
+constexpr std::size_t kSoundPositions[] = {0, rec::kOsc1Multisound, rec::kOsc2Multisound};
+constexpr std::string_view kSoundNames[] = {"", "OSC-1 M/D SOUND", "OSC-2 M/D SOUND"};
+
+bool IsDouble(std::string_view record) {
+  return (ByteAt(record, rec::kMode) & 3) == 1;
+}
+
+}  // namespace
+
+const Bytes& frmEditPrg::record() const {
+  return app().program.EditRecord;
+}
+
+// The one place where the record is written.
+void frmEditPrg::Put(std::size_t position, std::string_view bytes, std::string_view what, std::string_view of) {
+  app().edits.Put(kPrgRecordUnderEdit, position, bytes, {what, of});
+}
+
+void frmEditPrg::MarkChanged() {
+  app().edits.Mark(kPrgRecordUnderEdit, true);
+}
+
+EditorControl& frmEditPrg::RowOf(int array, int index) {
+  return *rows_.Of(ControlOf(array, index));
+}
+
+// --- Opening and closing ---
+
+void frmEditPrg::Load() {
+  const bool loading = std::exchange(app().core.FormLoading, true);
+  app().edits.TakeImage(*this, Bytes(kImageLength, static_cast<char>(kKindPrgEditor)));
+  ChildWindow::Load();
+  ShowToolTips();
+  // On the screen alone; the instrument hears of an oscillator when one is edited.
+  app().program.EditOsc = 1;
+  app().program.PrgEditorOpen = true;
+  ShowOscillator(app(), 1);
+  Fill();
+  app().core.FormLoading = loading;
+}
+
+bool frmEditPrg::QueryClose() {
+  const ProgramState& state = app().program;
+  if (!open() || !state.ProgramChanged || state.PerfOpen) return true;
+  switch (AskYesNoCancel(app(), kAskPrgSave, caption())) {
+    case ui::BoxAnswer::kYes:
+      return CommitProgram(app()) == 0;
+    case ui::BoxAnswer::kNo:
+      app().edits.Mark(kPrgRecordUnderEdit, false);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmEditPrg::Unload() {
+  app().program.PrgEditorOpen = false;
+  app().program.MultisoundTarget = 0;
+  CloseMultisamples(app());
+  ProgramEditorClosed(app());
+  ChildWindow::Unload();
+}
+
+FormState* frmEditPrg::FormPlace() {
+  return &app().program.EditPrgPlace;
+}
+
+// --- Showing ---
+
+void frmEditPrg::Fill() {
+  const bool filling = std::exchange(app().program.ProgramFilling, true);
+  SetCaption("Edit Program  " + EditedProgramTitle(app()));
+  BasText[0].ShowText(Utf8FromBytes(TrimRight(Slice(record(), rec::kName, rec::kNameLength))));
+  for (int oscillator : {1, 2}) ShowSound(oscillator);
+  rows_.Show();
+  ShowPans();
+  ShowEffects();
+  ShowSilence();
+  for (std::unique_ptr<EnvelopePicture>& envelope : envelopes_) envelope->Show(app().Language());
+  ShowRouting();
+  app().program.ProgramFilling = filling;
+}
+
+// A bar that stays where it is raises no event: its text is set beside it.
+void frmEditPrg::ShowSound(int oscillator) {
+  BasVScroll[oscillator].ShowValue(WordLowFirst(record(), kSoundPositions[oscillator]));
+  BasText[oscillator].ShowText(MultisoundText(app(), BasVScroll[oscillator].value()));
+}
+
+// Without an effect there is nothing to balance or to move.
+void frmEditPrg::ShowEffects() {
+  for (int effect = 0; effect < 2; ++effect) {
+    const bool on = CodedValue(RowOf(kEffCombo, 2 * effect).field(), EffCombo[2 * effect].row()) != 0;
+    for (int bar = 2 * effect; bar < 2 * effect + 2; ++bar) {
+      EffHScroll[bar].SetEnabled(on);
+      EffLab[bar].SetEnabled(on);
+      EffLab1[bar].SetEnabled(on);
+    }
+  }
+}
+
+// The outputs' pans, or in PARALLEL 3 the levels of the returns.
+void frmEditPrg::ShowPans() {
+  const bool returns = EffCombo[4].row() == prg_editor::kPlacementWithReturns;
+  for (const EditorRow& row : prg_editor::kReturnRows) {
+    const bool is_pan = row.index % 2 != 0;
+    const EditorRow& pan = prg_editor::kPanRows[row.index / 2 - 2];
+    rows_.Rebind(RowOf(kEffHScroll, row.index), returns || !is_pan ? row : pan, returns || is_pan);
+  }
+}
+
+// The envelope that a bar belongs to.
+void frmEditPrg::ShowPictureOf(const EditorRow& row, int block) {
+  for (std::size_t i = 0; i < kEnvelopes.size(); ++i) {
+    const EnvelopeBars& bars = kEnvelopes[i];
+    if (bars.array != row.array || bars.block != block || row.index < bars.first || row.index > bars.last) continue;
+    envelopes_[i]->Show(app().Language());
+  }
+}
+
+void frmEditPrg::ShowRouting() {
+  EffectRouting routing;
+  routing.placement = static_cast<EffectPlacement>(std::max(EffCombo[4].row(), 0));
+  for (int i = 0; i < 2; ++i) {
+    const bool works = EffCheck[i].value() && EffHScroll[2 * i].enabled();
+    routing.effects[static_cast<std::size_t>(i)] = {EffCombo[2 * i].text(), EffLab[2 * i].caption(), works};
+  }
+  for (int i = 0; i < 4; ++i) routing.outputs[static_cast<std::size_t>(i)] = EffLab[4 + i].caption();
+  FxPicture.SetDrawing(EffectDrawing(routing, app().Language()));
+}
+
+void frmEditPrg::ShowSilence() {
+  silent_[1]->SetVisible(!IsDouble(record()));
+}
+
+// --- Editing ---
+
+bool frmEditPrg::Guarded() const {
+  return app().program.ProgramFilling || app().core.FormLoading;
+}
+
+void frmEditPrg::Edit(EditorControl& control) {
+  rows_.ShowLabel(control);
+  if (Guarded()) return;
+  ShowPictureOf(*control.row, control.block);
+  const EditorRow& row = *control.row;
+  const bool of_effect = row.array == kEffCombo || row.array == kEffCheck || row.array == kEffHScroll;
+  const bool of_oscillator = row.array == kOscCombo || row.array == kOscCheck || row.array == kOscHScroll;
+  if (!of_effect) SendModeProgram(app());
+  if (of_oscillator) SelectOscillator(app(), control.block + 1);
+  // The octaves, which stand on the common page.
+  if (row.array == kBasCombo && row.index < 2) SelectOscillator(app(), row.index + 1);
+  const int shown = RecordEditor::Shown(control);
+  rows_.Store(control, shown);
+  MarkChanged();
+  SendPrgParam(app(), row.message.a, row.message.b, SentValue(row, shown));
+  AfterEdit(control);
+  ClosePerformance();
+}
+
+void frmEditPrg::AfterEdit(const EditorControl& control) {
+  if (control.control == &EffCombo[4]) ChoosePlacement();
+  if (control.control == &EffCombo[0] || control.control == &EffCombo[2]) ShowEffects();
+  if (control.row->array >= kEffCombo) ShowRouting();
+  if (control.control == &BasCombo[2]) ShowSilence();
+}
+
+// The pans or the returns begin anew, and the instrument hears of each of them.
+void frmEditPrg::ChoosePlacement() {
+  const bool returns = EffCombo[4].row() == prg_editor::kPlacementWithReturns;
+  for (std::size_t position : {rec::kOutputC, rec::kOutputD}) {
+    const int value = returns ? kHalfReturn << 4 | kHalfReturn : kNoPan;
+    Put(position, Bytes(1, static_cast<char>(value)), "Placement", "I/O");
+  }
+  ShowPans();
+  const std::span<const EditorRow> rows =
+      returns ? std::span<const EditorRow>(prg_editor::kReturnRows) : std::span<const EditorRow>(prg_editor::kPanRows);
+  for (const EditorRow& row : rows) {
+    SendPrgParam(app(), row.message.a, row.message.b, returns ? kHalfReturn : kNoPan);
+  }
+}
+
+// The instrument learns the name only with a bank.
+void frmEditPrg::TypeName() {
+  if (Guarded()) return;
+  Bytes name;
+  if (!BytesFromUtf8(BasText[0].text(), name)) return;
+  Put(rec::kName, Padded(name, rec::kNameLength), "Program Name", {});
+  MarkChanged();
+  ClosePerformance();
+}
+
+void frmEditPrg::MoveSound(int oscillator) {
+  BasText[oscillator].SetText(MultisoundText(app(), BasVScroll[oscillator].value()));
+}
+
+// The text's number counts. The bar follows it, and shows its name in turn, which is no second change.
+void frmEditPrg::TypeSound(int oscillator) {
+  if (Guarded()) return;
+  ui::TextBox& box = BasText[oscillator];
+  const int number = MultisoundNumber(box.text());
+  if (number > kLastMultisound) return;
+  ui::ScrollBar& bar = BasVScroll[oscillator];
+  if (bar.value() != number) {
+    bar.ShowValue(number);
+    box.ShowText(MultisoundText(app(), number));
+  }
+  // The oscillator that is selected takes it: none is selected before.
+  SendModeProgram(app());
+  Bytes word(2, '\0');
+  PutWordLowFirst(word, 1, number);
+  Put(kSoundPositions[oscillator], word, kSoundNames[oscillator], "OSCILLATOR");
+  MarkChanged();
+  SendPrgParam(app(), prg_editor::kMultisound.a, prg_editor::kMultisound.b, number);
+  if (app().program.MultisoundTarget == oscillator) FollowMultisound(app());
+  ClosePerformance();
+}
+
+void frmEditPrg::ClickSound(int oscillator) {
+  SetMultisoundTarget(app(), oscillator);
+  ShowMultisamples(app());
+}
+
+// What the performance editor compares with no longer stands; it moves the controls here itself when it is in front.
+void frmEditPrg::ClosePerformance() {
+  if (app().toolkit.active_child() == this) ClosePerfEditor(app());
+}
+
+// --- What other windows ask ---
+
+void FillProgramEditor(Application& app) {
+  if (ChildWindow* editor = ProgramEditor(app)) static_cast<frmEditPrg*>(editor)->Fill();
+}
+
+void OpenProgramEditor(Application& app, ChildWindow& bank, int index) {
+  ChildWindow* editor = ProgramEditor(app);
+  // A record under edit is never taken up again: its changes would go.
+  const bool takes_up = editor == nullptr ? !app.program.PerfOpen : !IsUnderEdit(app, bank, index);
+  if (takes_up) {
+    if (editor != nullptr) AskToKeepProgram(app, *editor);
+    app.edits.Mark(kPrgRecordUnderEdit, false);
+    LoadEditRecord(app, bank.window_image(), index);
+    SendModeProgram(app);
+    FillProgramEditor(app);
+  }
+  if (editor != nullptr) {
+    app.toolkit.Activate(*editor);
+  } else {
+    app.toolkit.Open(std::make_unique<frmEditPrg>(app));
+  }
+}
+
+}  // namespace zentaline
