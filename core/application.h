@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "aids/state.h"
 #include "arrangement/state.h"
 #include "base/disk.h"
 #include "core/edits.h"
@@ -46,6 +47,7 @@ struct Application {
   StyleState style;
   GlobalState global;
   FilesState files;
+  AidsState aids;
 
   Edits edits{*this};  // what can be saved changes through it
 

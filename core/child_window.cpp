@@ -1,5 +1,8 @@
 #include "core/child_window.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
@@ -61,8 +64,31 @@ void ChildWindow::Unload() {
   if (app_.main != nullptr) app_.main->RefreshMenus();
 }
 
+void ChildWindow::SizeAtFirst(const ui::Font& font, ui::Size characters) {
+  const FormState* state = FormPlace();
+  if (state != nullptr && state->width == 0) first_room_ = FirstRoom{font, characters};
+}
+
 void ChildWindow::Resized() {
+  if (first_room_ && inner_size().width > 0) TakeFirstSize();
   KeepPlace();
+}
+
+// So many characters and lines inside the frame that the window has by now.
+void ChildWindow::TakeFirstSize() {
+  const FirstRoom wanted = *std::exchange(first_room_, std::nullopt);
+  ui::Placement place = placement();
+  place.width += wanted.characters.width * toolkit().TextWidth(wanted.font, "0") - inner_size().width;
+  place.height += wanted.characters.height * toolkit().LineHeight(wanted.font) - inner_size().height;
+  // Where it was put before it had its size it may reach beyond the main window.
+  if (app_.main != nullptr) {
+    const ui::Size room = app_.main->inner_size();
+    place.width = std::min(place.width, room.width);
+    place.height = std::min(place.height, room.height);
+    place.left = std::clamp(place.left, 0, std::max(room.width - place.width, 0));
+    place.top = std::clamp(place.top, 0, std::max(room.height - place.height, 0));
+  }
+  SetPlacement(place);
 }
 
 void ChildWindow::KeepPlace() {

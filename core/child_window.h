@@ -1,6 +1,7 @@
 // What all child windows have in common: their image, and what the main window asks of the one in front.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/bytes.h"
@@ -77,6 +78,8 @@ class ChildWindow : public ui::Form {
   // it has none.
   virtual WindowRecord* Record() { return nullptr; }
   virtual FormState* FormPlace() { return nullptr; }
+  // Called before Load: at its very first showing the window is as large as so many characters need inside its frame.
+  void SizeAtFirst(const ui::Font& font, ui::Size characters);
   // The Edit menu under the pointer, for a right click.
   void PopupEditMenu();
   // True, and the box tells so, when the file was opened read-only.
@@ -87,9 +90,15 @@ class ChildWindow : public ui::Form {
   friend class Edits;
   static ui::Toolkit& app_toolkit(Application& app);
   void KeepPlace();
+  void TakeFirstSize();
 
   Application& app_;
   Bytes window_image_;
+  struct FirstRoom {
+    ui::Font font;
+    ui::Size characters;
+  };
+  std::optional<FirstRoom> first_room_;
   ui::Size size_before_;  // a width of 0: the window isn't enlarged
 };
 

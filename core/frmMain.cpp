@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "aids/api.h"
 #include "arrangement/api.h"
 #include "core/application.h"
 #include "core/boxes.h"
@@ -112,6 +113,8 @@ void frmMain::ConnectMenus() {
     Menu(bank.entry).on_click = [this, kind = bank.kind] { ShowProgramBank(app(), kind); };
   }
   Menu(mnuWCascade).on_click = [this] { Cascade(); };
+  Menu(mnuBloccoNote).on_click = [this] { ShowNotebook(app()); };
+  Menu(mnuGuida).on_click = [this] { ShowGuide(app()); };
   Menu(mnuInfo).on_click = [this] { toolkit().OpenModal(std::make_unique<frmAbout>(app())); };
 }
 

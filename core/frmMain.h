@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/main_window.h"
+#include "core/window_image.h"
 
 namespace zentaline {
 
@@ -34,6 +35,7 @@ class frmMain : public MainWindow {
 
   // Reopening: the rest of the load. What the last run had open comes back, one window a tick.
   void MakeReopeningTimers();
+  bool ComesBack(WindowKind form, MenuId entry) const;
   void FinishLoad();
   void ReopenAuto(std::size_t i);
   void ReopenFile(std::size_t i);

@@ -23,11 +23,22 @@ struct AutoWindow {
   MenuId entry;
 };
 constexpr AutoWindow kAutoWindows[] = {
-    {2, kKindArrA, mnuArrA},       {3, kKindArrB, mnuArrB},        {4, kKindPrgA, mnuWProgA},
-    {5, kKindPrgB, mnuWProgB},     {6, kKindPrgC, mnuWProgC},      {7, kKindPrgD, mnuWProgD},
-    {8, kKindPrgE, mnuWProgE},     {9, kKindDrum, mnuDrum},        {10, kKindGlobal, mnuGlobalParam},
-    {11, kKindFindId, mnuWFindID}, {12, kKindPercussion, mnuPerc}, {13, kKindMonitor, mnuMsgEx},
-    {14, kKindStyA, mnuStyA},      {15, kKindStyB, mnuStyB},       {16, kKindDatabase, mnuWEditDBArr},
+    {2, kKindArrA, mnuArrA},
+    {3, kKindArrB, mnuArrB},
+    {4, kKindPrgA, mnuWProgA},
+    {5, kKindPrgB, mnuWProgB},
+    {6, kKindPrgC, mnuWProgC},
+    {7, kKindPrgD, mnuWProgD},
+    {8, kKindPrgE, mnuWProgE},
+    {9, kKindDrum, mnuDrum},
+    {10, kKindGlobal, mnuGlobalParam},
+    {11, kKindFindId, mnuWFindID},
+    {12, kKindPercussion, mnuPerc},
+    {13, kKindMonitor, mnuMsgEx},
+    {14, kKindStyA, mnuStyA},
+    {15, kKindStyB, mnuStyB},
+    {16, kKindDatabase, mnuWEditDBArr},
+    {17, kKindNotebook, mnuBloccoNote},
 };
 
 // The tables of file windows in the order in which they come back.
@@ -61,19 +72,22 @@ void frmMain::MakeReopeningTimers() {
   }
 }
 
+// The entry's menu may be off, as mnuWindow is before the first window: the program presses it, not the user.
+bool frmMain::ComesBack(WindowKind form, MenuId entry) const {
+  return app().core.FormStates[static_cast<std::size_t>(form)].state != 0 && Menu(entry).enabled();
+}
+
 void frmMain::FinishLoad() {
   Timer0.Stop();
   Timer2.Stop();
-  to_reopen_ =
-      static_cast<int>(std::count_if(std::begin(kAutoWindows), std::end(kAutoWindows), [this](const auto& row) {
-        return app().core.FormStates[static_cast<std::size_t>(row.form)].state != 0 && Menu(row.entry).Usable();
-      }));
+  to_reopen_ = static_cast<int>(std::count_if(std::begin(kAutoWindows), std::end(kAutoWindows),
+                                              [this](const auto& row) { return ComesBack(row.form, row.entry); }));
   TimerAuto.front()->Start();
 }
 
 void frmMain::ReopenAuto(std::size_t i) {
   const AutoWindow& window = kAutoWindows[i];
-  if (app().core.FormStates[static_cast<std::size_t>(window.form)].state != 0 && Menu(window.entry).Usable()) {
+  if (ComesBack(window.form, window.entry)) {
     Menu(window.entry).Press();
     ++reopened_;
   }

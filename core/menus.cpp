@@ -95,10 +95,10 @@ constexpr std::array<MenuRow, kMenuCount> kRows = {{
     {mnuVisBarraStato, mnuPreferenze, "mnuVisBarraStato", 103, "", false, false},
     {mnuAddi40DBArr, mnuPreferenze, "mnuAddi40DBArr", 95, "", false, false},
     {mnuWindow, kBar, "mnuWindow", 4, "", false, false},
-    {mnuBloccoNote, mnuWindow, "mnuBloccoNote", 128, "", false, kWaits},
+    {mnuBloccoNote, mnuWindow, "mnuBloccoNote", 128, "", false, false},
     {mnuWCascade, mnuWindow, "mnuWCascade", 9, "", kLine, false},
     {mnuHelp, kBar, "mnuHelp", 0, "", false, false},
-    {mnuGuida, mnuHelp, "mnuGuida", 47, "F1", false, kWaits},
+    {mnuGuida, mnuHelp, "mnuGuida", 47, "F1", false, false},
     {mnuInfo, mnuHelp, "mnuInfo", 5, "", kLine, false},
 }};
 // clang-format on

@@ -81,6 +81,7 @@ constexpr NumberRow kNumbers[] = {
     {"DBWindowOpen", [](const Application& app) -> long { return app.arrangement.DBWindowOpen; }},
     {"SilentStart", [](const Application& app) -> long { return app.arrangement.SilentStart; }},
     {"ArrFileId", [](const Application& app) -> long { return app.arrangement.ArrFileId; }},
+    {"GuideLength", [](const Application& app) -> long { return app.aids.GuideLength; }},
     {"ReadOnlyAnswer", [](const Application& app) -> long { return app.files.ReadOnlyAnswer; }},
 };
 
@@ -116,6 +117,8 @@ constexpr TextRow kImages[] = {
     {"ProgramFileBuffer", [](const Application& app) -> const Bytes& { return app.program.ProgramFileBuffer; }},
     {"EditRecord", [](const Application& app) -> const Bytes& { return app.program.EditRecord; }},
     {"ItemClipboard", [](const Application& app) -> const Bytes& { return app.files.ItemClipboard; }},
+    {"GuideText", [](const Application& app) -> const Bytes& { return app.aids.GuideText; }},
+    {"NoteText", [](const Application& app) -> const Bytes& { return app.aids.NoteText; }},
     {"BsqBuffer", [](const Application& app) -> const Bytes& { return app.global.BsqBuffer; }},
     {"SysExBuffer", [](const Application& app) -> const Bytes& { return app.midi.SysExBuffer; }},
 };

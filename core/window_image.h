@@ -24,6 +24,7 @@ enum WindowKind : int {
   kKindDatabase = 12,
   kKindArrEditor = 13,
   kKindGlobal = 14,  // global parameters without a file
+  kKindKeyboard = 15,
   kKindMonitor = 16,
   kKindStyA = 17,
   kKindStyB = 18,
@@ -37,7 +38,9 @@ enum WindowKind : int {
   kKindBsq = 26,
   kKindPcg = 31,        // a program file opened from an older instrument's
   kKindPrgEditor = 32,  // a blank
+  kKindNotebook = 32,   // the place where it stood; it has no image, as the guide
   kKindPerfEditor = 33,
+  kKindGuide = 34,
   kKindI30Arr = 36,  // 36 to 38: imports, only handed to the open dialog
   kKindI30Prg = 37,
   kKindI30Sty = 38,

@@ -23,6 +23,9 @@ constexpr ControlText kTips[] = {
     {"frmAvviso2", "Label1", "L'avviso del programma", "What the program has to tell"},
     {"frmAvviso2", "CommClose", "Chiude questo avviso", "Closes this message"},
 
+    {"frmGuida", "Text1", "La guida; si sfoglia con le frecce e con i tasti di pagina", "The guide; the arrow and page keys move through it"},
+    {"frmBloccoNote", "Text1", "I tuoi appunti, conservati alla chiusura di questa finestra", "Your notes, kept when this window closes"},
+
     // Main window: status strip.
     {"frmMain", "Picture1", "Lo stato del collegamento con lo strumento", "How things stand with the instrument"},
     {"frmMain", "LabelNomeAppl", "Il nome del programma", "The name of the program"},

@@ -1,6 +1,5 @@
 #include "midi/frmMsgEx.h"
 
-#include <algorithm>
 #include <string>
 
 #include "core/application.h"
@@ -38,38 +37,13 @@ void frmMsgEx::Load() {
   app().core.FormLoading = true;
   SetCaption(GetText(app(), kTextCaption));
   Text1.SetFont(kFont);
-  first_size_ = FormPlace()->width == 0;
+  SizeAtFirst(kFont, kFirstCharacters);
   ChildWindow::Load();
   work_.reserve(kWorkArea + kEndOfLine.size());
   app().midi.Monitor = [this](std::string_view bytes) { Log(bytes); };
   app().midi.MonitorOn = true;
   if (app().main != nullptr) app().main->Menu(MenuId::mnuMsgEx).SetChecked(true);
   app().core.FormLoading = false;
-}
-
-void frmMsgEx::Resized() {
-  if (first_size_ && inner_size().width > 0) {
-    first_size_ = false;
-    return TakeFirstSize();
-  }
-  ChildWindow::Resized();
-}
-
-// So many characters and lines inside the frame that the window has by now.
-void frmMsgEx::TakeFirstSize() {
-  ui::Placement place = placement();
-  place.width += kFirstCharacters.width * toolkit().TextWidth(kFont, "0") - inner_size().width;
-  place.height += kFirstCharacters.height * toolkit().LineHeight(kFont) - inner_size().height;
-  // Where it was put before it had its size it may reach beyond the main window.
-  if (app().main != nullptr) {
-    const ui::Size room = app().main->inner_size();
-    place.width = std::min(place.width, room.width);
-    place.height = std::min(place.height, room.height);
-    place.left = std::clamp(place.left, 0, std::max(room.width - place.width, 0));
-    place.top = std::clamp(place.top, 0, std::max(room.height - place.height, 0));
-  }
-  SetPlacement(place);
-  ChildWindow::Resized();
 }
 
 void frmMsgEx::Unload() {

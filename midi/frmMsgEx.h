@@ -14,7 +14,6 @@ class frmMsgEx : public ChildWindow {
   ui::TextBox Text1{*this, "Text1"};
 
   void Load() override;
-  void Resized() override;
   void Unload() override;
 
  protected:
@@ -23,10 +22,8 @@ class frmMsgEx : public ChildWindow {
  private:
   // An empty text clears the window, any other adds a line.
   void Log(std::string_view bytes);
-  void TakeFirstSize();
 
-  Bytes work_;               // a line in the making
-  bool first_size_ = false;  // the window is shown for the first time ever
+  Bytes work_;  // a line in the making
 };
 
 }  // namespace zentaline

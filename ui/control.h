@@ -43,6 +43,7 @@ enum class Change {
   kValue,
   kRange,
   kChecked,
+  kTopLine,
   kFocus,
   kDrawing
 };

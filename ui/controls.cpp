@@ -82,6 +82,12 @@ void TextBox::ShowText(std::string text) {
   Changed(Change::kText);
 }
 
+void TextBox::SetTopLine(int line) {
+  if (line == top_line_) return;
+  top_line_ = line;
+  Changed(Change::kTopLine);
+}
+
 bool TextBox::Takes(const std::string& text) const {
   if (max_length > 0 && CountCharacters(text) > max_length) return false;
   Bytes bytes;

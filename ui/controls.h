@@ -72,8 +72,15 @@ class TextBox : public Control {
   bool UserType(const std::string& text);
   bool Takes(const std::string& text) const;
 
+  // The line, from 0, that the view of a multi-line text begins with.
+  int top_line() const { return top_line_; }
+  void SetTopLine(int line);
+  // The user has scrolled it there.
+  void UserScroll(int line) { top_line_ = line; }
+
  private:
   std::string text_;
+  int top_line_ = 0;
 };
 
 class ListBox : public Control {

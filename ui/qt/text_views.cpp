@@ -2,7 +2,10 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <algorithm>
+#include <utility>
 
 #include "ui/qt/convert.h"
 
@@ -60,24 +63,34 @@ class LineView : public View {
   int refused_at_ = -1;
 };
 
+// Tells which line it begins with.
+class Pages : public QPlainTextEdit {
+ public:
+  using QPlainTextEdit::QPlainTextEdit;
+  int FirstVisibleLine() const { return firstVisibleBlock().blockNumber(); }
+};
+
 class PagesView : public View {
  public:
   PagesView(TextBox& box, Gate& gate, QWidget* parent)
-      : View(box, gate, new QPlainTextEdit(parent)), box_(box), widget_(static_cast<QPlainTextEdit*>(View::widget())) {
+      : View(box, gate, new Pages(parent)), box_(box), widget_(static_cast<Pages*>(View::widget())) {
     widget_->setTabChangesFocus(true);
     widget_->setAcceptDrops(false);
     Watch(widget_->viewport());
-    connect(widget_, &QPlainTextEdit::textChanged, this,
-            [this] { User([this] { box_.UserType(FromQt(widget_->toPlainText())); }); });
+    connect(widget_, &QPlainTextEdit::textChanged, this, [this] { User([this] { box_.UserType(Typed()); }); });
+    connect(widget_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int) {
+      if (!showing_top_) box_.UserScroll(widget_->FirstVisibleLine());
+    });
   }
 
  protected:
   void Refresh(Change change) override {
     widget_->setReadOnly(box_.read_only);
+    if (change == Change::kTopLine) return ShowTopLine();
     if (change != Change::kText) return;
     QString text = ToQt(box_.text());
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    if (widget_->toPlainText() == text) return;
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    if (Shown() == text) return;
     const int at = widget_->textCursor().position();
     widget_->setPlainText(text);
     QTextCursor cursor = widget_->textCursor();
@@ -85,6 +98,8 @@ class PagesView : public View {
     widget_->setTextCursor(cursor);
   }
   bool KeyDoes(const Key& key, const QKeyEvent&) override {
+    // A text that is only read, and has keys of its own, is moved by those alone.
+    if (box_.read_only && box_.on_key && key.name != Key::kCharacter) return key.name != Key::kEscape;
     // Enter is a line of its own here, not the default button.
     if (key.name != Key::kEnter) return false;
     if (!box_.read_only) widget_->insertPlainText(QStringLiteral("\n"));
@@ -92,8 +107,27 @@ class PagesView : public View {
   }
 
  private:
+  // The text with its blanks as they are: the plain text has a common blank for one that doesn't break.
+  QString Shown() const {
+    QString text = widget_->document()->toRawText();
+    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+  }
+  // Line ends stay what they were in the text that is changed.
+  std::string Typed() const {
+    QString text = Shown();
+    if (box_.text().find("\r\n") != std::string::npos) text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
+    return FromQt(text);
+  }
+  void ShowTopLine() {
+    const bool before = std::exchange(showing_top_, true);
+    const QTextBlock line = widget_->document()->findBlockByNumber(box_.top_line());
+    if (line.isValid()) widget_->verticalScrollBar()->setValue(line.firstLineNumber());
+    showing_top_ = before;
+  }
+
   TextBox& box_;
-  QPlainTextEdit* widget_;
+  Pages* widget_;
+  bool showing_top_ = false;  // it is the program that scrolls
 };
 
 }  // namespace

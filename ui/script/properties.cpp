@@ -170,6 +170,7 @@ Value ReadProperty(const Control& control, std::string_view property) {
     if (property == "max") return Number(As<ScrollBar>(control).max());
   }
   if (control.kind() == ControlKind::kPicture && property == "handles") return ShownText(control);
+  if (control.kind() == ControlKind::kTextBox && property == "line") return Number(As<TextBox>(control).top_line());
   if (control.kind() == ControlKind::kTimer && property == "interval") return Number(As<Timer>(control).interval());
   return std::nullopt;
 }

@@ -1,0 +1,14 @@
+// The guide and the notebook, as the rest of the program uses them.
+#pragma once
+
+namespace zentaline {
+
+struct Application;
+
+// mnuGuida: reads the guide of the language and shows it. One that is absent, can't be read or is too long is told of,
+// and no window opens.
+void ShowGuide(Application& app);
+// mnuBloccoNote: shows the notebook, whose file is made when it is missing.
+void ShowNotebook(Application& app);
+
+}  // namespace zentaline
