@@ -59,6 +59,12 @@ void frmMain::ConnectFileMenu() {
   Menu(mnuSalvaAs).on_click = [this] {
     if (ChildWindow* child = ActiveChild()) SaveFileAs(app(), *child);
   };
+  Menu(mnuStampaLista).on_click = [this] {
+    if (const ChildWindow* child = ActiveChild()) PrintList(app(), *child);
+  };
+  Menu(mnuStampaTabella).on_click = [this] {
+    if (const ChildWindow* child = ActiveChild()) PrintTable(app(), *child);
+  };
   Menu(mnuExit).on_click = [this] { Close(); };
 }
 

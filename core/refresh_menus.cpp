@@ -3,6 +3,7 @@
 #include "core/child_window.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "files/api.h"
 
 namespace zentaline {
 
@@ -41,6 +42,9 @@ void MainWindow::EnableForKind(ChildWindow& child) {
   Menu(mnuSalva).SetEnabled(saves && !child.ReadOnly() && !app_.core.settings.RdOnly);
   Menu(mnuSalvaAs).SetEnabled(saves);
   Menu(mnuIngrandisci).SetEnabled(Grows(child.Kind()));
+  Menu(mnuStampaLista).SetEnabled(PrintsList(child.Kind()));
+  Menu(mnuStampaTabella).SetEnabled(PrintsTable(child.Kind()));
+  Menu(mnuStampa).SetEnabled(PrintsTable(child.Kind()));
   for (const ActiveEntry& row : kActiveEntries) {
     Menu(row.entry).SetEnabled(!Waits(row.entry) && child.Offers(row.function));
   }

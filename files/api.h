@@ -102,6 +102,12 @@ void AddRecentFile(Application& app, const std::string& path, bool read_only);
 // What mnuRecentFile(i) shows; empty for a free record.
 std::string RecentCaption(const Application& app, int i);
 
+// mnuStampaLista and mnuStampaTabella, and the kinds of window that have them.
+bool PrintsList(int kind);
+bool PrintsTable(int kind);
+void PrintList(Application& app, const ChildWindow& window);
+void PrintTable(Application& app, const ChildWindow& window);
+
 // The first window number from 1 to 8 that is free, 0 when none is. And whether the open entries are enabled.
 int FreeWindow(Application& app, int kind);
 void RefreshOpenEntries(Application& app);

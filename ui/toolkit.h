@@ -21,6 +21,8 @@ inline constexpr std::int64_t kLongestPauseInMove = 2000;
 
 class Toolkit {
  public:
+  static constexpr int kTwipsOfAPixel = 15;
+
   Toolkit() = default;
   Toolkit(const Toolkit&) = delete;
   Toolkit& operator=(const Toolkit&) = delete;
@@ -61,6 +63,9 @@ class Toolkit {
   // Prints on the default printer at a place in twips; false when it fails. EndPrint ends the document.
   virtual bool PrintText(int left, int top, const Font& font, const std::string& text) = 0;
   virtual bool EndPrint() = 0;
+  // Of a text on the printer, and from one of its lines to the next, in twips. Without a printer a pixel is 15 twips.
+  virtual int PrintWidth(const Font& font, const std::string& text) { return kTwipsOfAPixel * TextWidth(font, text); }
+  virtual int PrintLineHeight(const Font& font) { return kTwipsOfAPixel * LineHeight(font); }
 
   // The clock of the timers: milliseconds since the program began.
   virtual std::int64_t Now() = 0;

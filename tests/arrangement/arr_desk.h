@@ -18,8 +18,8 @@ namespace zentaline::test {
 struct Arr {
   std::string name;
   int style = 0;
-  bool user = false;                       // a style of the user's
-  std::vector<std::pair<int, int>> parts;  // program number and bank code, from Drum on
+  bool user = false;                            // a style of the user's
+  std::vector<std::pair<int, int>> parts = {};  // program number and bank code, from Drum on
 };
 
 inline std::string ArrRecord(const Arr& arr) {

@@ -64,6 +64,20 @@ class AnsweringToolkit : public ui::ConsoleToolkit {
   // What happens on the disk while the dialog is open.
   std::function<void()> before_file_answer;
 
+  // The printer takes so many texts more and then fails; -1: it works.
+  int prints_left = -1;
+  int print_ends = 0;  // how many documents were ended
+
+  bool PrintText(int left, int top, const ui::Font& font, const std::string& text) override {
+    if (prints_left == 0) return false;
+    if (prints_left > 0) --prints_left;
+    return ConsoleToolkit::PrintText(left, top, font, text);
+  }
+  bool EndPrint() override {
+    ++print_ends;
+    return ConsoleToolkit::EndPrint();
+  }
+
  protected:
   void RunModal(ui::Form& form) override {
     // A window that is opened outside of any event lives as long as it is looked at.

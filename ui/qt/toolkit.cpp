@@ -115,7 +115,18 @@ bool QtToolkit::PrintText(int left, int top, const Font& font, const std::string
 }
 
 bool QtToolkit::EndPrint() {
-  return printing_.End();
+  if (!printing_.Previews()) return printing_.End();
+  const Gate::Hold hold(windows_.gate());
+  const PlainPointer pointer(waiting_);
+  return printing_.EndWithPreview(windows_.Front(), words_());
+}
+
+int QtToolkit::PrintWidth(const Font& font, const std::string& text) {
+  return printing_.Width(font, text);
+}
+
+int QtToolkit::PrintLineHeight(const Font& font) {
+  return printing_.LineHeight(font);
 }
 
 std::int64_t QtToolkit::Now() {

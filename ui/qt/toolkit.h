@@ -41,6 +41,8 @@ class QtToolkit : public Toolkit {
   std::string ShortDate() override;
   bool PrintText(int left, int top, const Font& font, const std::string& text) override;
   bool EndPrint() override;
+  int PrintWidth(const Font& font, const std::string& text) override;
+  int PrintLineHeight(const Font& font) override;
   std::int64_t Now() override;
   void TimersChanged() override;
   void MainClosed() override;

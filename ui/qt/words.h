@@ -20,6 +20,14 @@ struct Words {
   std::string overwrite;  // %1 is the file's name
   std::string progress;   // %1 bytes gone, %2 bytes in all, %3 seconds left
   std::string progress_tool_tip;
+  // Of a document that is shown before it is printed.
+  std::string print_preview;
+  std::string print;
+  std::string print_tool_tip;
+  std::string print_pdf;
+  std::string print_pdf_tool_tip;
+  std::string print_pdf_title;
+  std::string print_close_tool_tip;
   // Of the menu in a window's title.
   std::string restore;
   std::string move;
