@@ -74,8 +74,8 @@ HostResult ConsoleHost::FailService(const std::string& operation, int result, in
   return recorder_.Fail(operation, result, times) ? HostResult::kDone : HostResult::kUnknown;
 }
 
-HostResult ConsoleHost::FailDisk(const std::string& operation, const std::string& error, int times) {
-  return disk_.Fail(operation, error, times) ? HostResult::kDone : HostResult::kUnknown;
+HostResult ConsoleHost::FailDisk(const std::string& operation, const std::string& error, int times, int after) {
+  return disk_.Fail(operation, error, times, after) ? HostResult::kDone : HostResult::kUnknown;
 }
 
 void ConsoleHost::Start() {

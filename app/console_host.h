@@ -47,7 +47,7 @@ class ConsoleHost : public ui::ScriptHost {
   ui::HostResult SetOuts(const std::vector<std::string>& names) override;
   ui::HostResult SetIns(const std::vector<std::string>& names) override;
   ui::HostResult FailService(const std::string& operation, int result, int times) override;
-  ui::HostResult FailDisk(const std::string& operation, const std::string& error, int times) override;
+  ui::HostResult FailDisk(const std::string& operation, const std::string& error, int times, int after) override;
   void SetPrinter(bool works) override { toolkit_->SetPrinter(works); }
   void Start() override;
   bool Ended() const override { return stopped_ || toolkit_->main_closed(); }

@@ -16,6 +16,9 @@ int ReadArrFile(Application& app, const std::string& path);
 
 // Shows the file in ArrFileImage in window 1 to 9, whose slot is marked open already.
 ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path, bool read_only);
+// The same with a file that was converted from an earlier instrument's: it has no file of its own yet, and `path` is
+// its source's.
+ChildWindow& OpenImportedArr(Application& app, int number, const Bytes& file, const std::string& path, bool read_only);
 // The file stands in the instrument now: slot 9 takes its path, and window 9, when it is open, shows it.
 void SlotTakeFile(Application& app, const std::string& path);
 

@@ -51,19 +51,29 @@ int FreeNewWindow(const Application& app) {
   return free == slots.end() ? 0 : static_cast<int>(free - slots.begin());
 }
 
-}  // namespace
-
-ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path, bool read_only) {
+ChildWindow& Show(Application& app, int number, const Bytes& file, const std::string& path, bool read_only,
+                  bool in_memory) {
   WindowRecord& record = app.core.ArrWindows[static_cast<std::size_t>(number)];
   record.path = path;
   // The second byte brings a read-only window back as one.
   record.second = read_only ? 1 : 0;
   ArrImageOptions options;
   options.read_only = read_only;
+  options.in_memory = in_memory;
   options.window_number = number;
   options.slot_state = record.state;
-  Bytes image = BuildArrImage(kKindArr, app.arrangement.ArrFileImage, path, options);
+  Bytes image = BuildArrImage(kKindArr, file, path, options);
   return static_cast<ChildWindow&>(app.toolkit.Open(std::make_unique<frmArrU>(app, number, std::move(image))));
+}
+
+}  // namespace
+
+ChildWindow& OpenArrWindow(Application& app, int number, const std::string& path, bool read_only) {
+  return Show(app, number, app.arrangement.ArrFileImage, path, read_only, false);
+}
+
+ChildWindow& OpenImportedArr(Application& app, int number, const Bytes& file, const std::string& path, bool read_only) {
+  return Show(app, number, file, path, read_only, true);
 }
 
 void SlotTakeFile(Application& app, const std::string& path) {

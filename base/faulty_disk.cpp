@@ -33,7 +33,7 @@ DiskResult WithoutFolder(int error) {
 
 }  // namespace
 
-bool FaultyDisk::Fail(const std::string& operation, const std::string& error, int times) {
+bool FaultyDisk::Fail(const std::string& operation, const std::string& error, int times, int after) {
   Fault* fault = operation == "read"     ? &read_
                  : operation == "write"  ? &write_
                  : operation == "remove" ? &remove_
@@ -42,13 +42,14 @@ bool FaultyDisk::Fail(const std::string& operation, const std::string& error, in
                                          : nullptr;
   const auto known = std::find_if(kErrors.begin(), kErrors.end(),
                                   [&](const NamedError& candidate) { return candidate.name == error; });
-  if (fault == nullptr || known == kErrors.end() || times < 0) return false;
-  *fault = {known->error, times, times == 0};
+  if (fault == nullptr || known == kErrors.end() || times < 0 || after < 0) return false;
+  *fault = {known->error, times, after, times == 0};
   return true;
 }
 
 int FaultyDisk::Due(Fault& fault) {
   const int error = fault.error;
+  if (error != 0 && fault.after > 0) return --fault.after, 0;
   if (error != 0 && !fault.lasts && --fault.times == 0) fault = {};
   return error;
 }

@@ -13,10 +13,11 @@ class FaultyDisk : public Disk {
   // `disk` must outlive this one.
   explicit FaultyDisk(Disk& disk) : disk_(disk) {}
 
-  // The next `times` operations of the kind ("read", "write", "remove", "rename" or "list") fail with the system error
-  // of that name: ENOENT, EACCES, EROFS, ENOSPC, EIO, EISDIR, ENOTDIR or EMFILE; 0 times is until further notice. The
-  // error "0" ends it. False for an unknown word or a negative number, and then nothing changes.
-  bool Fail(const std::string& operation, const std::string& error, int times = 1);
+  // The next `times` operations of the kind ("read", "write", "remove", "rename" or "list"), behind `after` of them
+  // that go well, fail with the system error of that name: ENOENT, EACCES, EROFS, ENOSPC, EIO, EISDIR, ENOTDIR or
+  // EMFILE; 0 times is until further notice. The error "0" ends it. False for an unknown word or a negative number, and
+  // then nothing changes.
+  bool Fail(const std::string& operation, const std::string& error, int times = 1, int after = 0);
 
   // An operation that fails leaves its result empty and the disk as it is.
   DiskResult Read(const std::string& path, Bytes& content, std::size_t largest) override;
@@ -32,6 +33,7 @@ class FaultyDisk : public Disk {
   struct Fault {
     int error = 0;  // 0 for none
     int times = 0;  // how often still, unless it lasts
+    int after = 0;  // how many go well before
     bool lasts = false;
   };
 

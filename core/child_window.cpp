@@ -92,7 +92,11 @@ void ChildWindow::TakeFirstSize() {
 }
 
 void ChildWindow::KeepPlace() {
-  if (WindowRecord* record = Record()) KeepPlacement(*record, placement());
+  if (WindowRecord* record = Record()) {
+    KeepPlacement(*record, placement());
+    // What has no file of its own can't come back at the next start.
+    if (app_.core.Closing && ByteAt(window_image_, kNoFilePosition) != 0) record->state = 0;
+  }
   if (FormState* state = FormPlace()) KeepPlacement(*state, placement());
 }
 

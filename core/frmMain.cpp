@@ -59,6 +59,9 @@ void frmMain::ConnectFileMenu() {
   Menu(mnuSalvaAs).on_click = [this] {
     if (ChildWindow* child = ActiveChild()) SaveFileAs(app(), *child);
   };
+  for (const MenuId entry : kImportEntries) {
+    Menu(entry).on_click = [this, entry] { ImportFile(app(), entry); };
+  }
   Menu(mnuStampaLista).on_click = [this] {
     if (const ChildWindow* child = ActiveChild()) PrintList(app(), *child);
   };

@@ -33,6 +33,7 @@ inline constexpr int kWaitLoadingPrg = 4;
 inline constexpr int kWaitLoadingBsq = 5;
 inline constexpr int kWaitOpening = 6;
 inline constexpr int kWaitUpdate = 8;
+inline constexpr int kWaitStyi30 = 9;
 // Of the questions: AskYesNo (keep, directory, program) and AskYesNoCancel (save).
 inline constexpr int kAskFileSave = 1;
 inline constexpr int kAskArrKeep = 2;

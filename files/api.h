@@ -69,6 +69,11 @@ ChooseResult OpenChooser(Application& app, int kind);
 
 // The whole flow of mnuApriArr and the like.
 void OpenFile(Application& app, int kind);
+// The whole flow of an entry of mnuImporta.
+inline constexpr std::array kImportEntries = {MenuId::mnuImportaArri30, MenuId::mnuImportaStyi30,
+                                              MenuId::mnuImportaPrgi30, MenuId::mnuImportaArri5,
+                                              MenuId::mnuImportaPcgi5};
+void ImportFile(Application& app, MenuId entry);
 // The same with a path that is known, as of a file dropped on the window or named on the command line.
 void OpenPath(Application& app, const std::string& path);
 // The same for a caller that tells by itself when the file is open already or absent, and silent when no window is

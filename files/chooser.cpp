@@ -8,7 +8,6 @@
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
-#include "program/prg_format.h"
 
 namespace zentaline {
 
@@ -26,7 +25,6 @@ struct OtherFormat {
   std::string_view header;
 };
 constexpr OtherFormat kGblFormat = {448, true, {"KORG\x4D\x00\x06\x01", 8}};
-constexpr OtherFormat kPcgFormat = {1 << 20, false, {"KORG", 4}};
 
 ChooseResult ReadOther(Application& app, const std::string& path, const OtherFormat& format) {
   Bytes file;
@@ -37,16 +35,6 @@ ChooseResult ReadOther(Application& app, const std::string& path, const OtherFor
   if (good) return kChosen;
   ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
   return kChooseFailed;
-}
-
-// Any program file but the kind of a program window goes to the reader of the earlier instrument's files.
-ChooseResult ReadI30Program(Application& app, const std::string& path) {
-  Bytes file;
-  const FileReadResult result = ReadDataFile(app, path, kPrgFileLength, file);
-  if (result == kFileFailed || result == kFileAbsent) return ReaderResult(result);
-  if (result == kFileTooLarge || CheckI30ProgramFile(file) != kPrgGood) return RefuseData(app, path);
-  app.program.ProgramFileBuffer = I30ProgramBank(file, 1);
-  return kChosen;
 }
 
 bool HasExtension(const std::string& path, std::string_view extension) {
@@ -62,7 +50,8 @@ bool OpenAlready(Application& app, const FileKind& kind, const std::string& base
 }
 
 ChooseResult ReadUnlessOpen(Application& app, const FileKind& kind, const std::string& path) {
-  return OpenAlready(app, kind, WithoutExtension(path)) ? kChooseOpenAlready : kind.read(app, path);
+  if (OpenAlready(app, kind, WithoutExtension(path))) return kChooseOpenAlready;
+  return kind.read(app, path);
 }
 
 // Whether the filter that was left selected reads for this kind.
@@ -72,7 +61,14 @@ bool ReadsFor(int kind, int filter, const std::string& path) {
   return row->filter == filter || (filter == kFilterAll && row->filter == kFilterArr && HasExtension(path, "arr"));
 }
 
-int PresetFilter(int kind) {
+// The reader of arrangement files: the import's that runs, or the kind's own; null for a kind that has none.
+ChooseResult (*ArrReader(const Application& app, int kind))(Application& app, const std::string& path) {
+  if (app.files.OldFormatWanted == OldFormat::kArr) return ReadOldArr;
+  return kind == kKindI30Arr ? ReadI30Arr : nullptr;
+}
+
+int PresetFilter(int kind, OldFormat wanted) {
+  if (wanted == OldFormat::kPrg && kind == kKindPrg) return kFilterPcg;
   switch (kind) {
     case kKindArrA:
     case kKindArrB:
@@ -147,21 +143,24 @@ ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::str
   const FileKind* own = FileKindOf(kind);
   const bool is_own = own != nullptr && own->filter == filter;
   switch (filter) {
-    case kFilterArr:
-      if (is_own) return ReadUnlessOpen(app, *own, path);
-      return OpenAlready(app, *FileKindOf(kKindArr), base) ? kChooseOpenAlready : kChosen;
+    case kFilterArr: {
+      const auto import = ArrReader(app, kind);
+      if (import == nullptr && is_own) return ReadUnlessOpen(app, *own, path);
+      if (OpenAlready(app, *FileKindOf(kKindArr), base)) return kChooseOpenAlready;
+      return import == nullptr ? kChosen : import(app, path);
+    }
     case kFilterSty:
       return is_own ? ReadUnlessOpen(app, *own, path) : kChosen;
     case kFilterPrg:
       if (!HasExtension(path, "prg") && !HasExtension(path, "pgg")) return RefuseData(app, path);
       if (is_own) return ReadUnlessOpen(app, *own, path);
-      return OpenAlready(app, *FileKindOf(kKindPrg), base) ? kChooseOpenAlready : ReadI30Program(app, path);
+      return OpenAlready(app, *FileKindOf(kKindPrg), base) ? kChooseOpenAlready : ReadI30Prg(app, path);
     case kFilterGbl:
       return HasExtension(path, "gbl") ? ReadOther(app, path, kGblFormat) : RefuseData(app, path);
     case kFilterBsq:
       return ReadUnlessOpen(app, *FileKindOf(kKindBsq), path);
     case kFilterPcg:
-      return HasExtension(path, "pcg") ? ReadOther(app, path, kPcgFormat) : RefuseData(app, path);
+      return HasExtension(path, "pcg") ? ReadOldPrg(app, path) : RefuseData(app, path);
     case kFilterAll:
       if (HasExtension(path, "arr")) return ReadByFilter(app, kind, kFilterArr, path);
       if (HasExtension(path, "pcc") || HasExtension(path, "pcg")) return ReadByFilter(app, kind, kFilterPrg, path);
@@ -207,7 +206,7 @@ ChooseResult OpenChooser(Application& app, int kind) {
   ui::FileDialogRequest request;
   request.title = std::string(kDialogTitle) + "- " + GetText(app, kTextOpenFile);
   request.filters = ParseFilters(kOpenFilters);
-  request.filter = PresetFilter(kind);
+  request.filter = PresetFilter(kind, app.files.OldFormatWanted);
   request.directory = PresetDirectory(app.files, request.filter);
   request.read_only = app.core.settings.RdOnly;
   const ui::FileDialogAnswer answer = app.toolkit.FileDialog(request);

@@ -30,6 +30,14 @@ ChooseResult RefuseData(Application& app, const std::string& path);
 // The open window 1 to 8 of the file, or that of a new file which was saved under this name; null when there is none.
 ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::string& base);
 
+// The readers of the earlier instruments' files: what they read is in ImportedArr and ImportedPrg, as files of this
+// instrument. That of .pcg files only looks at the file while no import of one runs.
+ChooseResult ReadI30Arr(Application& app, const std::string& path);
+ChooseResult ReadI30Prg(Application& app, const std::string& path);
+ChooseResult ReadOldArr(Application& app, const std::string& path);
+ChooseResult ReadOldPrg(Application& app, const std::string& path);
+void RefreshImportEntries(Application& app);
+
 // 0 read, 1 and 2 failed and shown, 3 absent or empty.
 ChooseResult ReaderResult(int result);
 // Reads a file whose kind, or path, is known, after asking whether it is open already. CurrentFileDir and

@@ -228,16 +228,26 @@ const FileKind* FileKindOf(int kind) {
   return nullptr;
 }
 
+namespace {
+
+// The path of a window without a file of its own is another file's.
+bool Shows(const ChildWindow& window, const std::string& base) {
+  const Bytes& image = window.window_image();
+  return ByteAt(image, kNoFilePosition) == 0 && WindowPath(image) == base;
+}
+
+}  // namespace
+
 ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::string& base) {
   for (int number = 1; number <= kind.windows; ++number) {
     ChildWindow* window = kind.window(app, number);
-    if (window != nullptr && WindowPath(window->window_image()) == base) return window;
+    if (window != nullptr && Shows(*window, base)) return window;
   }
   for (ui::Form* form : app.toolkit.forms()) {
     if (kind.new_kind == 0 || form->kind() != ui::FormKind::kChild) continue;
     auto* window = static_cast<ChildWindow*>(form);
     const bool saved = window->Kind() == kind.new_kind && !window->NeverSaved();
-    if (saved && WindowPath(window->window_image()) == base) return window;
+    if (saved && Shows(*window, base)) return window;
   }
   return nullptr;
 }
@@ -253,6 +263,7 @@ int FreeWindow(Application& app, int kind) {
 void RefreshOpenEntries(Application& app) {
   if (app.main == nullptr) return;
   for (const FileKind& row : kKinds) app.main->Menu(row.open_entry).SetEnabled(FreeWindow(app, row.kind) != 0);
+  RefreshImportEntries(app);
 }
 
 }  // namespace zentaline

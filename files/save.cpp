@@ -107,7 +107,8 @@ bool IsWhole(int own_type, int filter) {
 }  // namespace
 
 bool SaveFile(Application& app, ChildWindow& window) {
-  if (window.NeverSaved()) return SaveFileAs(app, window);
+  // The path of a window without a file of its own is another file's.
+  if (window.NeverSaved() || ByteAt(window.window_image(), kNoFilePosition) != 0) return SaveFileAs(app, window);
   const FileSaving* saving = SavingOf(window.window_image());
   if (saving == nullptr) return false;
   if (saving->keeps_read_only && window.ReadOnly()) {
@@ -116,7 +117,6 @@ bool SaveFile(Application& app, ChildWindow& window) {
   }
   Bytes image = window.window_image();
   const bool saved = saving->save(app, image);
-  if (saved) PutByte(image, kNoFilePosition, 0);
   app.edits.TakeSaved(window, std::move(image), saved);
   if (saved) window.FileSaved();
   if (app.main != nullptr) app.main->RefreshMenus();

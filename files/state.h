@@ -3,10 +3,14 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/bytes.h"
 
 namespace zentaline {
+
+// The old instruments whose files the open dialog is asked for, by the flag of an import that runs.
+enum class OldFormat { kNone, kArr, kPrg };
 
 struct FilesState {
   std::string LastArrDirectory;
@@ -21,7 +25,11 @@ struct FilesState {
   // The file of the open flow that runs.
   std::string CurrentFileDir;
   std::string CurrentFileName;  // without extension
-  Bytes ItemClipboard;          // the image of the window that items were copied from; empty before the first copy
+  OldFormat OldFormatWanted = OldFormat::kNone;
+  // What the import readers have read, as files of this instrument; empty when none has.
+  std::vector<Bytes> ImportedArr;
+  std::vector<Bytes> ImportedPrg;
+  Bytes ItemClipboard;  // the image of the window that items were copied from; empty before the first copy
 };
 
 }  // namespace zentaline

@@ -39,6 +39,10 @@ void SlotTakePrg(Application& app, const std::string& path, bool pgg);
 
 // Shows the bank in ProgramFileBuffer in window 1 to 9, whose slot is marked open already.
 ChildWindow& OpenPrgWindow(Application& app, int number, const std::string& path, bool read_only);
+// The same with a bank that was converted from an earlier instrument's: it has no file of its own yet, and `path` is
+// its source's. `mark` is control byte 11: 3 from an i30, 6 from a .pcg.
+ChildWindow& OpenImportedPrg(Application& app, int number, const Bytes& bank, const std::string& path, bool read_only,
+                             int mark);
 // The same as a new bank without a file; the buffer holds the template with its programs cleared.
 ChildWindow& OpenNewPrgWindow(Application& app, int number);
 

@@ -304,7 +304,8 @@ void frmPrgUN::Unload() {
   // The instrument's own window keeps its mark, and so its file.
   if (number_ != kInstrumentWindow && !app().core.Closing) {
     Record()->state = 0;
-    if (!NeverSaved()) AddRecentFile(app(), FilePath(), ReadOnly());
+    const bool has_file = !NeverSaved() && ByteAt(window_image(), kNoFilePosition) == 0;
+    if (has_file) AddRecentFile(app(), FilePath(), ReadOnly());
   }
   RefreshOpenEntries(app());
   if (app().main != nullptr) app().main->ShowPrgUEntry();

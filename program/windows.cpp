@@ -31,6 +31,20 @@ ChildWindow& ShowBank(Application& app, int number, Bytes image) {
   return static_cast<ChildWindow&>(app.toolkit.Open(std::make_unique<frmPrgUN>(app, number, std::move(image))));
 }
 
+// The image of a window of kind 21, whose slot takes the path.
+Bytes FileImage(Application& app, int number, const Bytes& bank, const std::string& path, bool read_only) {
+  WindowRecord& record = app.core.PrgWindows[static_cast<std::size_t>(number)];
+  record.path = path;
+  record.second = kKindPrg;
+  Bytes image = BuildPrgWindowImage(bank);
+  PutByte(image, kKindPosition, kKindPrg);
+  PutByte(image, kReadOnlyPosition, read_only ? 1 : 0);
+  PutByte(image, kWindowNumberPosition, number);
+  PutByte(image, kSlotStatePosition, record.state);
+  PutWindowPath(image, path);
+  return image;
+}
+
 std::unique_ptr<ProgramListWindow> MakeBankWindow(Application& app, int kind) {
   if (kind >= kKindDrum) return std::make_unique<frmDrum>(app, kind);
   return std::make_unique<frmPcgAE>(app, kind);
@@ -39,15 +53,14 @@ std::unique_ptr<ProgramListWindow> MakeBankWindow(Application& app, int kind) {
 }  // namespace
 
 ChildWindow& OpenPrgWindow(Application& app, int number, const std::string& path, bool read_only) {
-  WindowRecord& record = app.core.PrgWindows[static_cast<std::size_t>(number)];
-  record.path = path;
-  record.second = kKindPrg;
-  Bytes image = BuildPrgWindowImage(app.program.ProgramFileBuffer);
-  PutByte(image, kKindPosition, kKindPrg);
-  PutByte(image, kReadOnlyPosition, read_only ? 1 : 0);
-  PutByte(image, kWindowNumberPosition, number);
-  PutByte(image, kSlotStatePosition, record.state);
-  PutWindowPath(image, path);
+  return ShowBank(app, number, FileImage(app, number, app.program.ProgramFileBuffer, path, read_only));
+}
+
+ChildWindow& OpenImportedPrg(Application& app, int number, const Bytes& bank, const std::string& path, bool read_only,
+                             int mark) {
+  Bytes image = FileImage(app, number, bank, path, read_only);
+  PutByte(image, kPrgChangedPosition, 1);
+  PutByte(image, kNoFilePosition, mark);
   return ShowBank(app, number, std::move(image));
 }
 

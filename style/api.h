@@ -20,6 +20,8 @@ bool SaveStyFile(Application& app, Bytes& image);
 // Takes that file away for a window without styles: it was found damaged, or has come since, and is set aside. True
 // when it is done or there is none, else the error was shown.
 bool StyFileDelete(Application& app, const Bytes& image);
+// The path of part 0 to 2 of an i30 file, without extension; `path` is the i30 file's, with its own.
+std::string StylePartOfI30(const std::string& path, int part);
 // Splits an i30 file, `path` with its extension, into three .sty beside it: 0 done, 1 and 2 as StyFileRead.
 int StyImportI30(Application& app, const std::string& path);
 

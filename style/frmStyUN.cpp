@@ -233,7 +233,8 @@ void frmStyUN::Unload() {
   ChildWindow::Unload();
   if (app().core.Closing) return;
   if (WindowRecord* record = Record()) record->state = 0;
-  if (!NeverSaved()) AddRecentFile(app(), std::string(WindowPath(window_image())) + ".sty", ReadOnly());
+  const bool has_file = !NeverSaved() && ByteAt(window_image(), kNoFilePosition) == 0;
+  if (has_file) AddRecentFile(app(), std::string(WindowPath(window_image())) + ".sty", ReadOnly());
   RefreshOpenEntries(app());
   RefreshNewStyEntry(app());
 }

@@ -70,13 +70,17 @@ bool StyFileDelete(Application& app, const Bytes& image) {
   return SetDataFileAside(app, std::string(WindowPath(image)) + ".sty");
 }
 
+std::string StylePartOfI30(const std::string& path, int part) {
+  return WithoutExtension(path) + "-" + std::to_string(part + 1);
+}
+
 int StyImportI30(Application& app, const std::string& path) {
   std::array<Bytes, 3> outputs;
   const int result = ReadStyles(app, path, [&](const Bytes& file) { return StySplitI30(file, outputs); });
   if (result != kStyGood) return result;
-  const std::string base = WithoutExtension(path);
-  for (std::size_t i = 0; i < outputs.size(); ++i) {
-    if (!WriteDataFile(app, base + "-" + std::to_string(i + 1) + ".sty", outputs[i])) return kStyWrong;
+  for (int part = 0; part < static_cast<int>(outputs.size()); ++part) {
+    const std::string name = StylePartOfI30(path, part) + ".sty";
+    if (!WriteDataFile(app, name, outputs[static_cast<std::size_t>(part)])) return kStyWrong;
   }
   return kStyGood;
 }

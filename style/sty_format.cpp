@@ -226,7 +226,7 @@ StyPutResult StyPutEntry(int& mode, int source_entry, std::string_view source, i
 
 StyReadResult StySplitI30(std::string_view file, std::array<Bytes, 3>& outputs) {
   if (file.empty()) return kStyAbsent;
-  if (Slice(file, 1, kI30Magic.size()) != kI30Magic) return kStyWrong;
+  if (!file.starts_with(kI30Magic)) return kStyWrong;
 
   constexpr std::size_t kTablePosition = 21;  // seventeen records of four bytes, 64 bytes further on for each output
   constexpr std::size_t kTableLength = 17 * kStyWriteLength;

@@ -114,5 +114,18 @@ TEST(FaultyDisk, RefusesWordsItDoesNotKnowAndKeepsWhatWasSet) {
   EXPECT_EQ(disk.Write(folder.Path("f"), "x"), DiskResult::kInputOutput);
 }
 
+TEST(FaultyDisk, AFaultCanComeBehindOperationsThatGoWell) {
+  const ScratchFolder folder;
+  PosixDisk real;
+  FaultyDisk disk(real);
+  ASSERT_TRUE(disk.Fail("write", "ENOSPC", 2, 1));
+  EXPECT_FALSE(disk.Fail("write", "ENOSPC", 1, -1));
+  EXPECT_EQ(disk.Write(folder.Path("a"), "1"), DiskResult::kOk);
+  EXPECT_EQ(disk.Write(folder.Path("b"), "2"), DiskResult::kFull);
+  EXPECT_EQ(disk.Write(folder.Path("b"), "2"), DiskResult::kFull);
+  EXPECT_EQ(disk.Write(folder.Path("b"), "2"), DiskResult::kOk);
+  EXPECT_EQ(folder.Count(), 2);
+}
+
 }  // namespace
 }  // namespace zentaline

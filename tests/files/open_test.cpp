@@ -388,7 +388,7 @@ TEST_F(Opening, OtherFormatsAreTestedByTheirOwnHeaders) {
   folder.Put("other.pcg", "KOR");
   EXPECT_EQ(Open("other.pcg", 6), (Boxes{{48, "Opening other.pcg", "Error reading other.pcg"}}));
   folder.Put("good.prg", Bytes("KORG\x4D\x00\x00", 7) + Bytes(30473, '\0'));
-  EXPECT_EQ(Open("good.prg", 3), (Boxes{{48, "good.prg", "Data format error"}}));
+  EXPECT_EQ(Open("good.prg", 3), (Boxes{{48, "Opening good.prg", "Error reading good.prg"}}));
   for (const char* name : {"empty.gbl", "empty.bsq", "empty.pcg", "empty.prg"}) folder.Put(name, "");
   EXPECT_EQ(Open("empty.gbl", 4), (Boxes{{48, "empty.gbl", "File not found"}}));
   EXPECT_EQ(Open("empty.bsq", 5), (Boxes{{48, "empty.bsq", "File not found"}}));

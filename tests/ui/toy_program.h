@@ -267,8 +267,9 @@ class ToyHost : public ScriptHost {
     faults += operation + ' ' + std::to_string(result) + ' ' + std::to_string(times) + ';';
     return operation == "midiOutOpen" ? HostResult::kDone : HostResult::kUnknown;
   }
-  HostResult FailDisk(const std::string& operation, const std::string& error, int times) override {
-    faults += operation + ' ' + error + ' ' + std::to_string(times) + ';';
+  HostResult FailDisk(const std::string& operation, const std::string& error, int times, int after) override {
+    faults += operation + ' ' + error + ' ' + std::to_string(times);
+    faults += after == 0 ? ";" : ' ' + std::to_string(after) + ';';
     return operation == "read" ? HostResult::kDone : HostResult::kUnknown;
   }
   void SetPrinter(bool works) override { console.SetPrinter(works); }

@@ -23,6 +23,10 @@ int Times(ScriptWords words) {
   return words.size() > 2 ? *ScriptNumber(words[2].text) : 1;
 }
 
+int After(ScriptWords words) {
+  return words.size() > 3 ? *ScriptNumber(words[3].text) : 0;
+}
+
 std::string Absolute(const std::string& directory, const std::string& path) {
   if (path.front() == '/') return path;
   return directory.ends_with('/') ? directory + path : directory + '/' + path;
@@ -72,7 +76,7 @@ ScriptEngine::Outcome ScriptEngine::Fail(Words words) {
 }
 
 ScriptEngine::Outcome ScriptEngine::Disk(Words words) {
-  return FromHost(host_.FailDisk(words[0].text, words[1].text, Times(words)));
+  return FromHost(host_.FailDisk(words[0].text, words[1].text, Times(words), After(words)));
 }
 
 ScriptEngine::Outcome ScriptEngine::Printer(Words words) {

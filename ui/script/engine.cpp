@@ -38,6 +38,12 @@ bool GoodTimes(ScriptWords words) {
   return times && *times >= 0;
 }
 
+bool DiskFault(ScriptWords words) {
+  if (words.size() < 4) return GoodTimes(words);
+  const std::optional<int> after = ScriptNumber(words[3].text);
+  return GoodTimes(words) && after && *after >= 0;
+}
+
 bool ServiceFault(ScriptWords words) {
   return ScriptNumber(words[1].text).has_value() && GoodTimes(words);
 }
@@ -67,7 +73,7 @@ std::span<const ScriptEngine::Command> ScriptEngine::Commands() {
       {"ins", 0, kAnyNumber, Access::kSetup, Any, &E::Ins},
       {"start", 0, 0, Access::kSetup, Any, &E::Start},
       {"fail", 2, 3, Access::kFault, ServiceFault, &E::Fail},
-      {"disk", 2, 3, Access::kFault, GoodTimes, &E::Disk},
+      {"disk", 2, 4, Access::kFault, DiskFault, &E::Disk},
       {"printer", 1, 1, Access::kFault, WorksOrNot, &E::Printer},
       {"wait", 1, 1, Access::kAction, Duration, &E::Wait},
       {"quit", 0, 0, Access::kAction, Any, &E::Quit},

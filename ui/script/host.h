@@ -35,7 +35,7 @@ class ScriptHost {
   virtual HostResult SetOuts(const std::vector<std::string>& names) = 0;
   virtual HostResult SetIns(const std::vector<std::string>& names) = 0;
   virtual HostResult FailService(const std::string& operation, int result, int times) = 0;
-  virtual HostResult FailDisk(const std::string& operation, const std::string& error, int times) = 0;
+  virtual HostResult FailDisk(const std::string& operation, const std::string& error, int times, int after) = 0;
   virtual void SetPrinter(bool works) = 0;
 
   // Starts the program, and returns when the windows of the last run have been reopened.
