@@ -338,15 +338,17 @@ Layout frmEditPrg::OscPage(int block) {
 
   Layout vibrato = Column({Row({Item(*RowOf(kOscCombo, list).name), Item(OscCombo[list], 1)}), Item(OscCheck[block]),
                            Bars(kOscHScroll, bar + 1, bar + 8)});
-  Layout mix = Column({Bars(kOscHScroll, bar + 37, bar + 39), Row({named(1), named(2)})});
+  Layout mix = Column({Bars(kOscHScroll, bar + 37, bar + 39), named(1), named(2)});
   RowOf(kOscCombo, list + 3).name->SetCaption("VDF-" + std::to_string(block + 1));
   RowOf(kOscCombo, list + 4).name->SetCaption("VDA-" + std::to_string(block + 1));
-  Layout track = Row({named(3), named(4)});
+  Layout track = Column({named(3), named(4)});
   Layout options = Row({Item(OscOption[2 * block]), Item(OscOption[2 * block + 1]), Item(silent), Space()});
+  // The grid stands under the vibrato, where the columns beside it are longer: so the page is whole in a small window.
   Layout columns = Row(
-      {Column({Framed(frame + kPitchFrame, Bars(kOscHScroll, bar, bar)),
-               Framed(frame + kPitchMgFrame, std::move(vibrato)), Framed(frame + kMixFrame, std::move(mix)), Space()},
-              1),
+      {Column(
+           {Framed(frame + kPitchFrame, Bars(kOscHScroll, bar, bar)), Framed(frame + kPitchMgFrame, std::move(vibrato)),
+            Framed(frame + kPolarityFrame, Polarities(block)), Space()},
+           1),
        Column({Framed(frame + kVdfFrame, Bars(kOscHScroll, bar + 9, bar + 15)),
                Framed(frame + kVdfEgFrame, Column({Pictured(1 + 2 * block), Bars(kOscHScroll, bar + 16, bar + 23)})),
                Space()},
@@ -355,9 +357,7 @@ Layout frmEditPrg::OscPage(int block) {
                Framed(frame + kVdaEgFrame, Column({Pictured(2 + 2 * block), Bars(kOscHScroll, bar + 30, bar + 36)})),
                Space()},
               1),
-       Column(
-           {Framed(frame + kTrackFrame, std::move(track)), Framed(frame + kPolarityFrame, Polarities(block)), Space()},
-           1)});
+       Column({Framed(frame + kMixFrame, std::move(mix)), Framed(frame + kTrackFrame, std::move(track)), Space()}, 1)});
   return Column({std::move(options), std::move(columns)});
 }
 
