@@ -22,7 +22,10 @@ frmArrAB::frmArrAB(Application& app, int kind, Bytes image)
   CommArrPlay.SetCaption("&ARR PLAY");
   CommSongPlay.SetCaption("SO&NG PLAY");
   CommClose.SetCaption(GetText(app, kTextClose));
-  List1.on_click = Timer.on_timer = [this] { ClickRow(); };
+  List1.on_click = Timer.on_timer = [this] {
+    ClickRow();
+    RefreshMenus();
+  };
   CommArrPlay.on_click = [this] {
     this->app().midi.MonitorOn = true;
     SendModeArrPlay(this->app());

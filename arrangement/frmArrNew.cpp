@@ -23,7 +23,10 @@ frmArrNew::frmArrNew(Application& app, int number, Bytes image)
   CommLoadSty.SetCaption("Load &Styles");
   CommArrPlay.SetCaption("&ARR PLAY");
   CommClose.SetCaption(GetText(app, kTextClose));
-  List1.on_click = [this] { ClickRow(); };
+  List1.on_click = [this] {
+    ClickRow();
+    RefreshMenus();
+  };
   List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
   Timer.on_timer = TimerList1.on_timer = [this] { List1.Click(); };
   CommLoadArr.on_click = [this] { PressLoadArr(); };

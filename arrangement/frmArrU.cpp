@@ -1,5 +1,6 @@
 #include "arrangement/frmArrU.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "arrangement/api.h"
@@ -67,7 +68,10 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
   Label1[0].SetCaption("User/UPPER1");
   Label1[1].SetCaption("Style");
 
-  List1.on_click = [this] { ClickRow(); };
+  List1.on_click = [this] {
+    ClickRow();
+    RefreshMenus();
+  };
   List1.on_key = [this](const ui::Key& key) { PressKey(key); };
   CommLoadArr.on_click = [this] { PressLoadArr(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
@@ -279,6 +283,19 @@ void frmArrU::PressEdit() {
   AskAboutEdits();
   EnableEdit(false);
   OpenArrEditor(app(), *this, row);
+}
+
+// A selected row that has an arrangement now can be edited, and an editor without changes of its own shows it.
+void frmArrU::ShowItems(const ItemsShown& shown) {
+  ArrListWindow::ShowItems(shown);
+  if (!app().arrangement.EditorOpen) return EditorClosed();
+  const Bytes& record = app().arrangement.ArrEditRecord;
+  const int row = ByteAt(record, arr_edit::kIndex);
+  const bool here = ByteAt(record, arr_edit::kKind) == kKindArr && ByteAt(record, arr_edit::kWindowNumber) == number_;
+  const bool moved = std::find(shown.rows.begin(), shown.rows.end(), row) != shown.rows.end();
+  if (!here || !moved || IsEmptyRow(row) || app().arrangement.EditorChanged) return;
+  app().edits.TakeRecord(kArrRecordUnderEdit, PrepareEditRecord(window_image(), row, StyleName));
+  FillArrEditor(app());
 }
 
 void frmArrU::EditorClosed() {

@@ -45,6 +45,7 @@ class frmArrU : public ArrFileListWindow {
   void ShowName() override;
   void SettingsChanged() override;
   void RecordsChanged() override;
+  void ShowItems(const ItemsShown& shown) override;
 
   void Load() override;
   bool QueryClose() override;

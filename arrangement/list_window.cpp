@@ -18,6 +18,14 @@ namespace {
 constexpr std::size_t kLabelLength = 2;
 constexpr std::size_t kMarkLength = 2;
 
+std::string UserStyleSuffix(int entry) {
+  return " (" + UserStyleLabel(entry) + ")";
+}
+
+std::string UserStyleText(int entry, std::string_view image) {
+  return Utf8FromBytes(WindowStyName(entry, image)) + UserStyleSuffix(entry);
+}
+
 std::string FactoryStyleText(int number) {
   return Utf8FromBytes(TrimRight(StyleName(number))) + " (" + StyleLabel(number) + ")";
 }
@@ -85,6 +93,36 @@ void ArrListWindow::ShowRecordName(int index) {
   List1.SetRowText(index, text + Utf8FromBytes(name));
 }
 
+std::vector<std::string> ArrListWindow::UserStyles() const {
+  std::vector<std::string> styles;
+  if (ByteAt(window_image(), kStyStatePosition) == 0) return styles;
+  for (int entry = 0; entry < kStyEntryCount; ++entry) {
+    if (WindowStyEntrySize(entry, window_image()) != 0) styles.push_back(UserStyleText(entry, window_image()));
+  }
+  return styles;
+}
+
+// A cut takes the rows of its styles away. Otherwise the user's styles come first, and then the factory ones that the
+// arrangements use: at the opening it is the other way round, and that is wanted.
+void ArrListWindow::ShowItems(const ItemsShown& shown) {
+  const std::string shown_style = Combo1.text();
+  std::vector<std::string> styles;
+  if (shown.cut) {
+    for (int row = 0; row < Combo1.rows(); ++row) styles.push_back(Combo1.RowText(row));
+    for (const int entry : shown.cut_styles) {
+      std::erase_if(styles, [label = UserStyleSuffix(entry)](const std::string& row) { return row.ends_with(label); });
+    }
+  } else {
+    styles = UserStyles();
+  }
+  Combo1.SetRows(std::move(styles));
+  RecordsChanged();
+  const int row = List1.Row();
+  if (row < 0) return Combo1.ShowText(shown_style);
+  if (IsEmptyRow(row)) return Combo1.ShowText({});
+  ShowStyle(row);
+}
+
 void ArrListWindow::AddFactoryStyle(int number) {
   const std::string text = FactoryStyleText(number);
   for (int row = 0; row < Combo1.rows(); ++row) {
@@ -96,7 +134,7 @@ void ArrListWindow::AddFactoryStyle(int number) {
 void ArrListWindow::ShowStyle(int row) {
   const int style = record_byte(row, arr_record::kStyleNumber);
   if (UsesUserStyle(row)) {
-    Combo1.ShowText(Utf8FromBytes(WindowStyName(style, window_image())) + " (" + UserStyleLabel(style) + ")");
+    Combo1.ShowText(UserStyleText(style, window_image()));
   } else {
     Combo1.ShowText(FactoryStyleText(style));
   }

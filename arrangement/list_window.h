@@ -19,6 +19,9 @@ class ArrListWindow : public ChildWindow {
   // Rows, styles and buttons by the records, which others have changed; selection and focus stay.
   virtual void RecordsChanged() { FillRows(); }
 
+  ui::ListBox* ItemList() override { return &List1; }
+  void ShowItems(const ItemsShown& shown) override;
+
  protected:
   // The image carries everything; `number` tells windows of one class apart.
   ArrListWindow(Application& app, std::string name, std::string number, Bytes image);
@@ -39,6 +42,8 @@ class ArrListWindow : public ChildWindow {
 
  private:
   std::string RowText(int row) const;
+  // The styles of the file, by their entries.
+  std::vector<std::string> UserStyles() const;
   void ShowRows(std::vector<std::string> rows);
 };
 

@@ -39,6 +39,10 @@ std::string ChildWindow::BaseName() const {
   return std::string(WindowBaseName(window_image_));
 }
 
+void ChildWindow::RefreshMenus() {
+  if (app_.main != nullptr) app_.main->RefreshMenus();
+}
+
 void ChildWindow::Activated() {
   if (app_.main != nullptr) app_.main->RefreshMenus();
   ProgramEditorLeft(app_, *this);

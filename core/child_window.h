@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/bytes.h"
 #include "core/state.h"
@@ -29,6 +30,14 @@ enum class WindowFunction {
   kCount,
 };
 
+// What a paste or a cut has made of a window's image, for the window to show.
+struct ItemsShown {
+  bool cut = false;
+  std::vector<int> rows = {};        // of the list, that took an item or lost it
+  std::vector<int> cut_styles = {};  // entries of the styles that went with their arrangements
+  bool styles = false;               // the style part is another one
+};
+
 class ChildWindow : public ui::Form {
  public:
   ChildWindow(Application& app, std::string name, std::string number)
@@ -52,6 +61,10 @@ class ChildWindow : public ui::Form {
   virtual bool CanSave() const { return false; }
   // Whether the file has no name of its own yet, so that saving asks for one.
   virtual bool NeverSaved() const;
+  // The list whose rows are items that can be copied; null when there is none.
+  virtual ui::ListBox* ItemList() { return nullptr; }
+  // Shows rows one by one, with what follows from them: selection and focus stay, and nothing is clicked.
+  virtual void ShowItems(const ItemsShown& shown) { (void)shown; }
   // Whether another window takes this one along at its closing, and asks for it.
   virtual bool GoesWithAnother() const { return false; }
   // The caption by the image.
@@ -80,6 +93,8 @@ class ChildWindow : public ui::Form {
   virtual FormState* FormPlace() { return nullptr; }
   // Called before Load: at its very first showing the window is as large as so many characters need inside its frame.
   void SizeAtFirst(const ui::Font& font, ui::Size characters);
+  // What the menus offer follows the window; after a click in its list this comes last, since the sound comes first.
+  void RefreshMenus();
   // The Edit menu under the pointer, for a right click.
   void PopupEditMenu();
   // True, and the box tells so, when the file was opened read-only.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "aids/api.h"
 #include "arrangement/api.h"
@@ -77,6 +78,13 @@ void frmMain::ConnectMenus() {
     mnuDevMIDIIn(device).on_click = [this, device] { ChooseMidiIn(app(), device); };
   }
   Menu(mnuIngrandisci).on_click = [this] { Enlarge(); };
+  using ItemsCommand = void (*)(Application&, ChildWindow&);
+  for (const auto& [entry, command] : std::initializer_list<std::pair<MenuId, ItemsCommand>>{
+           {mnuTaglia, CutSelected}, {mnuCopia, CopySelected}, {mnuIncolla, PasteCopied}}) {
+    Menu(entry).on_click = [this, command = command] {
+      if (ChildWindow* child = ActiveChild()) command(app(), *child);
+    };
+  }
   for (const ActiveEntry& row : kActiveEntries) {
     Menu(row.entry).on_click = [this, function = row.function] {
       ChildWindow* child = ActiveChild();

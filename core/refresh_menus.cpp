@@ -45,6 +45,10 @@ void MainWindow::EnableForKind(ChildWindow& child) {
   Menu(mnuStampaLista).SetEnabled(PrintsList(child.Kind()));
   Menu(mnuStampaTabella).SetEnabled(PrintsTable(child.Kind()));
   Menu(mnuStampa).SetEnabled(PrintsTable(child.Kind()));
+  const ItemEntries items = UsableItemEntries(app_, child);
+  Menu(mnuTaglia).SetEnabled(items.cut);
+  Menu(mnuCopia).SetEnabled(items.copy);
+  Menu(mnuIncolla).SetEnabled(items.paste);
   for (const ActiveEntry& row : kActiveEntries) {
     Menu(row.entry).SetEnabled(!Waits(row.entry) && child.Offers(row.function));
   }

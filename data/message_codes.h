@@ -6,6 +6,7 @@ namespace zentaline {
 // The codes that are shown, by name. Of ShowMessage:
 inline constexpr int kMessageText = 1;
 inline constexpr int kMessageWrong = 2;
+inline constexpr int kMessageNoPlaceForStyle = 3;
 inline constexpr int kMessageErrorReading = 4;
 inline constexpr int kMessageNotFound = 5;
 inline constexpr int kMessageNoDatabase = 6;
@@ -25,6 +26,7 @@ inline constexpr int kMessagePathNotFound = 30;
 inline constexpr int kMessageDevice = 31;
 inline constexpr int kMessageDataFormat = 32;
 inline constexpr int kMessageNoInput = 33;
+inline constexpr int kMessageStylesTooLong = 36;
 inline constexpr int kMessageInputAllocated = 38;
 // Of ShowWait:
 inline constexpr int kWaitLoadingSty = 2;

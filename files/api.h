@@ -102,6 +102,20 @@ bool SaveFileAs(Application& app, ChildWindow& window);
 // The question before a changed window closes; false keeps it open.
 bool SaveBeforeClosing(Application& app, ChildWindow& window);
 
+// --- Items on their way between windows ---
+
+// Which of the entries Cut, Copy and Paste the window can serve, by its list, and by what was copied before.
+struct ItemEntries {
+  bool cut = false;
+  bool copy = false;
+  bool paste = false;
+};
+ItemEntries UsableItemEntries(const Application& app, ChildWindow& window);
+// mnuCopia, mnuTaglia and mnuIncolla. They do nothing where their entry can't be used.
+void CopySelected(Application& app, ChildWindow& window);
+void CutSelected(Application& app, ChildWindow& window);
+void PasteCopied(Application& app, ChildWindow& window);
+
 // `path` with its extension.
 void AddRecentFile(Application& app, const std::string& path, bool read_only);
 // What mnuRecentFile(i) shows; empty for a free record.

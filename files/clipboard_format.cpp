@@ -65,9 +65,14 @@ std::vector<int> MarkedRows(std::string_view image) {
   return marked;
 }
 
-void ClearMarks(Bytes& image) {
+// The table's bytes; a row of them begins at RowOffset, with its mark.
+Bytes TableBytes(std::string_view image) {
   const ItemTable table = ItemTableOf(image);
-  for (int row = 0; row < table.rows; ++row) PutByte(image, MarkPosition(table, row), 0);
+  return Slice(image, table.position, kRowTableRowLength * static_cast<std::size_t>(table.rows));
+}
+
+std::size_t RowOffset(int row) {
+  return kRowTableRowLength * static_cast<std::size_t>(row);
 }
 
 // Where the items of arrangements and programs go, row after row.
@@ -335,10 +340,8 @@ bool IsProgramLeft(std::string_view image) {
 
 ItemsDone CutPrograms(Bytes& image) {
   ItemsDone done;
-  const ItemTable table = ItemTableOf(image);
   for (const int row : MarkedRows(image)) {
     PutBytes(image, ProgramPosition(row), Bytes(kPrgRecordLength, '\0'));
-    PutBytes(image, MarkPosition(table, row) + 1, Bytes(kRowTableTextLength, ' '));
     done.rows.push_back(row);
   }
   if (done.rows.empty()) return done;
@@ -451,14 +454,27 @@ bool ShowsItem(ItemFamily family, int row, std::string_view text) {
   return StyRowEntry(row) >= 0 && text.substr(std::min(kRowNameOffset, text.size())) != kStyEmptyName;
 }
 
-void PutItemRows(Bytes& image, const std::vector<Bytes>& texts, const std::vector<int>& selected) {
-  const ItemTable table = ItemTableOf(image);
-  const int rows = std::min(table.rows, static_cast<int>(texts.size()));
-  for (int row = 0; row < rows; ++row) {
+Bytes MarkedTable(std::string_view image, const std::vector<Bytes>& texts, const std::vector<int>& selected) {
+  Bytes rows = TableBytes(image);
+  for (std::size_t i = 0; i < texts.size() && kRowTableRowLength * i < rows.size(); ++i) {
+    const int row = static_cast<int>(i);
     const bool marked = std::find(selected.begin(), selected.end(), row) != selected.end();
-    PutByte(image, MarkPosition(table, row), marked ? 1 : 0);
-    PutBytes(image, MarkPosition(table, row) + 1, Padded(texts[static_cast<std::size_t>(row)], kRowTableTextLength));
+    PutByte(rows, RowOffset(row) + 1, marked ? 1 : 0);
+    PutBytes(rows, RowOffset(row) + 2, Padded(texts[i], kRowTableTextLength));
   }
+  return rows;
+}
+
+Bytes UnmarkedTable(std::string_view image) {
+  const ItemTable table = ItemTableOf(image);
+  Bytes rows = TableBytes(image);
+  for (int row = 0; row < table.rows; ++row) {
+    if (table.family == ItemFamily::kPrograms && IsMarked(image, row)) {
+      PutBytes(rows, RowOffset(row) + 2, Bytes(kRowTableTextLength, ' '));
+    }
+    PutByte(rows, RowOffset(row) + 1, 0);
+  }
+  return rows;
 }
 
 ItemsDone PasteItems(std::string_view clipboard, Bytes& image, const PasteTarget& target,
@@ -477,24 +493,18 @@ ItemsDone PasteItems(std::string_view clipboard, Bytes& image, const PasteTarget
 }
 
 ItemsDone CutItems(Bytes& image, std::string_view empty_style) {
-  ItemsDone done;
   const ItemTable table = ItemTableOf(image);
-  if (!table.takes) return done;
+  if (!table.takes) return {};
   switch (table.family) {
     case ItemFamily::kArrangements:
-      done = CutArrangements(image, empty_style);
-      break;
+      return CutArrangements(image, empty_style);
     case ItemFamily::kPrograms:
-      done = CutPrograms(image);
-      break;
+      return CutPrograms(image);
     case ItemFamily::kStyles:
-      done = CutStyles(image, empty_style);
-      break;
+      return CutStyles(image, empty_style);
     default:
-      break;
+      return {};
   }
-  ClearMarks(image);
-  return done;
 }
 
 }  // namespace zentaline

@@ -35,8 +35,10 @@ Bytes ItemRowText(std::string_view image, int row);
 // Whether a row of this text shows an item: more than its number, no gap between groups, no "- empty -".
 bool ShowsItem(ItemFamily family, int row, std::string_view text);
 
-// Copy: marks and texts of the list's rows go into the image's table, each text cut or filled with blanks to 20 bytes.
-void PutItemRows(Bytes& image, const std::vector<Bytes>& texts, const std::vector<int>& selected);
+// The table's bytes after a copy: marks and texts of the list's rows, each text cut or filled with blanks to 20 bytes.
+// And after a cut: no marks; of programs the texts of what was marked are blank as well.
+Bytes MarkedTable(std::string_view image, const std::vector<Bytes>& texts, const std::vector<int>& selected);
+Bytes UnmarkedTable(std::string_view image);
 
 // What the boxes tell after a paste or a cut.
 enum class ItemNotice {
@@ -67,7 +69,7 @@ struct PasteTarget {
 // empty when there is none.
 ItemsDone PasteItems(std::string_view clipboard, Bytes& image, const PasteTarget& target, std::string_view empty_style);
 
-// Cuts the items that the image's own table marks, and clears all marks.
+// Cuts the items that the image's own table marks, and leaves the table as it is.
 ItemsDone CutItems(Bytes& image, std::string_view empty_style);
 
 }  // namespace zentaline

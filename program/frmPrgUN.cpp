@@ -104,6 +104,14 @@ std::string frmPrgUN::RowText(int row) const {
          Utf8FromBytes(Padded(name.substr(0, name.find('\0')), name.size()));
 }
 
+// A row that lost its program keeps its number alone.
+void frmPrgUN::ShowItems(const ItemsShown& shown) {
+  for (const int row : shown.rows) List1.SetRowText(row, shown.cut ? PanelNumberText(row) : RowText(row));
+  if (!shown.cut && !shown.rows.empty()) CommLoad.SetEnabled(true);
+  ShowEditButton();
+  ShowName();
+}
+
 // The file's format and its own button follow what the image has become.
 void frmPrgUN::ShowName() {
   const std::string_view extension = ProgramExtension(window_image());
@@ -133,7 +141,6 @@ void frmPrgUN::ClickRow() {
   const int row = ClickedRow();
   if (row < 0) return;
   ShowEditButton();
-  if (app().main != nullptr) app().main->RefreshMenus();
   if (IsEmptyRow(row)) return;
   const int state = TimerList1.interval();
   TimerList1.SetInterval(kTimerIdle);

@@ -24,6 +24,7 @@ class frmPrgUN : public ProgramListWindow {
   void ShowName() override;
   // Whether the editor can be opened on the row that is selected.
   void ShowEditButton();
+  void ShowItems(const ItemsShown& shown) override;
   void FileSaved() override { channel_chosen_ = false; }
   // The row that is selected, -1 when there is none, or it is empty or a link.
   int SelectedProgram() const;

@@ -30,7 +30,10 @@ ProgramListWindow::ProgramListWindow(Application& app, std::string name, std::st
   List1.multi_select = true;
   List1.group_rows = kRowsOfADecade;
   List1.least_characters = {24, 17};
-  List1.on_click = [this] { ClickRow(); };
+  List1.on_click = [this] {
+    ClickRow();
+    RefreshMenus();
+  };
   List1.on_context = on_context = [this] { PopupEditMenu(); };
   Combo1.on_click = [this] {
     if (this->app().core.FormLoading) return;

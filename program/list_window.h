@@ -17,6 +17,8 @@ class ProgramListWindow : public ChildWindow {
   // Puts the list on a row, counted from 0; nothing is heard or assigned.
   void ShowRow(int row);
 
+  ui::ListBox* ItemList() override { return &List1; }
+
  protected:
   ProgramListWindow(Application& app, std::string name, std::string number, Bytes image);
 

@@ -120,6 +120,10 @@ void frmStyUN::FillRows() {
   rows.reserve(kStyRowCount);
   for (int row = 0; row < kStyRowCount; ++row) rows.push_back(RowText(row));
   List1.SetRows(std::move(rows));
+  ShowSizes();
+}
+
+void frmStyUN::ShowSizes() {
   for (int entry = 0; entry < kStyEntryCount; ++entry) {
     Text1[entry].SetText(std::to_string(StyEntrySize(entry, styles())) + " ");
   }
@@ -129,6 +133,14 @@ void frmStyUN::FillRows() {
     CommLoadStyGrp[group].SetEnabled(sum != 0);
   }
   Text3.SetText(std::to_string(styles().size()));
+}
+
+void frmStyUN::ShowItems(const ItemsShown&) {
+  for (int row = 0; row < kStyRowCount; ++row) {
+    std::string text = RowText(row);
+    if (List1.RowText(row) != text) List1.SetRowText(row, std::move(text));
+  }
+  ShowSizes();
 }
 
 // Number and name; the number alone where there is no style, and a blank between two groups.
@@ -151,9 +163,10 @@ void frmStyUN::ShowName() {
 
 void frmStyUN::ClickRow() {
   MainWindow* main = app().main;
-  const int row = List1.focus_row();
-  if (main == nullptr || row < 0) return;
+  if (main == nullptr) return;
   main->RefreshMenus();
+  const int row = List1.focus_row();
+  if (row < 0) return;
   if (StyRowEntry(row) < 0) {
     main->Menu(MenuId::mnuLoadSty).SetEnabled(false);
   } else if (!IsNew()) {

@@ -32,6 +32,8 @@ class frmStyUN : public ChildWindow {
   bool Offers(WindowFunction function) override;
   bool CanSave() const override;
   void ShowName() override;
+  ui::ListBox* ItemList() override { return &List1; }
+  void ShowItems(const ItemsShown& shown) override;
 
   void Load() override;
   bool QueryClose() override;
@@ -51,6 +53,7 @@ class frmStyUN : public ChildWindow {
   void Connect();
   // Shows all entries, groups and sums anew.
   void FillRows();
+  void ShowSizes();
   std::string RowText(int row) const;
 
   void ClickRow();

@@ -76,25 +76,34 @@ TEST(ItemTable, ItemsFitTheirOwnFamilysFiles) {
 }
 
 TEST(ItemTable, ACopyWritesMarksAndTwentyBytesARow) {
-  std::string image = StyWindow(EmptyStyles());
-  PutItemRows(image, {"11  A long name of a style", "12", "\xE9\xFF"}, {0, 2});
-  std::string expected = StyWindow(EmptyStyles());
+  const std::string image = StyWindow(EmptyStyles());
+  std::string expected = Zeros(399);
   expected.replace(
-      270, 63,
+      0, 63,
       "\x01" + std::string("11  A long name of a") + Zeros(1) + Field("12", 20) + "\x01" + Field("\xE9\xFF", 20));
-  EXPECT_EQ(image, expected);
+  EXPECT_EQ(MarkedTable(image, {"11  A long name of a style", "12", "\xE9\xFF"}, {0, 2}), expected);
 }
 
-TEST(ItemTable, TheTableOfAProgramBankStandsFromPosition30) {
-  std::string image = Zeros(20) + Blanks(3294);
-  Set(image, 1, 8);
-  std::vector<std::string> rows(64, "11  Piano");
-  PutItemRows(image, rows, {63});
-  EXPECT_EQ(At(image, 29), ' ');
-  EXPECT_EQ(At(image, 30), 0);
-  EXPECT_EQ(image.substr(30, 20), Field("11  Piano", 20));
-  EXPECT_EQ(At(image, 30 + 21 * 63), 1);
-  EXPECT_EQ(At(image, 30 + 21 * 64), ' ');
+TEST(ItemTable, ACopyFillsNoMoreRowsThanThereAre) {
+  const std::vector<std::string> rows(70, "11  Piano");
+  for (const int kind : {2, 8, 9, 19, 21, 23}) {
+    EXPECT_EQ(MarkedTable(OfKind(kind), rows, {69}).size(), kind == 23 ? 399U : 1344U);
+  }
+  EXPECT_EQ(MarkedTable(OfKind(17), rows, {0}), "");
+  // The kits of a drum window leave the rest of its table as it was.
+  std::string drum = Hand({9}) + Blanks(1853);
+  EXPECT_EQ(MarkedTable(drum, std::vector<std::string>(16, "11  Kit"), {}).substr(336), Blanks(1008));
+}
+
+TEST(ItemTable, ACutLeavesNoMarksAndOfProgramsNoTexts) {
+  std::string styles = StyWindow("");
+  MarkSty(styles, 1, "Tango");
+  EXPECT_EQ(UnmarkedTable(styles), Zeros(22) + Field("nn  Tango", 20) + Zeros(357));
+
+  std::string programs = PrgImage();
+  PutPrg(programs, 0, "Strings");
+  PutPrg(programs, 1, "Brass", false);
+  EXPECT_EQ(UnmarkedTable(programs), Zeros(1) + Blanks(20) + Zeros(1) + Field("12  Brass", 20) + Zeros(1302));
 }
 
 // The labels of a new arrangement window stand on the mark bytes until the first copy.
