@@ -45,7 +45,7 @@ int ReadArrFile(Application& app, const std::string& path) {
   const FileReadResult result = ReadDataFile(app, path, kArrFileLength, file);
   if (result == kFileFailed || result == kFileAbsent) return result;
   const bool good = result == kFileRead && CheckArrFile(file) == kArrGood;
-  if (file.size() == kArrFileLength) app.arrangement.ArrFileImage = std::move(file);
+  if (file.size() == kArrFileLength) app.arrangement.ArrFileImage = Slice(file, 1, kArrFileLength);
   if (good) return kArrGood;
   ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
   return kArrWrong;
