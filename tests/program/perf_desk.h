@@ -22,6 +22,15 @@ class PerfDesk : public PrgDesk {
     program.Boxes();
     Log();
   }
+  // The program editor beside it, on the program as it stands.
+  void OpenEditor() {
+    Press("frmPrgUN(1).CommEdit");
+    program.toolkit.Activate(*Perf());
+    program.Boxes();
+    Log();
+  }
+  ChildWindow* Editor() { return static_cast<ChildWindow*>(program.toolkit.FindForm("frmEditPrg")); }
+  ui::ScrollBar& Bar(const std::string& name) { return *Find<ui::ScrollBar>("frmEditPrg." + name); }
   static std::string With(const std::map<std::size_t, int>& bytes) {
     std::string file = Bank();
     file.replace(48 + 172 * kRow + 16, 156, std::string(156, '\x32'));
@@ -45,14 +54,15 @@ class PerfDesk : public PrgDesk {
   // The program parameters since the last call, "A B LOW HIGH" each; anything else on the wire, and a parameter without
   // its 20 zero bytes, stands as it is.
   std::vector<std::string> Sent() {
-    static const std::string kPause = "0 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00";
-    static const std::string kBefore = "0 F0 42 30 4D 60 ";
+    static const std::string kPause = " " + HexText(std::string(20, '\0'));
+    static const std::string kBefore = " F0 42 30 4D 60 ";
     std::vector<std::string> sent;
     const std::vector<std::string> wire = Wire();
     for (std::size_t i = 0; i < wire.size(); ++i) {
-      const bool whole =
-          wire[i].starts_with(kBefore) && wire[i].ends_with(" F7") && i + 1 < wire.size() && wire[i + 1] == kPause;
-      sent.push_back(whole ? wire[i].substr(kBefore.size(), 11) : wire[i]);
+      const std::size_t message = wire[i].find(' ');
+      const bool whole = wire[i].substr(message).starts_with(kBefore) && wire[i].ends_with(" F7") &&
+                         i + 1 < wire.size() && wire[i + 1].ends_with(kPause);
+      sent.push_back(whole ? wire[i].substr(message + kBefore.size(), 11) : wire[i]);
       if (whole) ++i;
     }
     return sent;

@@ -82,6 +82,18 @@ const RowCase kRows[] = {
     {7, {146, 147, 148, 149}, {146, 147, 148, 149}, 55, {"13 07 37 00", "14 07 37 00"}, {"13 07 37 00", "14 07 37 00"}},
 };
 
+// The bars of the program editor that the rows move.
+const Strings kBars[] = {
+    {"OscHScroll(4)", "OscHScroll(44)"},
+    {"OscHScroll(9)", "OscHScroll(49)"},
+    {"OscHScroll(12)", "OscHScroll(52)"},
+    {"OscHScroll(30)", "OscHScroll(70)"},
+    {"OscHScroll(22)", "OscHScroll(36)", "OscHScroll(62)", "OscHScroll(76)"},
+    {"OscHScroll(24)", "OscHScroll(64)"},
+    {"OscHScroll(15)", "OscHScroll(27)", "OscHScroll(55)", "OscHScroll(67)"},
+    {"EffHScroll(0)", "EffHScroll(2)"},
+};
+
 class PerfRows : public ::testing::TestWithParam<RowCase> {
  protected:
   // The record with these positions at another value.
@@ -108,6 +120,21 @@ TEST_P(PerfRows, OfADoubleProgramMoveBothOneAfterTheOther) {
   ASSERT_TRUE(desk.Up(GetParam().row));
   EXPECT_EQ(desk.state().EditRecord.value(), Changed(before, GetParam().both, GetParam().after));
   EXPECT_EQ(desk.Sent(), GetParam().both_sent);
+}
+
+// The editor's bars do the same work by their own events, and send the same.
+TEST_P(PerfRows, MoveTheBarsOfTheOpenEditor) {
+  PerfDesk desk(kDouble);
+  desk.OpenEditor();
+  const Bytes before = desk.state().EditRecord;
+  ASSERT_TRUE(desk.Up(GetParam().row));
+  EXPECT_EQ(desk.state().EditRecord.value(), Changed(before, GetParam().both, GetParam().after));
+  EXPECT_EQ(desk.Sent(), GetParam().both_sent);
+  for (const std::string& bar : kBars[GetParam().row]) EXPECT_EQ(desk.Bar(bar).value(), GetParam().after) << bar;
+  EXPECT_NE(desk.Perf(), nullptr) << "its own presses don't close it";
+  ASSERT_TRUE(desk.Reset(GetParam().row));
+  EXPECT_EQ(desk.state().EditRecord.value(), before);
+  for (const std::string& bar : kBars[GetParam().row]) EXPECT_EQ(desk.Bar(bar).value(), 50) << bar;
 }
 
 TEST_P(PerfRows, GoDownByAsMuchAndComeBackByAReset) {
@@ -318,10 +345,11 @@ TEST(PerfEditor, AllRowsAreResetInTheirOrder) {
 
 TEST(PerfEditor, WhateverTheBytesAndThePressesAResetOfAllBringsTheRecordBack) {
   std::mt19937 random(7);
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < 40; ++round) {
     std::map<std::size_t, int> bytes;
     for (std::size_t position = 17; position <= 172; ++position) bytes[position] = static_cast<int>(random() % 256);
     PerfDesk desk(bytes);
+    if (round % 2 != 0) desk.OpenEditor();
     const Bytes before = desk.state().EditRecord;
     for (int press = 0; press < 60; ++press) {
       const int row = static_cast<int>(random() % 8);
