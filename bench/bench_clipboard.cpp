@@ -15,6 +15,7 @@
 #include "bench/program.h"
 #include "core/application.h"
 #include "core/child_window.h"
+#include "core/main_window.h"
 #include "core/window_image.h"
 #include "files/api.h"
 #include "midi/recorder/recorder.h"
