@@ -10,6 +10,7 @@
 #include "data/message_codes.h"
 #include "data/texts.h"
 #include "files/api.h"
+#include "global/pictures.h"
 #include "midi/api.h"
 
 namespace zentaline {
@@ -43,6 +44,7 @@ constexpr std::array<ShownTrack, 12> kShownTracks = {{
 }};
 
 constexpr int kCountCharacters = 7;
+constexpr ui::Size kBarsSize = {24, 0};
 
 }  // namespace
 
@@ -65,7 +67,7 @@ frmBsq::frmBsq(Application& app, Bytes image) : ChildWindow(app, "frmBsq", {}) {
   LayOut();
 }
 
-// Each sum stands beside its name.
+// Each sum stands beside its name, and each bar beside its count.
 void frmBsq::LayOut() {
   List1.SetFont({.fixed_pitch = true});
   List1.fills_height = true;
@@ -76,16 +78,21 @@ void frmBsq::LayOut() {
     Label3[n].least_characters = {kCountCharacters, 1};
     sums.push_back(ui::Item(Label3[n], 1));
   }
-  std::vector<ui::Layout> tracks;
+  std::vector<ui::Layout> captions;
+  std::vector<ui::Layout> counts;
   for (const ShownTrack& row : kShownTracks) {
     ui::Label& count = (row.extra ? Label4 : Label2)[row.index];
     count.right_aligned = true;
     count.least_characters = {kCountCharacters, 1};
-    tracks.push_back(ui::Item((row.extra ? Lab4 : Lab2)[row.index]));
-    tracks.push_back(ui::Item(count));
+    captions.push_back(ui::Item((row.extra ? Lab4 : Lab2)[row.index], 1));
+    counts.push_back(ui::Item(count, 1));
   }
+  EventsPicture.least_characters = kBarsSize;
   ui::Layout names = ui::Row({ui::Item(List1, 1), ui::Tight(ui::Column(std::move(sums)))}, 1);
-  ui::Layout events = ui::Inside(Frame1, ui::Column({ui::Grid(2, std::move(tracks)), ui::Space()}));
+  ui::Layout events = ui::Inside(Frame1,
+                                 ui::Row({ui::Tight(ui::Column(std::move(captions))),
+                                          ui::Tight(ui::Column(std::move(counts))), ui::Item(EventsPicture, 1)}),
+                                 1);
   ui::Layout buttons =
       ui::Column({ui::Inside(Frame2, ui::Column({ui::Item(CommLoadBSQ)})),
                   ui::Inside(Frame3, ui::Column({ui::Item(CommBSQ), ui::Item(CommArrPlay), ui::Item(CommSongPlay)})),
@@ -107,6 +114,7 @@ void frmBsq::Load() {
   ChildWindow::Load();
   ShowName();
   FillRows();
+  ShowTracks();
   app().core.FormLoading = false;
 }
 
@@ -127,10 +135,12 @@ void frmBsq::ShowName() {
 
 void frmBsq::ShowTracks() {
   const int sequence = List1.Row();
+  std::vector<int> counts;
   for (const ShownTrack& row : kShownTracks) {
-    const std::string count = sequence < 0 ? "" : std::to_string(BackSeqEvents(File(), sequence, row.track));
-    (row.extra ? Label4 : Label2)[row.index].SetCaption(count);
+    counts.push_back(sequence < 0 ? 0 : BackSeqEvents(File(), sequence, row.track));
+    (row.extra ? Label4 : Label2)[row.index].SetCaption(sequence < 0 ? "" : std::to_string(counts.back()));
   }
+  EventsPicture.SetDrawing(EventsDrawing(counts));
 }
 
 // A second press isn't held off: it sends at once, and the timer that would have done it stops.

@@ -8,6 +8,7 @@
 #include "core/child_window.h"
 #include "global/bsq_format.h"
 #include "ui/control_array.h"
+#include "ui/picture.h"
 
 namespace zentaline {
 
@@ -23,6 +24,7 @@ class frmBsq : public ChildWindow {
   ui::ControlArray<ui::Label> Label2{*this, "Label2", 0, 3};
   ui::ControlArray<ui::Label> Lab4{*this, "Lab4", 0, 7};
   ui::ControlArray<ui::Label> Label4{*this, "Label4", 0, 7};
+  ui::Picture EventsPicture{*this, "EventsPicture"};
   ui::Frame Frame2{*this, "Frame1", 1};
   ui::Button CommLoadBSQ{*this, "CommLoadBSQ"};
   ui::Frame Frame3{*this, "Frame1", 2};

@@ -6,6 +6,7 @@
 #include "tests/arrangement/arr_desk.h"
 #include "tests/global/bsq_builder.h"
 #include "tests/support/config.h"
+#include "ui/picture.h"
 
 namespace zentaline::test {
 namespace {
@@ -70,6 +71,38 @@ TEST_F(BackSequences, AClickShowsTheEventsOfEachTrack) {
     EXPECT_EQ(Text("frmBsq.Lab4(" + std::to_string(i) + ")"), "ETr" + std::to_string(i + 1) + ":");
   }
   EXPECT_EQ(Wire(), Lines()) << "looking sends nothing";
+}
+
+// Where the bar of each track ends, in thousandths of the picture; -1 without one.
+std::vector<double> BarEnds(const ui::Drawing& drawing) {
+  std::vector<double> ends(12, -1);
+  EXPECT_EQ(drawing.size, (ui::Point{1000, 12}));
+  for (const ui::Shape& shape : drawing.shapes) {
+    EXPECT_EQ(shape.kind, ui::Shape::Kind::kArea);
+    EXPECT_EQ(shape.points.size(), 4u);
+    EXPECT_EQ(shape.points[0].x, 0);
+    const int row = static_cast<int>(shape.points[0].y);
+    EXPECT_GT(shape.points[0].y, row);
+    EXPECT_LT(shape.points[2].y, row + 1) << "each bar stays in its row";
+    ends[static_cast<std::size_t>(row)] = shape.points[2].x;
+  }
+  return ends;
+}
+
+TEST_F(BackSequences, ABarBesideEachCountIsAsLongInProportionToTheGreatest) {
+  OpenBsq("Set.bsq");
+  auto* picture = Find<ui::Picture>("frmBsq.EventsPicture");
+  ASSERT_NE(picture, nullptr);
+  EXPECT_EQ(BarEnds(picture->drawing()), std::vector<double>(12, -1));
+  Choose(0);
+  EXPECT_EQ(BarEnds(picture->drawing()),
+            (std::vector<double>{375, 500, 625, 125, 250, 375, 500, 625, 750, 875, 1000, 250}));
+  Choose(7);
+  EXPECT_EQ(BarEnds(picture->drawing())[1], 1000);
+  EXPECT_EQ(picture->drawing().shapes.size(), 1u) << "no bar where there are no events";
+  Choose(1);
+  EXPECT_TRUE(picture->drawing().shapes.empty());
+  EXPECT_EQ(picture->handles(), 0);
 }
 
 TEST_F(BackSequences, TheImageIsControlBytesPathAndFile) {
