@@ -15,6 +15,7 @@
 #include "data/message_codes.h"
 #include "data/texts.h"
 #include "files/api.h"
+#include "global/api.h"
 #include "midi/api.h"
 #include "program/api.h"
 #include "style/api.h"
@@ -124,6 +125,7 @@ void frmMain::ConnectMenus() {
   Menu(mnuStyA).on_click = [this] { OpenStyBank(app(), kKindStyA); };
   Menu(mnuStyB).on_click = [this] { OpenStyBank(app(), kKindStyB); };
   Menu(mnuMultisample).on_click = [this] { ShowMultisamples(app()); };
+  Menu(mnuGlobalParam).on_click = [this] { ShowGlobalParameters(app()); };
   Menu(mnuMsgEx).on_click = [this] { ToggleMonitor(app()); };
   Menu(mnuMIDI).on_click = [this] { ShowChannels(app()); };
   for (const ProgramBank& bank : ProgramBanks()) {
@@ -156,6 +158,7 @@ void frmMain::Load() {
   ShowRecentFiles();
   ShowArrUEntry();
   ShowPrgUEntry();
+  Menu(mnuGlobalParam).SetEnabled(app().core.settings.GlobalSetInInstrument == 1);
   // The start is silent: where there is no database nothing is missing yet.
   app().arrangement.SilentStart = true;
   EnableDatabaseEntries(DBCheck(app()) == 0);

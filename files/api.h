@@ -56,6 +56,7 @@ struct FileKind {
   void (*open)(Application& app, int number, const std::string& base, bool read_only);
   const FileSaving* saving = nullptr;   // null for a kind that isn't saved
   int new_kind = 0;                     // of the windows of new files, which have numbers of their own; 0 for none
+  int unnamed_kind = 0;                 // of a window without a file, which saving makes one of this kind; 0 for none
   std::array<int, 2> saved_alike = {};  // other kinds of window that hold such a file
 };
 

@@ -17,26 +17,6 @@ constexpr std::string_view kOpenFilters =
     "Arrangements (*.arr)|*.arr|Style (*.sty)|*.sty|Programs (*.prg/pgg)|*.prg;*.pgg|Global (*.gbl)|*.gbl|"
     "Backing Sequence (*.bsq)|*.bsq|Programs (*.pcg)|*.pcg| All files (*.*)|*.*|";
 
-// What a file must be when another filter than the caller's own was left selected. The caller isn't told of the choice:
-// its window then opens on what its own buffer holds, and that is kept so.
-struct OtherFormat {
-  std::size_t largest;
-  bool exact;  // the file is just so long, else at most
-  std::string_view header;
-};
-constexpr OtherFormat kGblFormat = {448, true, {"KORG\x4D\x00\x06\x01", 8}};
-
-ChooseResult ReadOther(Application& app, const std::string& path, const OtherFormat& format) {
-  Bytes file;
-  const FileReadResult result = ReadDataFile(app, path, format.largest, file);
-  if (result == kFileFailed || result == kFileAbsent) return ReaderResult(result);
-  const bool good = result == kFileRead && (!format.exact || file.size() == format.largest) &&
-                    std::string_view(file).starts_with(format.header);
-  if (good) return kChosen;
-  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
-  return kChooseFailed;
-}
-
 bool HasExtension(const std::string& path, std::string_view extension) {
   return LowerCase(path).ends_with("." + std::string(extension));
 }
@@ -92,12 +72,8 @@ int PresetFilter(int kind, OldFormat wanted) {
   }
 }
 
-// Of the filters whose kinds have no windows yet.
-constexpr LastPlace kGblPlace = {&FilesState::LastGblDirectory, &FilesState::LastGblName};
-
 // What the dialog remembers by its filter; null where it remembers nothing.
 const LastPlace* PlaceOf(int filter) {
-  if (filter == kFilterGbl) return &kGblPlace;
   const int like = filter == kFilterPcg ? static_cast<int>(kFilterPrg) : filter;
   for (const FileKind& row : FileKinds()) {
     if (row.filter == like) return &row.place;
@@ -137,7 +113,9 @@ void RememberPlace(Application& app, int filter, const std::string& path) {
   }
 }
 
-// The reader that the selected filter has for this kind. Where it has none, nothing is read, and that is success.
+// The reader that the selected filter has for this kind. Where it has none, nothing is read, and that is success. The
+// caller isn't told of another filter than its own: its window then opens on what its own buffer holds, and that is
+// kept so.
 ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::string& path) {
   const std::string base = WithoutExtension(path);
   const FileKind* own = FileKindOf(kind);
@@ -156,7 +134,8 @@ ChooseResult ReadByFilter(Application& app, int kind, int filter, const std::str
       if (is_own) return ReadUnlessOpen(app, *own, path);
       return OpenAlready(app, *FileKindOf(kKindPrg), base) ? kChooseOpenAlready : ReadI30Prg(app, path);
     case kFilterGbl:
-      return HasExtension(path, "gbl") ? ReadOther(app, path, kGblFormat) : RefuseData(app, path);
+      if (!HasExtension(path, "gbl")) return RefuseData(app, path);
+      return ReadUnlessOpen(app, *FileKindOf(kKindGbl), path);
     case kFilterBsq:
       return ReadUnlessOpen(app, *FileKindOf(kKindBsq), path);
     case kFilterPcg:

@@ -75,6 +75,22 @@ void OpenPrg(Application& app, int number, const std::string& base, bool read_on
   OpenPrgWindow(app, number, base, read_only);
 }
 
+WindowRecord& GblSlot(Application& app, int number) {
+  return app.core.GblWindows[static_cast<std::size_t>(number)];
+}
+
+ChildWindow* GblWindow(const Application& app, int) {
+  return app.gbl_window;
+}
+
+ChooseResult ReadGbl(Application& app, const std::string& path) {
+  return ReaderResult(ReadGlobalFile(app, path));
+}
+
+void OpenGbl(Application& app, int, const std::string& base, bool read_only) {
+  OpenGlobalWindow(app, base, read_only);
+}
+
 WindowRecord& BsqSlot(Application& app, int number) {
   return app.core.BsqWindows[static_cast<std::size_t>(number)];
 }
@@ -143,10 +159,21 @@ std::string StySaveName(const ChildWindow&) {
 
 constexpr FileSaving kArrSaving = {.type = ArrType, .save = SaveArrFile, .name = ArrSaveName, .has_parts = true};
 constexpr FileSaving kPrgSaving = {.type = PrgType, .save = SavePrgFile, .name = PrgSaveName, .beside_file = true};
+int GblType(const Bytes&) {
+  return kTypeGbl;
+}
+
+std::string GblSaveName(const ChildWindow& window) {
+  return window.BaseName();
+}
+
 constexpr FileSaving kStySaving = {.type = StyType, .save = SaveStyFile, .name = StySaveName};
+constexpr FileSaving kGblSaving = {
+    .type = GblType, .save = SaveGlobalFile, .name = GblSaveName, .keeps_read_only = true};
 
 constexpr LastPlace kArrPlace = {&FilesState::LastArrDirectory, &FilesState::LastArrName};
 constexpr LastPlace kPrgPlace = {&FilesState::LastPrgDirectory, &FilesState::LastPrgName};
+constexpr LastPlace kGblPlace = {&FilesState::LastGblDirectory, &FilesState::LastGblName};
 
 // Styles and back sequences lie where the arrangements do.
 constexpr std::array kKinds = {
@@ -198,6 +225,18 @@ constexpr std::array kKinds = {
              .open = OpenSty,
              .saving = &kStySaving,
              .new_kind = kKindNewSty},
+    FileKind{.kind = kKindGbl,
+             .type = kTypeGbl,
+             .filter = kFilterGbl,
+             .place = kGblPlace,
+             .open_entry = MenuId::mnuApriGbl,
+             .windows = 1,
+             .slot = GblSlot,
+             .window = GblWindow,
+             .read = ReadGbl,
+             .open = OpenGbl,
+             .saving = &kGblSaving,
+             .unnamed_kind = kKindGlobal},
     FileKind{.kind = kKindBsq,
              .type = kTypeBsq,
              .filter = kFilterBsq,
@@ -211,7 +250,7 @@ constexpr std::array kKinds = {
 };
 
 bool Holds(const FileKind& row, int kind) {
-  return row.new_kind == kind ||
+  return row.new_kind == kind || row.unnamed_kind == kind ||
          std::find(row.saved_alike.begin(), row.saved_alike.end(), kind) != row.saved_alike.end();
 }
 

@@ -81,7 +81,8 @@ void OpenKnown(Application& app, const FileKind& kind, const std::string& path, 
 ChooseResult OpenInWindow(Application& app, int kind, const std::string& path, bool read_only) {
   const FileKind& row = *FileKindOf(kind);
   const int number = FreeWindow(app, kind);
-  if (number == 0 || !PathFits(app, path)) return kChooseFailed;
+  if (number == 0) return WindowOf(app, row, WithoutExtension(path)) == nullptr ? kChooseFailed : kChooseOpenAlready;
+  if (!PathFits(app, path)) return kChooseFailed;
   const ChooseResult result = ReadByFilter(app, row.kind, row.filter, path);
   if (result != kChosen) return result;
   RememberPlace(app, row.filter, path);

@@ -26,9 +26,10 @@ constexpr std::string_view kSaveFilters =
     "Arrangements (*.arr)|*.arr| Styles (*.sty)|*.sty| Programs (*.prg)|*.prg| Programs (*.pgg)| *.pgg|"
     " Global (*.gbl)| *.gbl| All files (*.*)|*.*|";
 
-const FileSaving* SavingOf(const Bytes& image) {
-  const FileKind* kind = FileKindOf(ByteAt(image, kKindPosition));
-  return kind == nullptr ? nullptr : kind->saving;
+// Null for a window that isn't saved.
+const FileKind* SavedKind(const ChildWindow& window) {
+  const FileKind* kind = FileKindOf(window.Kind());
+  return kind == nullptr || kind->saving == nullptr ? nullptr : kind;
 }
 
 ui::FileDialogRequest SaveRequest(const Application& app, const FileKind& kind, const ChildWindow& window) {
@@ -65,6 +66,7 @@ bool SaveWholeAs(Application& app, const FileKind& kind, ChildWindow& window, co
   PutWindowPath(image, base);
   for (const std::size_t position : {kReadOnlyPosition, kNoFilePosition, kNeverSavedPosition})
     PutByte(image, position, 0);
+  if (ByteAt(image, kKindPosition) == kind.unnamed_kind) PutByte(image, kKindPosition, kind.kind);
   if (saving.has_parts && ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
   if (!saving.save(app, image)) return false;
   app.edits.TakeSaved(window, std::move(image), true);
@@ -107,16 +109,16 @@ bool IsWhole(int own_type, int filter) {
 }  // namespace
 
 bool SaveFile(Application& app, ChildWindow& window) {
+  const FileKind* kind = SavedKind(window);
+  if (kind == nullptr) return false;
   // The path of a window without a file of its own is another file's.
   if (window.NeverSaved() || ByteAt(window.window_image(), kNoFilePosition) != 0) return SaveFileAs(app, window);
-  const FileSaving* saving = SavingOf(window.window_image());
-  if (saving == nullptr) return false;
-  if (saving->keeps_read_only && window.ReadOnly()) {
+  if (kind->saving->keeps_read_only && window.ReadOnly()) {
     ShowMessage(app, kMessageReadOnlyFile, ShownPath(window.BaseName()), {});
     return false;
   }
   Bytes image = window.window_image();
-  const bool saved = saving->save(app, image);
+  const bool saved = kind->saving->save(app, image);
   app.edits.TakeSaved(window, std::move(image), saved);
   if (saved) window.FileSaved();
   if (app.main != nullptr) app.main->RefreshMenus();
@@ -125,8 +127,8 @@ bool SaveFile(Application& app, ChildWindow& window) {
 
 bool SaveFileAs(Application& app, ChildWindow& window) {
   const Bytes& image = window.window_image();
-  const FileKind* kind = FileKindOf(window.Kind());
-  if (kind == nullptr || kind->saving == nullptr) return false;
+  const FileKind* kind = SavedKind(window);
+  if (kind == nullptr) return false;
   const FileSaving& saving = *kind->saving;
   const ui::FileDialogAnswer answer = app.toolkit.FileDialog(SaveRequest(app, *kind, window));
   if (answer.cancelled || answer.path.empty()) return false;

@@ -3,10 +3,23 @@
 
 #include <string>
 
+#include "base/bytes.h"
+
 namespace zentaline {
 
 struct Application;
 class ChildWindow;
+
+// Reads the .gbl at `path`, which has its extension, into GblBuffer. 0 good, 1 the file system's error, 2 a wrong file
+// (both shown), 3 absent or empty.
+int ReadGlobalFile(Application& app, const std::string& path);
+// Writes the file in a window's image to its path with ".gbl". False when it failed, which was shown.
+bool SaveGlobalFile(Application& app, Bytes& image);
+
+// Shows what GblBuffer holds; `path` is without extension. There is one global window at a time.
+ChildWindow& OpenGlobalWindow(Application& app, const std::string& path, bool read_only);
+// The whole of mnuGlobalParam: brings the global window to the front, or opens it on what the instrument holds.
+void ShowGlobalParameters(Application& app);
 
 // Reads the .bsq at `path`, which has its extension, into BsqBuffer. 0 good, 1 a wrong file or the file system's error
 // (both shown), 3 absent or empty.

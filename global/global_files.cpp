@@ -8,8 +8,27 @@
 #include "data/message_codes.h"
 #include "global/api.h"
 #include "global/bsq_format.h"
+#include "global/gbl_format.h"
 
 namespace zentaline {
+
+int ReadGlobalFile(Application& app, const std::string& path) {
+  Bytes file;
+  const FileReadResult result = ReadDataFile(app, path, kGlobalFileLength, file);
+  if (result == kFileFailed || result == kFileAbsent) return result;
+  if (result == kFileRead && CheckGlobalFile(file) == kGlobalGood) {
+    app.global.GblBuffer = std::move(file);
+    return kGlobalGood;
+  }
+  ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(path)));
+  return kGlobalWrong;
+}
+
+bool SaveGlobalFile(Application& app, Bytes& image) {
+  if (!WriteDataFile(app, std::string(WindowPath(image)) + ".gbl", GlobalFileBytes(image))) return false;
+  PutByte(image, kChangedPosition, 0);
+  return true;
+}
 
 int ReadBackSeqFile(Application& app, const std::string& path) {
   Bytes file;

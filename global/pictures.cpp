@@ -48,8 +48,9 @@ ui::Drawing EventsDrawing(std::span<const int> counts) {
   drawing.size = {kWidth, static_cast<double>(std::max<std::size_t>(counts.size(), 1))};
   const int greatest = counts.empty() ? 0 : *std::max_element(counts.begin(), counts.end());
   for (std::size_t i = 0; i < counts.size(); ++i) {
-    if (counts[i] <= 0) continue;
     const double top = static_cast<double>(i);
+    drawing.shapes.push_back(ui::Box({0, top + kBarTop}, {kWidth, top + kBarBottom}, Ink::kPaper));
+    if (counts[i] <= 0) continue;
     drawing.shapes.push_back(
         ui::Box({0, top + kBarTop}, {kWidth * counts[i] / greatest, top + kBarBottom}, Ink::kAccent));
   }

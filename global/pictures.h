@@ -7,7 +7,7 @@
 
 namespace zentaline {
 
-// A bar for each count below the other, as long in proportion to the greatest.
+// A bar for each count below the other on a ground of its own, as long in proportion to the greatest.
 ui::Drawing EventsDrawing(std::span<const int> counts);
 
 // The keys of an octave from C on, with their names; the middles of the twelve notes are equally far from each other,

@@ -9,6 +9,7 @@ inline constexpr std::size_t kGlobalRecordLength = 448;
 
 struct GlobalState {
   Bytes GlobalRecord;  // the 448 bytes of the set in the instrument; empty when there is none
+  Bytes GblBuffer;     // the file of global data that was read last
   Bytes BsqBuffer;     // the back sequence file that was read last
 };
 

@@ -4,9 +4,12 @@
 
 #include "core/application.h"
 #include "core/window_image.h"
+#include "files/api.h"
 #include "global/api.h"
 #include "global/bsq_format.h"
 #include "global/frmBsq.h"
+#include "global/frmGbl.h"
+#include "global/gbl_format.h"
 
 namespace zentaline {
 
@@ -14,6 +17,9 @@ namespace {
 
 // There is one window of each kind, so its number is always the same.
 constexpr int kOnlyWindow = 1;
+
+// The path of the block that the instrument holds, which is no file.
+constexpr char kNameWithoutFile[] = "Global Parameters";
 
 void PutControlBytes(Bytes& image, int kind, const WindowRecord& record, bool read_only) {
   PutByte(image, kKindPosition, kind);
@@ -23,7 +29,28 @@ void PutControlBytes(Bytes& image, int kind, const WindowRecord& record, bool re
   PutWindowPath(image, record.path);
 }
 
+ChildWindow& ShowGlobal(Application& app, const Bytes& block, int kind, bool read_only) {
+  Bytes image = BuildGlobalImage(block);
+  PutControlBytes(image, kind, app.core.GblWindows[kOnlyWindow], read_only);
+  return static_cast<ChildWindow&>(app.toolkit.Open(std::make_unique<frmGbl>(app, std::move(image))));
+}
+
 }  // namespace
+
+ChildWindow& OpenGlobalWindow(Application& app, const std::string& path, bool read_only) {
+  WindowRecord& record = app.core.GblWindows[kOnlyWindow];
+  record.path = path;
+  return ShowGlobal(app, app.global.GblBuffer, kKindGbl, read_only);
+}
+
+void ShowGlobalParameters(Application& app) {
+  if (app.gbl_window != nullptr) return app.toolkit.Activate(*app.gbl_window);
+  WindowRecord& record = app.core.GblWindows[kOnlyWindow];
+  record.path = kNameWithoutFile;
+  record.state = 1;
+  ShowGlobal(app, app.global.GlobalRecord, kKindGlobal, false);
+  RefreshOpenEntries(app);
+}
 
 ChildWindow& OpenBackSeqWindow(Application& app, const std::string& path, bool read_only) {
   WindowRecord& record = app.core.BsqWindows[kOnlyWindow];

@@ -82,6 +82,7 @@ std::vector<double> BarEnds(const ui::Drawing& drawing) {
     EXPECT_EQ(shape.points.size(), 4u);
     EXPECT_EQ(shape.points[0].x, 0);
     const int row = static_cast<int>(shape.points[0].y);
+    if (shape.ink == ui::Ink::kPaper) continue;
     EXPECT_GT(shape.points[0].y, row);
     EXPECT_LT(shape.points[2].y, row + 1) << "each bar stays in its row";
     ends[static_cast<std::size_t>(row)] = shape.points[2].x;
@@ -98,10 +99,11 @@ TEST_F(BackSequences, ABarBesideEachCountIsAsLongInProportionToTheGreatest) {
   EXPECT_EQ(BarEnds(picture->drawing()),
             (std::vector<double>{375, 500, 625, 125, 250, 375, 500, 625, 750, 875, 1000, 250}));
   Choose(7);
-  EXPECT_EQ(BarEnds(picture->drawing())[1], 1000);
-  EXPECT_EQ(picture->drawing().shapes.size(), 1u) << "no bar where there are no events";
+  std::vector<double> one(12, -1);
+  one[1] = 1000;
+  EXPECT_EQ(BarEnds(picture->drawing()), one) << "no bar where there are no events";
   Choose(1);
-  EXPECT_TRUE(picture->drawing().shapes.empty());
+  EXPECT_EQ(BarEnds(picture->drawing()), std::vector<double>(12, -1));
   EXPECT_EQ(picture->handles(), 0);
 }
 

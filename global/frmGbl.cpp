@@ -1,0 +1,129 @@
+#include "global/frmGbl.h"
+
+#include <utility>
+
+#include "core/application.h"
+#include "core/boxes.h"
+#include "core/edits.h"
+#include "core/main_window.h"
+#include "core/window_image.h"
+#include "files/api.h"
+#include "global/gbl_format.h"
+#include "midi/api.h"
+
+namespace zentaline {
+
+namespace {
+
+constexpr FieldPlace kDamperPlace = gbl_editor::kDamper.place;
+
+}  // namespace
+
+bool frmGbl::HasFile() const {
+  return Kind() == kKindGbl;
+}
+
+// What has no file comes back at the next start, in the place that it had; a file's window keeps its place for the run.
+WindowRecord* frmGbl::Record() {
+  return HasFile() ? &app().core.GblWindows[1] : nullptr;
+}
+
+FormState* frmGbl::FormPlace() {
+  return HasFile() ? nullptr : &app().core.FormStates[kKindGlobal];
+}
+
+void frmGbl::ShowName() {
+  if (!HasFile()) return SetCaption(BaseName());
+  SetCaption("File Gbl - " + ShownPath(BaseName()) + ".gbl (" + std::to_string(WindowNumber()) + ")" +
+             ReadOnlySuffix(app(), ReadOnly()));
+}
+
+// --- Opening ---
+
+void frmGbl::Load() {
+  app().core.FormLoading = true;
+  app().gbl_window = this;
+  ChildWindow::Load();
+  ShowToolTips();
+  ShowName();
+  FillGlobalWindow();
+  app().core.FormLoading = false;
+}
+
+void frmGbl::FillGlobalWindow() {
+  const bool loading = std::exchange(app().core.FormLoading, true);
+  rows_.Show();
+  const bool plus = ShownAt(gbl_editor::kDamper, window_image(), kWindowFilePosition) == 1;
+  GblOption1[plus ? 0 : 1].SetValue(true);
+  app().core.FormLoading = loading;
+}
+
+// --- What the user does ---
+
+void frmGbl::Edit(EditorControl& control) {
+  rows_.ShowLabel(control);
+  if (app().core.FormLoading) return;
+  if (!control.row->Has(kNotStored)) {
+    rows_.Store(control, RecordEditor::Shown(control));
+    MarkChanged();
+  }
+  CommLoadGbl.Press();
+}
+
+void frmGbl::ChooseDamper(bool plus) {
+  if (app().core.FormLoading) return;
+  const Field& field = gbl_editor::kDamper;
+  const int raw = RawAt(field, window_image(), kWindowFilePosition);
+  app().edits.Put(ImageOf(*this), kWindowFilePosition + kDamperPlace.offset,
+                  RawBytes(field, RawAfter(field, raw, plus ? 1 : 0)), {field.name, field.group});
+  MarkChanged();
+  CommLoadGbl.Press();
+}
+
+// All twelve notes, and one block.
+void frmGbl::ResetScale(int scale) {
+  const std::size_t start = kWindowFilePosition + kUserScaleBlock.StartOf(scale);
+  app().edits.Put(ImageOf(*this), start, Bytes(kNotesOfScale, '\0'),
+                  {"Reset", kScaleNames[static_cast<std::size_t>(scale)]});
+  for (int note = 0; note < kNotesOfScale; ++note) rows_.Show(*rows_.Of(VScroll2[kNotesOfScale * scale + note]));
+  MarkChanged();
+  CommLoadGbl.Press();
+}
+
+void frmGbl::MarkChanged() {
+  app().edits.Mark(*this, kChangedPosition, 1);
+}
+
+// What goes out is what the instrument holds from now on.
+void frmGbl::Send() {
+  if (app().core.FormLoading) return;
+  SendGlobalDump(app(), window_image());
+  app().core.settings.GlobalSetInInstrument = 1;
+  app().global.GlobalRecord = GlobalFileBytes(window_image());
+  if (app().main != nullptr) app().main->Menu(MenuId::mnuGlobalParam).SetEnabled(true);
+}
+
+// --- Saving and closing ---
+
+// What had no file has one now: this window no longer comes back by itself at the next start.
+void frmGbl::FileSaved() {
+  FormState& state = app().core.FormStates[kKindGlobal];
+  if (state.state == 0) return;
+  state.state = 0;
+  KeepPlacement(*Record(), placement());
+}
+
+bool frmGbl::QueryClose() {
+  return ByteAt(window_image(), kChangedPosition) == 0 || SaveBeforeClosing(app(), *this);
+}
+
+void frmGbl::Unload() {
+  app().gbl_window = nullptr;
+  ChildWindow::Unload();
+  if (app().core.Closing) return;
+  app().core.GblWindows[1].state = 0;
+  if (HasFile()) AddRecentFile(app(), std::string(WindowPath(window_image())) + ".gbl", ReadOnly());
+  RefreshOpenEntries(app());
+}
+
+}  // namespace zentaline
