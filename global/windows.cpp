@@ -47,8 +47,8 @@ void ShowGlobalParameters(Application& app) {
   if (app.gbl_window != nullptr) return app.toolkit.Activate(*app.gbl_window);
   WindowRecord& record = app.core.GblWindows[kOnlyWindow];
   record.path = kNameWithoutFile;
-  record.state = 1;
   ShowGlobal(app, app.global.GlobalRecord, kKindGlobal, false);
+  record.state = 1;
   RefreshOpenEntries(app);
 }
 

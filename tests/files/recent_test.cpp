@@ -125,11 +125,12 @@ TEST_F(Recent, AFileWithoutATypeIsNotKept) {
   EXPECT_EQ(Captions(), std::vector<std::string>(8, ""));
 }
 
-TEST_F(Recent, TypesWhoseWindowsDoNotExistYetAreShownButDisabled) {
-  AddRecentFile(program.app, "/1.arr", false);
-  AddRecentFile(program.app, "/5.gbl", false);
-  EXPECT_TRUE(program.app.main->mnuRecentFile(0).Usable());
-  EXPECT_FALSE(program.app.main->mnuRecentFile(1).UserPress());
+TEST_F(Recent, FilesOfEveryTypeCanBeOpened) {
+  for (const char* name : {"/1.arr", "/2.sty", "/3.prg", "/4.pgg", "/5.gbl", "/6.bsq"}) {
+    AddRecentFile(program.app, name, false);
+  }
+  for (int i = 0; i < 6; ++i) EXPECT_TRUE(program.app.main->mnuRecentFile(i).Usable()) << i;
+  EXPECT_FALSE(program.app.main->mnuRecentFile(6).Usable());
 }
 
 TEST_F(Recent, TheListIsStoredAndComesBackInItsOrder) {
