@@ -388,7 +388,7 @@ bool frmArrU::CanSave() const {
 
 bool frmArrU::QueryClose() {
   if (!CloseArrEditorOf(app(), *this)) return false;
-  if (ByteAt(window_image(), kChangedPosition) != 1) return true;
+  if (!CanSave()) return true;
   return SaveBeforeClosing(app(), *this);
 }
 

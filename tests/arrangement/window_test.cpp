@@ -441,6 +441,32 @@ TEST_F(Window, ARefusedSaveLosesNothing) {
   EXPECT_EQ(desk_.folder.Get("Song.arr"), arr);
 }
 
+// Styles alone can have been changed, by a paste.
+TEST_F(Window, StylesThatAreChangedAreAskedForAsArrangementsAre) {
+  const std::string arr = ArrBytes({{"A", 1, false, {}}});
+  const ShownBox question{51, "File Arr - Song.arr (1)", "The file has changed\nSave changes ?"};
+  for (const int arrangements : {0, 1}) {
+    for (const int styles : {0, 1}) {
+      desk_.Put("Song.sty", StyBytes(1));
+      OpenSong(arr);
+      Bytes& image = ImageFor(*desk_.program.Arr(1));
+      image.replace(42622 + 229, 1, "x");  // in the data of the first style
+      Set(image, 4, arrangements);
+      Set(image, 10, styles);
+      desk_.program.Boxes();
+      const bool changed = arrangements == 1 || styles == 1;
+      desk_.program.toolkit.answers = {ui::BoxAnswer::kCancel};
+      EXPECT_EQ(desk_.program.Arr(1)->UserClose(), !changed) << arrangements << styles;
+      EXPECT_EQ(desk_.program.Boxes(), changed ? std::vector<ShownBox>{question} : std::vector<ShownBox>());
+      if (!changed) continue;
+      desk_.program.toolkit.answers = {ui::BoxAnswer::kYes};
+      EXPECT_TRUE(desk_.program.Arr(1)->UserClose());
+      const std::string saved = desk_.folder.Get("Song.sty");
+      EXPECT_EQ(saved.at(229), styles == 1 ? 'x' : StyBytes(1)[229]) << "what is marked is written";
+    }
+  }
+}
+
 TEST_F(Window, AWindowMadeInMemoryIsSavedUnderANameThatIsAskedFor) {
   OpenSong(ArrBytes({{"A", 1, false, {}}}));
   Set(ImageFor(*desk_.program.Arr(1)), 4, 1);
