@@ -13,6 +13,9 @@ namespace zentaline::ui {
 
 class Monkey : public ScriptQuestions {
  public:
+  // It never ends the program.
+  bool stays = false;
+
   // `names` gives the paths that it knows when a dialog asks for one.
   Monkey(ConsoleToolkit& toolkit, unsigned seed, std::function<std::vector<std::string>()> names)
       : toolkit_(toolkit), driver_(toolkit), random_(seed), names_(std::move(names)) {}
@@ -27,8 +30,13 @@ class Monkey : public ScriptQuestions {
     // Half of the time the main window, whose menus lead everywhere.
     Form& form = *open[Pick(2) == 0 ? 0 : static_cast<std::size_t>(Pick(static_cast<int>(open.size())))];
     if (Pick(60) == 0) return ActOnForm(form);
-    const auto& controls = form.controls();
-    if (!controls.empty()) ActOn(*controls[static_cast<std::size_t>(Pick(static_cast<int>(controls.size())))]);
+    ActOnOneOf(form);
+  }
+
+  // One action in this window.
+  void ActIn(Form& form) {
+    const UserEvent event(toolkit_);
+    ActOnOneOf(form);
   }
 
   int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(std::max(count, 1))); }
@@ -58,11 +66,16 @@ class Monkey : public ScriptQuestions {
   }
 
  private:
+  void ActOnOneOf(Form& form) {
+    const auto& controls = form.controls();
+    if (!controls.empty()) ActOn(*controls[static_cast<std::size_t>(Pick(static_cast<int>(controls.size())))]);
+  }
+
   void ActOnForm(Form& form) {
     Placement placement = form.placement();
     switch (Pick(6)) {
       case 0:
-        if (form.kind() != FormKind::kMain || Pick(3) == 0) form.UserClose();
+        if (form.kind() != FormKind::kMain || (!stays && Pick(3) == 0)) form.UserClose();
         break;
       case 1:
         placement.left = Pick(2000) - 1000;
@@ -135,7 +148,7 @@ class Monkey : public ScriptQuestions {
         static_cast<Tabs&>(control).UserSet(Pick(8));
         break;
       default:
-        if (control.name() != "mnuExit" || Pick(10) == 0) driver_.Press(control);
+        if (control.name() != "mnuExit" || (!stays && Pick(10) == 0)) driver_.Press(control);
     }
   }
 
