@@ -18,7 +18,7 @@ constexpr ui::Font kFont = {.points = 10};
 }  // namespace
 
 frmBloccoNote::frmBloccoNote(Application& app) : ChildWindow(app, "frmBloccoNote", {}) {
-  Text1.multi_line = Text1.bytes_only = true;
+  Text1.multi_line = Text1.bytes_only = Text1.keeps_line_ends = true;
   Text1.max_length = kNoteLength;
   Text1.on_change = [this] {
     Bytes note;

@@ -62,6 +62,7 @@ class TextBox : public Control {
   void SetText(std::string text);
   void ShowText(std::string text);  // raises nothing
   bool multi_line = false;
+  bool keeps_line_ends = false;  // a text whose lines end in CR LF has them where the user types too
   bool read_only = false;
   std::size_t max_length = 0;  // in characters; 0 is without limit
   bool right_aligned = false;

@@ -217,6 +217,11 @@ TEST_F(Controls, ATextOfManyLinesIsTypedAndShown) {
   QTest::keyClick(text, Qt::Key_Return);
   QTest::keyClicks(text, "x");
   EXPECT_EQ(child->Text2.text(), "one\ntwo\nx");
+  child->Text2.keeps_line_ends = true;
+  child->Text2.SetText("one\r\ntwo");
+  text->moveCursor(QTextCursor::End);
+  QTest::keyClick(text, Qt::Key_Return);
+  EXPECT_EQ(child->Text2.text(), "one\r\ntwo\r\n");
 }
 
 TEST_F(Controls, AComboBoxShowsATextThatIsNoRowAndTakesTheUsersRow) {

@@ -115,7 +115,8 @@ class PagesView : public View {
   // Line ends stay what they were in the text that is changed.
   std::string Typed() const {
     QString text = Shown();
-    if (box_.text().find("\r\n") != std::string::npos) text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
+    if (box_.keeps_line_ends && box_.text().find("\r\n") != std::string::npos)
+      text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
     return FromQt(text);
   }
   void ShowTopLine() {
