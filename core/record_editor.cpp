@@ -60,6 +60,8 @@ void RecordEditor::SetUp(EditorControl& bound) {
       bar.SetRange(look.upright ? field.range.high : field.range.low, look.upright ? field.range.low : field.range.high,
                    1, look.page);
       bar.on_change = edit;
+      bar.shown = [this, &bound](int value) { return TextFor(bound, value); };
+      bar.value_label = bound.value;
       break;
     }
     case ui::ControlKind::kCheckBox: {
@@ -141,10 +143,14 @@ void RecordEditor::Fill(EditorControl& bound) {
   ShowLabel(bound);
 }
 
+std::string RecordEditor::TextFor(const EditorControl& bound, int shown) const {
+  return host_.text ? host_.text(bound, shown) : FieldText(bound.field(), shown);
+}
+
 void RecordEditor::ShowLabel(const EditorControl& bound) const {
   if (bound.value == nullptr) return;
   const int shown = Shown(bound);
-  bound.value->SetCaption(host_.text ? host_.text(bound, shown) : FieldText(bound.field(), shown));
+  bound.value->SetCaption(TextFor(bound, shown));
 }
 
 int RecordEditor::Shown(const EditorControl& bound) {

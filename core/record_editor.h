@@ -120,6 +120,7 @@ class RecordEditor {
  private:
   void SetUp(EditorControl& bound);
   void Fill(EditorControl& bound);
+  std::string TextFor(const EditorControl& bound, int shown) const;
   std::optional<int> InRecord(const EditorControl& bound) const;
 
   ui::Form& form_;

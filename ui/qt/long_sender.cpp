@@ -44,7 +44,8 @@ int LongSender::midiOutLongMsg(MidiHandle handle, MidiHeader& header, std::uint3
     QMetaObject::invokeMethod(
         &loop, [&loop] { loop.quit(); }, Qt::QueuedConnection);
   });
-  loop.exec(QEventLoop::ExcludeUserInputEvents);
+  // Input comes in, so that bars follow the hand; the gate keeps what it is about.
+  loop.exec();
   sender.join();
 
   service_.SetProgress(nullptr);

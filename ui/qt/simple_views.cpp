@@ -100,20 +100,27 @@ class LabelView : public View {
       static_cast<FieldLabel*>(widget_)->SetToolTipOfItsOwn(ToToolTip(label_.tool_tip()));
     }
   }
+  void ShowForNow(const std::optional<std::string>& text) override {
+    for_now_ = text ? std::optional(ToQt(*text)) : std::nullopt;
+    if (control() != nullptr) ShowText();
+  }
 
  private:
   void ShowText() {
-    const QString text = label_.literal ? ToQt(label_.caption()) : WithoutMnemonic(label_.caption());
+    const QString text = for_now_         ? *for_now_
+                         : label_.literal ? ToQt(label_.caption())
+                                          : WithoutMnemonic(label_.caption());
     if (label_.sunken) {
       static_cast<FieldLabel*>(widget_)->SetWholeText(text);
     } else {
       // With a buddy the label's mnemonic takes to it, and Qt reads the signs itself.
-      widget_->setText(widget_->buddy() != nullptr ? ToQt(label_.caption()) : text);
+      widget_->setText(widget_->buddy() != nullptr && !for_now_ ? ToQt(label_.caption()) : text);
     }
   }
 
   Label& label_;
   QLabel* widget_;
+  std::optional<QString> for_now_;
 };
 
 class CheckBoxView : public View {

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
@@ -12,6 +14,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 
 #include "ui/qt/convert.h"
 #include "ui/qt/simple_views.h"
@@ -33,14 +36,34 @@ bool OnAPageThatScrolls(const QWidget& widget) {
   return false;
 }
 
-class Bar : public QScrollBar {
+class Bar : public QScrollBar, public FollowsHand {
  public:
   using QScrollBar::QScrollBar;
+  bool follows = true;
+
+  bool Follows(const QEvent& event) const override {
+    if (!follows) return false;
+    switch (event.type()) {
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+        return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+      case QEvent::MouseMove:
+        return (static_cast<const QMouseEvent&>(event).buttons() & Qt::LeftButton) != 0;
+      case QEvent::Wheel:
+        return TurnsByWheel();
+      case QEvent::KeyPress:
+      case QEvent::KeyRelease:
+        return MovesBar(static_cast<const QKeyEvent&>(event));
+      default:
+        return false;
+    }
+  }
 
  protected:
   // A notch of the wheel is one step, as an arrow key is. Where the wheel has nothing to scroll the bar needs no focus.
   void wheelEvent(QWheelEvent* event) override {
-    if (!hasFocus() && OnAPageThatScrolls(*this)) {
+    if (!TurnsByWheel()) {
       event->ignore();
       return;
     }
@@ -60,6 +83,11 @@ class Bar : public QScrollBar {
   }
 
  private:
+  bool TurnsByWheel() const { return hasFocus() || !OnAPageThatScrolls(*this); }
+  static bool MovesBar(const QKeyEvent& event) {
+    const std::optional<Key> key = ToKey(event);
+    return key && key->name >= Key::kUp;
+  }
   int turned_ = 0;  // of a notch, in eighths of a degree
 };
 
@@ -75,8 +103,9 @@ class ScrollBarView : public View {
     } else {
       widget_->setMinimumWidth(kLeastBarLength);
     }
-    connect(widget_, &QScrollBar::valueChanged, this,
-            [this](int way) { User([this, way] { bar_.UserSet(bar_.min() + Sign() * way); }); });
+    // What is told of each event by itself can't be told of moves alone.
+    static_cast<Bar*>(widget_)->follows = !bar.on_mouse && !bar.on_key;
+    connect(widget_, &QScrollBar::valueChanged, this, [this](int way) { Moved(bar_.min() + Sign() * way); });
   }
 
  protected:
@@ -88,6 +117,8 @@ class ScrollBarView : public View {
       widget_->setSingleStep(bar_.step());
       widget_->setPageStep(bar_.page());
     }
+    // Where the hand has it already, the program will come too.
+    if (waiting_ > 0) return;
     if (change == Change::kRange || change == Change::kValue) widget_->setValue(Sign() * (bar_.value() - bar_.min()));
   }
   bool KeyDoes(const Key& key, const QKeyEvent&) override {
@@ -95,10 +126,56 @@ class ScrollBarView : public View {
     bar_.DefaultKey(key);
     return true;
   }
+  bool KeyMoves(const Key& key) override {
+    const int way = widget_->value();
+    switch (key.name) {
+      case Key::kUp:
+        widget_->setValue(way - bar_.step());
+        return true;
+      case Key::kDown:
+        widget_->setValue(way + bar_.step());
+        return true;
+      case Key::kPageUp:
+        widget_->setValue(way - bar_.page());
+        return true;
+      case Key::kPageDown:
+        widget_->setValue(way + bar_.page());
+        return true;
+      case Key::kHome:
+        widget_->setValue(widget_->minimum());
+        return true;
+      case Key::kEnd:
+        widget_->setValue(widget_->maximum());
+        return true;
+      default:
+        return false;
+    }
+  }
 
  private:
+  void Moved(int value) {
+    if (control() == nullptr || gate().showing()) return;
+    const auto set = [this, value] { bar_.UserSet(value); };
+    if (!gate().Waits()) {
+      User(set);
+      return;
+    }
+    const auto delivered = [this, set] {
+      if (--waiting_ == 0) ShowByLabel(std::nullopt);
+      Reported(set)();
+    };
+    if (gate().KeepMove(this, delivered)) ++waiting_;
+    ShowByLabel(value);
+  }
+  void ShowByLabel(std::optional<int> value) {
+    if (control() == nullptr || bar_.value_label == nullptr || bar_.value_label->view == nullptr || !bar_.shown) return;
+    auto* label = static_cast<View*>(bar_.value_label->view);
+    label->ShowForNow(value ? std::optional(bar_.shown(*value)) : std::nullopt);
+  }
+
   ScrollBar& bar_;
   QScrollBar* widget_;
+  int waiting_ = 0;  // moves that the program has not been told of yet
 };
 
 // Shows the model's text, also when it is none of the rows.

@@ -134,9 +134,8 @@ void View::Watch(QWidget* part) {
   part->installEventFilter(this);
 }
 
-void View::User(const std::function<void()>& act) {
-  if (control_ == nullptr) return;
-  gate_.User(this, [this, act] {
+std::function<void()> View::Reported(const std::function<void()>& act) {
+  return [this, act] {
     const QPointer<View> alive(this);
     if (control_ != nullptr) act();
     if (!alive || control_ == nullptr) return;
@@ -144,7 +143,7 @@ void View::User(const std::function<void()>& act) {
     Refresh(Change::kText);
     Refresh(Change::kRow);
     Refresh(Change::kValue);
-  });
+  };
 }
 
 bool View::eventFilter(QObject* watched, QEvent* event) {
@@ -184,6 +183,7 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
 bool View::OnKey(const QKeyEvent& event) {
   const std::optional<Key> key = ToKey(event);
   if (!key) return false;
+  if (gate_.Waits() && dynamic_cast<FollowsHand*>(widget_) != nullptr) return KeyMoves(*key);
   bool taken = false;
   const QPointer<View> alive(this);
   gate_.UserNow([&] {
@@ -197,6 +197,7 @@ bool View::OnKey(const QKeyEvent& event) {
 }
 
 bool View::OnMouse(const QWidget& part, const QMouseEvent& event) {
+  if (event.type() != QEvent::MouseMove) gate_.NoteButton(event, widget_);
   const bool right = event.button() == Qt::RightButton || (event.buttons() & Qt::RightButton) != 0;
   const QPoint place = part.mapTo(widget_, event.position().toPoint());
   const QPointer<View> alive(this);

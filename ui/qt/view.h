@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QWidget>
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "ui/control.h"
 #include "ui/form.h"
@@ -25,6 +27,8 @@ class View : public QObject, public ControlView {
 
   void Show(Change change) final;
   void ShowAll();
+  // A text in place of the control's own, until there is none.
+  virtual void ShowForNow(const std::optional<std::string>& text) { (void)text; }
   // The control is about to go; the widget may live on for a while.
   virtual void Detach();
   QWidget* widget() const { return widget_; }
@@ -38,6 +42,11 @@ class View : public QObject, public ControlView {
   // The widget that takes the focus and the colours.
   virtual QWidget* field() const { return widget_; }
   virtual void ShowColours();
+  // What the key does at once while the program is held up and all else waits; true when it is done.
+  virtual bool KeyMoves(const Key& key) {
+    (void)key;
+    return false;
+  }
   // The room that `least_characters` asks for.
   virtual void ShowLeastSize();
 
@@ -47,7 +56,8 @@ class View : public QObject, public ControlView {
   // Has a part of the widget watched for focus, keys and mouse too.
   void Watch(QWidget* part);
   // Reports a doing of the user, and shows the model again afterwards: it may have been refused.
-  void User(const std::function<void()>& act);
+  void User(const std::function<void()>& act) { gate_.User(this, Reported(act)); }
+  std::function<void()> Reported(const std::function<void()>& act);
   bool eventFilter(QObject* watched, QEvent* event) override;
   Gate& gate() const { return gate_; }
 
