@@ -22,7 +22,8 @@ target_compile_options(zentaline_options INTERFACE -Wall -Wextra -Wpedantic -Wsh
 # of it for something that was never set; with precompiled headers, a string for one that overflows.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(zentaline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized
-                                                     -Wno-stringop-overflow -Wno-array-bounds)
+                                                     -Wno-stringop-overflow -Wno-stringop-overread -Wno-array-bounds
+                                                     -Wno-free-nonheap-object)
 endif()
 if(ZENTALINE_SANITIZE)
   target_compile_options(zentaline_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
