@@ -14,6 +14,7 @@
 #include "core/child_window.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
+#include "files/clipboard_format.h"
 #include "midi/recorder/recorder.h"
 #include "tests/support/config.h"
 #include "tests/support/memory_disk.h"
@@ -24,12 +25,15 @@ namespace {
 
 constexpr std::size_t kMarkPositions[] = {4, 6, 7, 9, 10, 19};
 
-// What an image holds that can be taken back: what stands behind its prefix without the channel of a bank, and its
-// marks.
+// What an image holds that can be taken back: what stands behind its prefix without the channel of a bank and the table
+// of rows that were copied, and its marks.
 Bytes MeantOf(const Bytes& image) {
-  Bytes meant = image.size() > kWindowPrefixLength ? image.substr(kWindowPrefixLength) : Bytes();
+  Bytes meant = image;
   const int kind = ByteAt(image, 1);
-  if (kind == kKindPrg || kind == kKindNewPrg || kind == kKindPcg) PutByte(meant, 286 - kWindowPrefixLength, 0);
+  if (kind == kKindPrg || kind == kKindNewPrg || kind == kKindPcg) PutByte(meant, 286, 0);
+  const ItemTable table = ItemTableOf(image);
+  PutBytes(meant, table.position, Bytes(21 * static_cast<std::size_t>(table.rows), '\0'));
+  meant.erase(0, kWindowPrefixLength);
   for (const std::size_t position : kMarkPositions) meant += static_cast<char>(ByteAt(image, position));
   return meant;
 }
