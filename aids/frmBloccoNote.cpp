@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/file_reading.h"
@@ -32,13 +33,12 @@ FormState* frmBloccoNote::FormPlace() {
 }
 
 void frmBloccoNote::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   SetCaption(GetText(app(), kTextNotebook));
   ChildWindow::Load();
   Text1.SetFont(kFont);
   Text1.SetText(Utf8FromBytes(TrimRight(app().aids.NoteText)));
   if (app().main != nullptr) app().main->Menu(MenuId::mnuBloccoNote).SetEnabled(false);
-  app().core.FormLoading = false;
 }
 
 // What stands behind the text in a longer file stays there. A file that holds the same already is left alone, so that

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/window_image.h"
@@ -51,7 +52,7 @@ FormState* frmGuida::FormPlace() {
 }
 
 void frmGuida::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   SetCaption(std::string("Zentaline - ") + GetText(app(), kTextGuide));
   Text1.SetFont(kFont);
   SizeAtFirst(kFont, kFirstCharacters);
@@ -62,7 +63,6 @@ void frmGuida::Load() {
   lines_ = CountLines(text);
   Text1.SetText(std::move(text));
   Timer1.Start();
-  app().core.FormLoading = false;
 }
 
 int frmGuida::LinesOfPage() const {

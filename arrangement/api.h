@@ -71,5 +71,6 @@ void ShowFindId(Application& app);
 void FindArrangement(Application& app, const std::string& text, const std::string& title);
 // 1 when there is no database, else 0; shows what it finds unless SilentStart.
 int DBCheck(Application& app);
+int DBCheckSilently(Application& app);
 
 }  // namespace zentaline

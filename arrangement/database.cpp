@@ -6,6 +6,7 @@
 #include "arrangement/api.h"
 #include "arrangement/arr_format.h"
 #include "arrangement/db_format.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/file_reading.h"
@@ -178,6 +179,11 @@ void DBPurge(Application& app) {
   });
   StoreDatabase(app, std::move(image), EditWords{"Update", {}, kDatabaseName});
   DatabasePurged(app);
+}
+
+int DBCheckSilently(Application& app) {
+  const ScopedValue silent(app.arrangement.SilentStart, true);
+  return DBCheck(app);
 }
 
 int DBCheck(Application& app) {

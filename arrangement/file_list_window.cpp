@@ -5,10 +5,17 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "core/send_steps.h"
 #include "data/message_codes.h"
 #include "midi/api.h"
 
 namespace zentaline {
+
+namespace {
+
+constexpr int kLoadArrDue = 9;  // milliseconds
+
+}  // namespace
 
 std::string ArrFileListWindow::NameForInstrument() const {
   return CutText(BaseName(), kInstrumentNameLength);
@@ -16,7 +23,7 @@ std::string ArrFileListWindow::NameForInstrument() const {
 
 void ArrFileListWindow::ClickRow() {
   const int row = List1.Row();
-  if (app().arrangement.ListBusy || row < 0) return;
+  if (app().core.ListBusy || row < 0) return;
   if (IsEmptyRow(row)) {
     ShowNothing();
     return ShowWait(app(), 0);
@@ -42,19 +49,12 @@ void ArrFileListWindow::ClickRow() {
 }
 
 bool ArrFileListWindow::LoadArrIsDue(ui::Timer& timer) {
-  if (timer.interval() == kTimerIdle) {
-    AskAboutEdits();
-    // A click that waits for the file fills the editor anew and doesn't ask twice.
-    if (ClickTimer().interval() == kClickArrSent) app().edits.Mark(kArrRecordUnderEdit, false);
-    ShowWait(app(), kWaitLoadingArr);
-    timer.SetInterval(kTimerDue);
-    timer.Start();
-    return false;
-  }
-  // Stopped, since a second press may have come before the timer.
-  timer.Stop();
-  timer.SetInterval(kTimerIdle);
-  return true;
+  if (TakeSendStep(timer) != kSendIdle) return true;
+  AskAboutEdits();
+  // A click that waits for the file fills the editor anew and doesn't ask twice.
+  if (ClickTimer().interval() == kClickArrSent) app().edits.Mark(kArrRecordUnderEdit, false);
+  WaitForSend(app(), timer, kLoadArrDue, kWaitLoadingArr);
+  return false;
 }
 
 void ArrFileListWindow::SendArrangements() {

@@ -10,10 +10,7 @@ namespace zentaline {
 
 class ArrFileListWindow : public ArrListWindow {
  protected:
-  // The states that a load button's timer and the list's carry in their intervals, which are milliseconds too.
-  static constexpr int kTimerIdle = 10;
-  static constexpr int kTimerDue = 9;
-  // What a click of the list goes on from.
+  // What a click of the list goes on from: the intervals of its timer, which are milliseconds too.
   static constexpr int kClickFresh = 10;
   static constexpr int kClickArrSent = 11;
   static constexpr int kClickStySent = 12;

@@ -6,6 +6,7 @@
 #include "arrangement/api.h"
 #include "arrangement/arr_format.h"
 #include "arrangement/windows.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
@@ -27,7 +28,7 @@ frmArrAB::frmArrAB(Application& app, int kind, Bytes image)
     RefreshMenus();
   };
   CommArrPlay.on_click = [this] {
-    this->app().midi.MonitorOn = true;
+    SetMonitorOn(this->app(), true);
     SendModeArrPlay(this->app());
     List1.SetFocus();
   };
@@ -58,13 +59,12 @@ void frmArrAB::ShowName() {
 }
 
 void frmArrAB::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   ChildWindow::Load();
   ShowName();
   FillRows();
   Text1.SetText(" " + std::to_string(FileId()));
   if (app().main != nullptr) app().main->Menu(ArrBankEntry(kind_)).SetEnabled(false);
-  app().core.FormLoading = false;
   if (IsSearched()) Timer.Start();
 }
 
@@ -78,7 +78,7 @@ void frmArrAB::GoToFoundRow() {
 
 void frmArrAB::ClickRow() {
   ArrangementState& state = app().arrangement;
-  if (state.ListBusy) return;
+  if (app().core.ListBusy) return;
   if (IsSearched()) {
     // The row that it is put on raises the click anew.
     state.FindActive = false;

@@ -5,9 +5,11 @@
 
 #include "arrangement/arr_format.h"
 #include "arrangement/windows.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "core/send_steps.h"
 #include "core/window_image.h"
 #include "data/texts.h"
 #include "files/api.h"
@@ -30,9 +32,8 @@ frmArrNew::frmArrNew(Application& app, int number, Bytes image)
   List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
   Timer.on_timer = TimerList1.on_timer = [this] { List1.Click(); };
   CommLoadArr.on_click = [this] { PressLoadArr(); };
-  TimerLoadArr.on_timer = [this] { CommLoadArr.Press(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
-  TimerLoadSty.on_timer = [this] { CommLoadSty.Press(); };
+  Serve({{WindowFunction::kLoadArr, CommLoadArr, TimerLoadArr}, {WindowFunction::kLoadSty, CommLoadSty, TimerLoadSty}});
   MakeModeButton(CommArrPlay, SendModeArrPlay, List1);
   CommClose.on_click = [this] { Close(); };
   LayOut();
@@ -52,12 +53,11 @@ ChildWindow*& frmArrNew::Slot() {
 }
 
 void frmArrNew::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   Slot() = this;
   ChildWindow::Load();
   ShowName();
   RecordsChanged();
-  app().core.FormLoading = false;
 }
 
 void frmArrNew::ShowName() {
@@ -112,28 +112,6 @@ void frmArrNew::PressLoadSty() {
 
 // --- The main window asks ---
 
-ui::Button* frmArrNew::ButtonOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kLoadArr:
-      return &CommLoadArr;
-    case WindowFunction::kLoadSty:
-      return &CommLoadSty;
-    default:
-      return nullptr;
-  }
-}
-
-ui::Timer* frmArrNew::TimerOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kLoadArr:
-      return &TimerLoadArr;
-    case WindowFunction::kLoadSty:
-      return &TimerLoadSty;
-    default:
-      return nullptr;
-  }
-}
-
 bool frmArrNew::CanSave() const {
   return ByteAt(window_image(), kChangedPosition) == 1;
 }
@@ -153,11 +131,7 @@ bool frmArrNew::QueryClose() {
 }
 
 void frmArrNew::Unload() {
-  if (TimerLoadArr.interval() != kTimerIdle || LoadingStyles(timers())) ShowWait(app(), 0);
-  Slot() = nullptr;
-  ChildWindow::Unload();
-  if (app().core.Closing) return;
-  if (saved_) AddRecentFile(app(), Path() + ".arr", false);
+  UnloadFile(Slot(), SendIsDue(TimerLoadArr) || LoadingStyles(timers()), saved_ ? Path() + ".arr" : "");
   RefreshNewArrEntry(app());
 }
 

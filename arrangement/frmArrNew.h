@@ -23,8 +23,6 @@ class frmArrNew : public ArrFileListWindow {
   ui::Timer TimerLoadArr{*this, "TimerLoadArr"};
   ui::Timer TimerLoadSty{*this, "TimerLoadSty"};
 
-  ui::Button* ButtonOf(WindowFunction function) override;
-  ui::Timer* TimerOf(WindowFunction function) override;
   bool CanSave() const override;
   bool NeverSaved() const override { return !saved_; }
   void FileSaved() override;

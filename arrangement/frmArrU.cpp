@@ -6,6 +6,7 @@
 #include "arrangement/api.h"
 #include "arrangement/arr_format.h"
 #include "base/panel_numbers.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
@@ -35,17 +36,24 @@ constexpr std::size_t kSearchStep = 8;
 frmArrU::frmArrU(Application& app, int number, Bytes image)
     : ArrFileListWindow(app, "frmArrU", std::to_string(number), std::move(image)),
       number_(number),
-      TimerLoadArr(MakeTimer("TimerLoadArr", -1, [this] { CommLoadArr.Press(); })),
-      TimerLoadSty(MakeTimer("TimerLoadSty", -1, [this] { CommLoadSty.Press(); })),
-      TimerLoadPrg(MakeTimer("TimerLoadPrg", -1, [this] { CommLoadPrg.Press(); })),
+      TimerLoadArr(MakeTimer("TimerLoadArr")),
+      TimerLoadSty(MakeTimer("TimerLoadSty")),
+      TimerLoadPrg(MakeTimer("TimerLoadPrg")),
       TimerTxSty0(MakeTimer("TimerTxSty", 0, [this] { CommLoadSty.Press(); })),
       TimerTxSty1(MakeTimer("TimerTxSty", 1, [this] { CommLoadSty.Press(); })),
       TimerList1(MakeTimer("TimerList1", -1, [this] { List1.Click(); })),
       TimerFindID(MakeTimer("TimerFindID", -1, [this] { StepSearch(); })),
-      TimerAdd(MakeTimer("Timer", 4, [this] { CommAdd.Press(); })),
-      TimerEdit(MakeTimer("TimerEdit", -1, [this] { CommEdit.Press(); })),
-      TimerShowSty(MakeTimer("TimerShowSty", -1, [this] { CommShowSty.Press(); })),
-      TimerShowPrg(MakeTimer("TimerShowPrg", -1, [this] { CommShowPrg.Press(); })) {
+      TimerAdd(MakeTimer("Timer", 4)),
+      TimerEdit(MakeTimer("TimerEdit")),
+      TimerShowSty(MakeTimer("TimerShowSty")),
+      TimerShowPrg(MakeTimer("TimerShowPrg")) {
+  Serve({{WindowFunction::kLoadArr, CommLoadArr, TimerLoadArr},
+         {WindowFunction::kLoadSty, CommLoadSty, TimerLoadSty},
+         {WindowFunction::kShowSty, CommShowSty, TimerShowSty},
+         {WindowFunction::kLoadPrg, CommLoadPrg, TimerLoadPrg},
+         {WindowFunction::kShowPrg, CommShowPrg, TimerShowPrg},
+         {WindowFunction::kEdit, CommEdit, TimerEdit},
+         {WindowFunction::kAddToDatabase, CommAdd, TimerAdd}});
   // Nothing here starts these: they press what the others press, for whoever starts them by their names.
   MakeTimer("TimerCaricaArr", -1, [this] { CommLoadArr.Press(); });
   MakeTimer("TimerCaricaSty", -1, [this] { CommLoadSty.Press(); });
@@ -125,7 +133,7 @@ WindowRecord* frmArrU::Record() {
 
 void frmArrU::Load() {
   ArrangementState& state = app().arrangement;
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   app().arr_windows[static_cast<std::size_t>(number_)] = this;
   ChildWindow::Load();
   ShowName();
@@ -146,7 +154,6 @@ void frmArrU::Load() {
   if (!searched && !state.FindActive) NoteWhatTheSearchNeeds();
   AttachSiblingStyles();
   AttachSiblingPrograms();
-  app().core.FormLoading = false;
   if (searched) BeginSearch();
 }
 
@@ -155,8 +162,7 @@ void frmArrU::LookUpId() {
   int& id = app().arrangement.WindowFileId[static_cast<std::size_t>(number_)];
   id = DBLookupId(app(), Path());
   if (app().core.settings.Add40DBArr && !IsSearched() && !app().core.ReopeningFiles) {
-    app().files.CurrentFileDir = FileDirectory(Path());
-    app().files.CurrentFileName = FileBaseName(Path());
+    SetCurrentFile(app(), Path());
     DBAddFile(app(), kKindArr, DBEntryBy::kProgram);
     id = DBLookupId(app(), Path());
   }
@@ -267,7 +273,7 @@ bool frmArrU::LoadsStylesOnClick() const {
 }
 
 void frmArrU::SelectRow(int row) {
-  app().midi.MonitorOn = true;
+  SetMonitorOn(app(), true);
   SelectArrangement(app(), row, kKindArr);
 }
 
@@ -338,48 +344,6 @@ void frmArrU::PressKey(const ui::Key& key) {
 
 // --- The main window asks ---
 
-ui::Button* frmArrU::ButtonOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kLoadArr:
-      return &CommLoadArr;
-    case WindowFunction::kLoadSty:
-      return &CommLoadSty;
-    case WindowFunction::kShowSty:
-      return &CommShowSty;
-    case WindowFunction::kLoadPrg:
-      return &CommLoadPrg;
-    case WindowFunction::kShowPrg:
-      return &CommShowPrg;
-    case WindowFunction::kEdit:
-      return &CommEdit;
-    case WindowFunction::kAddToDatabase:
-      return &CommAdd;
-    default:
-      return nullptr;
-  }
-}
-
-ui::Timer* frmArrU::TimerOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kLoadArr:
-      return &TimerLoadArr;
-    case WindowFunction::kLoadSty:
-      return &TimerLoadSty;
-    case WindowFunction::kLoadPrg:
-      return &TimerLoadPrg;
-    case WindowFunction::kAddToDatabase:
-      return &TimerAdd;
-    case WindowFunction::kEdit:
-      return &TimerEdit;
-    case WindowFunction::kShowSty:
-      return &TimerShowSty;
-    case WindowFunction::kShowPrg:
-      return &TimerShowPrg;
-    default:
-      return nullptr;
-  }
-}
-
 bool frmArrU::CanSave() const {
   return ByteAt(window_image(), kChangedPosition) == 1 || ByteAt(window_image(), kStyChangedPosition) == 1;
 }
@@ -393,17 +357,9 @@ bool frmArrU::QueryClose() {
 }
 
 void frmArrU::Unload() {
-  if (Sending() || searching_) ShowWait(app(), 0);
   if (searching_) app().arrangement.FindActive = false;
-  app().arr_windows[static_cast<std::size_t>(number_)] = nullptr;
   app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = 0;
-  ChildWindow::Unload();
-  // The instrument's own window keeps its mark, and so its file.
-  if (number_ != kInstrumentWindow && !app().core.Closing) {
-    Record()->state = 0;
-    if (ByteAt(window_image(), kNoFilePosition) == 0) AddRecentFile(app(), Path() + ".arr", ReadOnly());
-  }
-  RefreshOpenEntries(app());
+  UnloadFile(app().arr_windows[static_cast<std::size_t>(number_)], Sending() || searching_, Path() + ".arr");
   if (app().main != nullptr) app().main->ShowArrUEntry();
 }
 

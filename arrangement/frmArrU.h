@@ -39,8 +39,6 @@ class frmArrU : public ArrFileListWindow {
   // The editor has gone: CommEdit is usable again on a written row.
   void EditorClosed();
 
-  ui::Button* ButtonOf(WindowFunction function) override;
-  ui::Timer* TimerOf(WindowFunction function) override;
   bool CanSave() const override;
   void ShowName() override;
   void SettingsChanged() override;
@@ -95,7 +93,7 @@ class frmArrU : public ArrFileListWindow {
   Bytes programs_to_send_;  // a bank read for CommLoadPrg, until it goes out
   bool pgg_to_send_ = false;
 
-  ui::Timer& MakeTimer(const char* name, int index, ui::Handler handler);
+  ui::Timer& MakeTimer(const char* name, int index = -1, ui::Handler handler = {});
   std::vector<std::unique_ptr<ui::Timer>> timers_;
   ui::Timer& TimerLoadArr;
   ui::Timer& TimerLoadSty;

@@ -3,11 +3,14 @@
 
 #include "arrangement/api.h"
 #include "arrangement/frmArrU.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "core/send_steps.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
+#include "files/api.h"
 #include "midi/api.h"
 #include "program/api.h"
 #include "program/prg_format.h"
@@ -18,7 +21,7 @@ namespace zentaline {
 
 namespace {
 
-// The states that the timers carry in their intervals, which are milliseconds too.
+// The steps that the timers carry in their intervals, which are milliseconds too.
 constexpr int kPauseBetweenGroups = 1000;  // the instrument stores a group meanwhile
 constexpr int kPrgWindowWait = 9;
 constexpr int kPrgWindowSend = 8;
@@ -65,12 +68,10 @@ void frmArrU::PressLoadSty() {
 
 void frmArrU::PressLoadPrg() {
   TimerLoadPrg.Stop();
-  switch (TimerLoadPrg.interval()) {
+  switch (const int step = TakeSendStep(TimerLoadPrg); step) {
     case kPrgWindowWait:
     case kPrgFileWait:
-      ShowWait(app(), kWaitLoadingPrg);
-      TimerLoadPrg.SetInterval(TimerLoadPrg.interval() - 1);
-      return TimerLoadPrg.Start();
+      return WaitForSend(app(), TimerLoadPrg, step - 1, kWaitLoadingPrg);
     case kPrgWindowSend:
       // The window may have been closed meanwhile.
       if (const Bytes* image = FindOpenProgram(app(), Path())) SendPrograms(*image, ProgramExtension(*image) == "pgg");
@@ -80,9 +81,7 @@ void frmArrU::PressLoadPrg() {
       break;
     default:
       if (FindOpenProgram(app(), Path()) != nullptr) {
-        ShowWait(app(), kWaitLoadingPrg);
-        TimerLoadPrg.SetInterval(kPrgWindowWait);
-        return TimerLoadPrg.Start();
+        return WaitForSend(app(), TimerLoadPrg, kPrgWindowWait, kWaitLoadingPrg);
       }
       const int result = ReadProgramByName(app(), Path());
       if (result != kPrgGood && result != kPggGood) {
@@ -91,11 +90,8 @@ void frmArrU::PressLoadPrg() {
       }
       pgg_to_send_ = result == kPggGood;
       programs_to_send_ = BuildPrgWindowImage(app().program.ProgramFileBuffer);
-      ShowWait(app(), kWaitLoadingPrg);
-      TimerLoadPrg.SetInterval(kPrgFileWait);
-      return TimerLoadPrg.Start();
+      return WaitForSend(app(), TimerLoadPrg, kPrgFileWait, kWaitLoadingPrg);
   }
-  TimerLoadPrg.SetInterval(kTimerIdle);
   programs_to_send_.clear();
   ShowWait(app(), 0);
   ContinueSearch(kFindAfterPrg);
@@ -114,8 +110,7 @@ void frmArrU::PressAdd() {
     return TimerAdd.Start();
   }
   TimerAdd.Stop();
-  app().files.CurrentFileDir = FileDirectory(Path());
-  app().files.CurrentFileName = FileBaseName(Path());
+  SetCurrentFile(app(), Path());
   DBAddFile(app(), kKindArr, DBEntryBy::kUser);
   if (const int id = app().arrangement.ArrFileId; id > 0) {
     app().arrangement.WindowFileId[static_cast<std::size_t>(number_)] = id;
@@ -137,9 +132,8 @@ void frmArrU::BeginSearch() {
   EndSearch();
   NoteWhatTheSearchNeeds();
   searching_ = true;
-  state.ListBusy = true;
+  const ScopedValue busy(app().core.ListBusy, true);
   List1.SetRow(state.FindRow);
-  state.ListBusy = false;
   TimerFindID.Start();
 }
 
@@ -182,8 +176,7 @@ void frmArrU::StepSearch() {
 }
 
 bool frmArrU::Sending() const {
-  return adding_ || TimerLoadArr.interval() != kTimerIdle || TimerTxSty0.interval() != kTimerIdle ||
-         TimerLoadPrg.interval() != kTimerIdle;
+  return adding_ || SendIsDue(TimerLoadArr) || SendIsDue(TimerTxSty0) || SendIsDue(TimerLoadPrg);
 }
 
 void frmArrU::ContinueSearch(int step) {

@@ -8,6 +8,7 @@
 #include "arrangement/editor_texts.h"
 #include "arrangement/windows.h"
 #include "base/panel_numbers.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/window_image.h"
@@ -114,8 +115,7 @@ void frmEditArr::ShowSplitNote(int note) {
 }
 
 void frmEditArr::Fill() {
-  ArrangementState& state = app().arrangement;
-  state.EditorFilling = true;
+  const ScopedValue filling(app().arrangement.EditorFilling, true);
   ShowTitle();
   ShowTexts();
   Combo1[kMapChooser].SetRow(0);
@@ -125,7 +125,6 @@ void frmEditArr::Fill() {
   rows_.Fill([](const EditorRow& row) { return row.array == kEffCombo; });
   rows_.Fill([](const EditorRow& row) { return row.array == kCheck1; });
   for (int part = 0; part < kArrPartCount; ++part) ShowPart(part);
-  state.EditorFilling = false;
   app().edits.Mark(kArrRecordUnderEdit, false);
 }
 

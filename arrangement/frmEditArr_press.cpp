@@ -28,26 +28,7 @@ constexpr ui::Colour kArmedText = 0x000000;
 constexpr char kEffectOn[] = "On";
 constexpr char kEffectOff[] = "Off";
 
-// What a row of a program window stands for: the code of its bank in the record, and the number of its first program.
-struct ProgramSource {
-  int kind;
-  int bank_code;
-  int first;
-  int rows;
-};
-constexpr ProgramSource kProgramSources[] = {
-    {kKindPrgA, 0, 0, 64},
-    {kKindPrgB, 0, 64, 64},
-    {kKindPrgC, 1, 0, 64},
-    {kKindPrgD, 1, 64, 64},
-    {kKindPrgE, 2, 0, 64},
-    {kKindDrum, kDrumBankCode, 0, 16},
-    {kKindPercussion, kDrumBankCode, 0, 16},
-    {kKindPrg, kUserBankCode, 0, 64},
-    {kKindNewPrg, kUserBankCode, 0, 64},
-};
-
-// The same of a style window; user styles stand in groups of four with a blank row behind each.
+// What a row of a style window stands for; user styles stand in groups of four with a blank row behind each.
 struct StyleSource {
   int kind;
   int first;
@@ -198,9 +179,8 @@ void frmEditArr::ClearNameHighlight() {
 void frmEditArr::PickProgram(const Bytes& image, int row) {
   ArrangementState& state = app().arrangement;
   const int part = ArmedPart(state.ArrPartSlots);
-  const auto source = std::find_if(std::begin(kProgramSources), std::end(kProgramSources),
-                                   [&image](const auto& each) { return each.kind == ByteAt(image, kKindPosition); });
-  if (!state.ArrPartArmed || part < 0 || source == std::end(kProgramSources) || row < 0 || row >= source->rows) return;
+  const ProgramSource* source = ProgramSourceOf(ByteAt(image, kKindPosition));
+  if (!state.ArrPartArmed || part < 0 || source == nullptr || row < 0 || row >= source->rows) return;
   const Picked picked = PickedProgram(*source, image, row);
   const ProgramPlace place = ProgramPlaceOf(picked.bank_code, picked.number);
   const std::size_t block = ArrEditPosition(PartOffset(part));

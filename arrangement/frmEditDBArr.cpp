@@ -73,11 +73,13 @@ void frmEditDBArr::Connect() {
   CommDelete.on_click = [this] { TimerCancella.Start(); };
   CommAddAll.on_click = [this] { PressAddAll(); };
   CommClose.on_click = [this] { Close(); };
-  Timer[0].on_timer = TimerAddAll.on_timer = [this] { CommAddAll.Press(); };
+  Timer[0].on_timer = [this] { CommAddAll.Press(); };
   Timer[1].on_timer = [this] { Reload(); };
   Timer[2].on_timer = [this] { OpenRow(); };
-  TimerApri.on_timer = [this] { CommApri.Press(); };
   TimerCancella.on_timer = [this] { DeleteRow(); };
+  Serve({{WindowFunction::kDelete, CommDelete, TimerCancella},
+         {WindowFunction::kOpen, CommApri, TimerApri},
+         {WindowFunction::kAddAll, CommAddAll, TimerAddAll}});
 }
 
 void frmEditDBArr::LayOut() {
@@ -225,34 +227,6 @@ void frmEditDBArr::OpenRow() {
   if (frmArrU* window = ArrWindowOfFile(app(), base)) return toolkit().Activate(*window);
   if (OpenArrByPath(app(), base, kDatabaseWindowTitle) == kChooseOpenAlready) {
     ShowFile(app(), kKindArr, base + ".arr", false);
-  }
-}
-
-// --- The main window asks ---
-
-ui::Button* frmEditDBArr::ButtonOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kDelete:
-      return &CommDelete;
-    case WindowFunction::kOpen:
-      return &CommApri;
-    case WindowFunction::kAddAll:
-      return &CommAddAll;
-    default:
-      return nullptr;
-  }
-}
-
-ui::Timer* frmEditDBArr::TimerOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kDelete:
-      return &TimerCancella;
-    case WindowFunction::kOpen:
-      return &TimerApri;
-    case WindowFunction::kAddAll:
-      return &TimerAddAll;
-    default:
-      return nullptr;
   }
 }
 

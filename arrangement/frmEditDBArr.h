@@ -35,9 +35,6 @@ class frmEditDBArr : public ChildWindow {
   void ShowRows(bool after_addition);
   void ReloadSoon() { Timer[1].Start(); }
 
-  ui::Button* ButtonOf(WindowFunction function) override;
-  ui::Timer* TimerOf(WindowFunction function) override;
-
   void Load() override;
   void Unload() override;
   void Resized() override;

@@ -26,7 +26,6 @@ struct ArrangementState {
   int FindFileId = 0;
   bool FindNeedsPrg = false;
   bool FindUserStyle = false;
-  bool ListBusy = false;
   // A part of the arrangement under edit waits for a program; the first 1 among the slots tells which.
   bool ArrPartArmed = false;
   std::array<int, 19> ArrPartSlots{};

@@ -121,9 +121,9 @@ double ClickTime(Desk& desk, ui::ListBox& list) {
   constexpr int kClicks = 64;
   double sum = 0;
   for (int row = 0; row < kClicks; ++row) {
-    desk.app.arrangement.ListBusy = true;
+    desk.app.core.ListBusy = true;
     list.SetRow(row);
-    desk.app.arrangement.ListBusy = false;
+    desk.app.core.ListBusy = false;
     const long before = desk.midi.taken;
     const Clock::time_point begin = Clock::now();
     list.Click();

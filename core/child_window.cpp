@@ -11,6 +11,7 @@
 #include "data/message_codes.h"
 #include "data/texts.h"
 #include "data/tooltips.h"
+#include "files/api.h"
 #include "program/api.h"
 
 namespace zentaline {
@@ -111,6 +112,40 @@ void ChildWindow::PopupEditMenu() {
 bool ChildWindow::RefusesChanges() {
   if (ReadOnly()) ShowMessage(app_, kMessageReadOnlyFile, ShownPath(BaseName()), {});
   return ReadOnly();
+}
+
+void ChildWindow::Serve(std::vector<Served> functions) {
+  served_ = std::move(functions);
+  for (const Served& row : served_) {
+    if (!row.timer.on_timer) row.timer.on_timer = [&button = row.button] { button.Press(); };
+  }
+}
+
+ui::Button* ChildWindow::ButtonOf(WindowFunction function) {
+  for (const Served& row : served_) {
+    if (row.function == function) return &row.button;
+  }
+  return nullptr;
+}
+
+ui::Timer* ChildWindow::TimerOf(WindowFunction function) {
+  for (const Served& row : served_) {
+    if (row.function == function) return &row.timer;
+  }
+  return nullptr;
+}
+
+void ChildWindow::UnloadFile(ChildWindow*& slot, bool sending, const std::string& path) {
+  if (sending) ShowWait(app_, 0);
+  slot = nullptr;
+  const bool instruments = WindowNumber() == kInstrumentWindow;
+  const bool has_file = !path.empty() && ByteAt(window_image_, kNoFilePosition) == 0;
+  ChildWindow::Unload();
+  if (!instruments && !app_.core.Closing) {
+    if (WindowRecord* record = Record()) record->state = 0;
+    if (has_file) AddRecentFile(app_, path, ReadOnly());
+  }
+  RefreshOpenEntries(app_);
 }
 
 bool ChildWindow::Offers(WindowFunction function) {

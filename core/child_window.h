@@ -53,8 +53,8 @@ class ChildWindow : public ui::Form {
   std::string BaseName() const;
 
   // The button of a function, null when the window has none, and the timer that presses it for the menu.
-  virtual ui::Button* ButtonOf(WindowFunction function) { return (void)function, nullptr; }
-  virtual ui::Timer* TimerOf(WindowFunction function) { return (void)function, nullptr; }
+  virtual ui::Button* ButtonOf(WindowFunction function);
+  virtual ui::Timer* TimerOf(WindowFunction function);
   // Whether the menu entry of a function can be used: by default when its button can.
   virtual bool Offers(WindowFunction function);
   // Whether there is something that mnuSalva and mnuSalvaAs would save.
@@ -85,6 +85,17 @@ class ChildWindow : public ui::Form {
   void FilesDropped(const std::vector<std::string>& paths) override;
 
  protected:
+  // A button, and the timer that presses it for a menu entry, unless it does something of its own.
+  struct Served {
+    WindowFunction function;
+    ui::Button& button;
+    ui::Timer& timer;
+  };
+  void Serve(std::vector<Served> functions);
+  // The end of a window that shows a file: nothing waits any more, its place among the open windows is free, and the
+  // file, by its path with the extension, is among the recent ones. Without a path it was never saved. The instrument's
+  // own window keeps its mark, and so its file.
+  void UnloadFile(ChildWindow*& slot, bool sending, const std::string& path);
   // The button sends a mode and gives the keys back to the list.
   void MakeModeButton(ui::Button& button, void (*send)(Application&), ui::ListBox& list);
   // What keeps the window's place: the record of a file's window, or the entry of a form that there is once. Null when
@@ -114,6 +125,7 @@ class ChildWindow : public ui::Form {
     ui::Size characters;
   };
   std::optional<FirstRoom> first_room_;
+  std::vector<Served> served_;
   ui::Size size_before_;  // a width of 0: the window isn't enlarged
 };
 

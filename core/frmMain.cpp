@@ -6,6 +6,7 @@
 
 #include "aids/api.h"
 #include "arrangement/api.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
@@ -139,7 +140,7 @@ void frmMain::ConnectMenus() {
 
 void frmMain::Load() {
   app().main = this;
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   const FormState& place = app().core.FormStates[kMainFormState];
   if (place.width > 0 && place.height > 0) {
     SetPlacement(
@@ -160,26 +161,14 @@ void frmMain::Load() {
   ShowPrgUEntry();
   Menu(mnuGlobalParam).SetEnabled(app().core.settings.GlobalSetInInstrument == 1);
   // The start is silent: where there is no database nothing is missing yet.
-  app().arrangement.SilentStart = true;
-  EnableDatabaseEntries(DBCheck(app()) == 0);
-  app().arrangement.SilentStart = false;
+  EnableDatabaseEntries(DBCheckSilently(app()) == 0);
   if (app().disk.Exists(app().core.InternalSty)) StyFileRead(app(), app().core.InternalSty);
   app().core.OperationTitle = GetText(app(), kTextOpeningOut);
-  SendStoredMode();
-  app().core.FormLoading = false;
+  SendStoredMode(app());
   app().reopening_chain = true;
   Timer0.Start();
   Timer2.Start();
   RefreshMenus();
-}
-
-// The instrument is put in the remembered mode at each start, in Program mode too: what CurrentMode remembers was asked
-// for in the last run.
-void frmMain::SendStoredMode() {
-  const int stored = app().midi.CurrentMode;
-  if (stored == kModeProgram) app().midi.CurrentMode = kModeArrPlay;
-  SendMode(app(), stored);
-  ShowMode(app());
 }
 
 void frmMain::FilesDropped(const std::vector<std::string>& paths) {

@@ -27,7 +27,6 @@ class frmMain : public MainWindow {
  private:
   void ConnectMenus();
   void ConnectFileMenu();
-  void SendStoredMode();
   void ChooseLanguage(int code);
   void Enlarge();
   void Cascade();

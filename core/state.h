@@ -78,6 +78,7 @@ struct CoreState {
   bool Closing = false;         // the main window is on its way out
   bool ReopeningFiles = false;  // windows of the last run are coming back
   bool FormLoading = false;     // a form fills its controls: handlers must not send
+  bool ListBusy = false;        // a list is only put on a row: its handler does nothing
   int LanguageCode = 1;         // 1 Italian, 2 English; of the next start once it is changed
   int LanguageOffset = 0;       // of this run: 0 or 200
   std::string OperationTitle;   // title of error boxes

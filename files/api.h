@@ -117,6 +117,9 @@ void CopySelected(Application& app, ChildWindow& window);
 void CutSelected(Application& app, ChildWindow& window);
 void PasteCopied(Application& app, ChildWindow& window);
 
+// CurrentFileDir and CurrentFileName; `path` is without extension.
+void SetCurrentFile(Application& app, const std::string& path);
+
 // `path` with its extension.
 void AddRecentFile(Application& app, const std::string& path, bool read_only);
 // What mnuRecentFile(i) shows; empty for a free record.

@@ -102,11 +102,14 @@ ChooseResult RefuseData(Application& app, const std::string& path) {
   return kChooseFailed;
 }
 
+void SetCurrentFile(Application& app, const std::string& path) {
+  app.files.CurrentFileDir = FileDirectory(path);
+  app.files.CurrentFileName = FileBaseName(path);
+}
+
 void RememberPlace(Application& app, int filter, const std::string& path) {
   FilesState& files = app.files;
-  const std::string base = WithoutExtension(path);
-  files.CurrentFileDir = FileDirectory(base);
-  files.CurrentFileName = FileBaseName(base);
+  SetCurrentFile(app, WithoutExtension(path));
   if (const LastPlace* place = PlaceOf(filter)) {
     files.*place->directory = files.CurrentFileDir;
     files.*place->name = files.CurrentFileName;

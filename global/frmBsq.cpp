@@ -4,8 +4,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
+#include "core/send_steps.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
@@ -18,7 +20,6 @@ namespace zentaline {
 namespace {
 
 // The states of TimerLoadBSQ, which are its milliseconds too.
-constexpr int kLoadIdle = 10;
 constexpr int kLoadDue = 11;
 
 // The tracks that are shown, from the top; of the others there is only the sum.
@@ -109,13 +110,12 @@ std::string_view frmBsq::File() const {
 }
 
 void frmBsq::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   app().bsq_window = this;
   ChildWindow::Load();
   ShowName();
   FillRows();
   ShowTracks();
-  app().core.FormLoading = false;
 }
 
 void frmBsq::FillRows() {
@@ -145,26 +145,15 @@ void frmBsq::ShowTracks() {
 
 // A second press isn't held off: it sends at once, and the timer that would have done it stops.
 void frmBsq::PressLoad() {
-  if (TimerLoadBSQ.interval() == kLoadIdle) {
-    ShowWait(app(), kWaitLoadingBsq);
-    TimerLoadBSQ.SetInterval(kLoadDue);
-    TimerLoadBSQ.Start();
-    return;
+  if (TakeSendStep(TimerLoadBSQ) == kSendIdle) {
+    return WaitForSend(app(), TimerLoadBSQ, kLoadDue, kWaitLoadingBsq);
   }
-  TimerLoadBSQ.Stop();
-  TimerLoadBSQ.SetInterval(kLoadIdle);
   SendBackSeqDump(app(), window_image());
   ShowWait(app(), 0);
 }
 
 void frmBsq::Unload() {
-  if (TimerLoadBSQ.interval() != kLoadIdle) ShowWait(app(), 0);
-  app().bsq_window = nullptr;
-  ChildWindow::Unload();
-  if (app().core.Closing) return;
-  Record()->state = 0;
-  AddRecentFile(app(), std::string(WindowPath(window_image())) + ".bsq", ReadOnly());
-  RefreshOpenEntries(app());
+  UnloadFile(app().bsq_window, SendIsDue(TimerLoadBSQ), std::string(WindowPath(window_image())) + ".bsq");
 }
 
 }  // namespace zentaline

@@ -1,7 +1,8 @@
 #include "global/frmGbl.h"
 
-#include <utility>
+#include <string>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/edits.h"
@@ -41,21 +42,19 @@ void frmGbl::ShowName() {
 // --- Opening ---
 
 void frmGbl::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   app().gbl_window = this;
   ChildWindow::Load();
   ShowToolTips();
   ShowName();
   FillGlobalWindow();
-  app().core.FormLoading = false;
 }
 
 void frmGbl::FillGlobalWindow() {
-  const bool loading = std::exchange(app().core.FormLoading, true);
+  const ScopedValue loading(app().core.FormLoading, true);
   rows_.Show();
   const bool plus = ShownAt(gbl_editor::kDamper, window_image(), kWindowFilePosition) == 1;
   GblOption1[plus ? 0 : 1].SetValue(true);
-  app().core.FormLoading = loading;
 }
 
 // --- What the user does ---
@@ -118,12 +117,8 @@ bool frmGbl::QueryClose() {
 }
 
 void frmGbl::Unload() {
-  app().gbl_window = nullptr;
-  ChildWindow::Unload();
-  if (app().core.Closing) return;
-  app().core.GblWindows[1].state = 0;
-  if (HasFile()) AddRecentFile(app(), std::string(WindowPath(window_image())) + ".gbl", ReadOnly());
-  RefreshOpenEntries(app());
+  if (!app().core.Closing) app().core.GblWindows[1].state = 0;
+  UnloadFile(app().gbl_window, false, HasFile() ? std::string(WindowPath(window_image())) + ".gbl" : "");
 }
 
 }  // namespace zentaline

@@ -46,8 +46,12 @@ void SendModeGlobal(Application& app);
 void SendModeBackSeq(Application& app);
 // Sent only when the instrument isn't in Program mode already.
 void SendModeProgram(Application& app);
+// The instrument stays in its mode, but what is selected is no longer the program under edit.
+void LeaveProgramEditing(Application& app);
 // By the operation of the mode, 0 to 4; anything else sends nothing.
 void SendMode(Application& app, int mode);
+// At the start: the mode that the last run asked for, in Program mode too.
+void SendStoredMode(Application& app);
 void ShowMode(Application& app);
 
 // --- The catalogue ---
@@ -71,6 +75,7 @@ void SendAllNotesOff(Application& app, int channel);
 
 // --- The monitor ---
 
+void SetMonitorOn(Application& app, bool on);
 // An empty text clears it, any other adds a line of hexadecimal. Nothing happens while it is closed or MonitorOn clear.
 void MonitorLog(Application& app, std::string_view bytes);
 

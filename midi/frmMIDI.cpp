@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "data/texts.h"
@@ -61,10 +62,9 @@ frmMIDI::frmMIDI(Application& app) : ChildWindow(app, "frmMIDI", {}) {
 }
 
 void frmMIDI::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   ChildWindow::Load();
   for (int i = 0; i < kChannels; ++i) Combo3[i].SetRow(kRows[static_cast<std::size_t>(i)].channel(app().midi));
-  app().core.FormLoading = false;
 }
 
 }  // namespace zentaline

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
@@ -34,7 +35,7 @@ FormState* frmMsgEx::FormPlace() {
 }
 
 void frmMsgEx::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   SetCaption(GetText(app(), kTextCaption));
   Text1.SetFont(kFont);
   SizeAtFirst(kFont, kFirstCharacters);
@@ -43,7 +44,6 @@ void frmMsgEx::Load() {
   app().midi.Monitor = [this](std::string_view bytes) { Log(bytes); };
   app().midi.MonitorOn = true;
   if (app().main != nullptr) app().main->Menu(MenuId::mnuMsgEx).SetChecked(true);
-  app().core.FormLoading = false;
 }
 
 void frmMsgEx::Unload() {

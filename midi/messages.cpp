@@ -70,22 +70,8 @@ Bytes BuildModeChange(int channel, int mode) {
 }
 
 int ArrParamOffset(int bank) {
-  switch (bank) {
-    case kKindPrgB:
-      return 64;
-    case kKindPrgC:
-      return 128;
-    case kKindPrgD:
-      return 192;
-    case kKindPrgE:
-      return 256;
-    case kKindPrg:
-      return 320;
-    case kKindDrum:
-      return 384;
-    default:
-      return 0;
-  }
+  const ProgramSource* source = ProgramSourceOf(bank);
+  return source == nullptr ? 0 : source->run;
 }
 
 Bytes BuildArrParam(int channel, int bank, int id, int value, int sign) {
@@ -188,32 +174,16 @@ Selection BuildArrSelection(int channel, int& number, int bank) {
 }
 
 Selection BuildProgramSelection(int channel, std::string_view image, int index, ProgramSelectionState& state) {
-  const int bank = ByteAt(image, kKindPosition);
-  switch (bank) {
-    case kKindPrgA:
-    case kKindPrgB:
-    case kKindPrgC:
-    case kKindPrgD:
-    case kKindPrgE: {
-      const int run = bank - kKindPrgA;
-      state = {run / 2, index + (run % 2 == 1 ? 64 : 0)};
-      break;
-    }
-    case kKindPrg:
-    case kKindPcg:
-    case kKindNewPrg:
-      state = {kUserBankCode, index};
-      if (IsProgramLink(image, index)) {
-        state = {ByteAt(image, ProgramPosition(index) + program_link::kBankCode - 1),
-                 ByteAt(image, ProgramPosition(index) + program_link::kNumber - 1)};
-      }
-      break;
-    case kKindDrum:
-    case kKindPercussion:
-      if (DrumKitProgram(index) >= 0) state = {kDrumBankCode, DrumKitProgram(index)};
-      break;
-    default:
-      break;
+  const int kind = ByteAt(image, kKindPosition);
+  const ProgramSource* source = ProgramSourceOf(kind == kKindPcg ? kKindPrg : kind);
+  if (source == nullptr) return BuildSelection(channel, state.controller32, state.number);
+  if (source->bank_code == kUserBankCode && IsProgramLink(image, index)) {
+    state = {ByteAt(image, ProgramPosition(index) + program_link::kBankCode - 1),
+             ByteAt(image, ProgramPosition(index) + program_link::kNumber - 1)};
+  } else if (source->bank_code != kDrumBankCode) {
+    state = {source->bank_code, source->first + index};
+  } else if (DrumKitProgram(index) >= 0) {
+    state = {kDrumBankCode, DrumKitProgram(index)};
   }
   return BuildSelection(channel, state.controller32, state.number);
 }

@@ -103,6 +103,15 @@ void SendMode(Application& app, int mode) {
   }
 }
 
+// The instrument is put in the remembered mode at each start, in Program mode too: what CurrentMode remembers was asked
+// for in the last run.
+void SendStoredMode(Application& app) {
+  const int stored = app.midi.CurrentMode;
+  if (stored == kModeProgram) app.midi.CurrentMode = kModeArrPlay;
+  SendMode(app, stored);
+  ShowMode(app);
+}
+
 void ShowMode(Application& app) {
   if (app.main == nullptr) return;
   for (const ModeRow& row : kModes) {
@@ -182,6 +191,14 @@ void SendNoteOff(Application& app, int channel, int note, int velocity) {
 void SendAllNotesOff(Application& app, int channel) {
   // Of its three bytes the monitor shows two; that is how it is meant to be.
   SendNote(app, AllNotesOffWord(channel), 2);
+}
+
+void LeaveProgramEditing(Application& app) {
+  app.midi.ProgramEditing = false;
+}
+
+void SetMonitorOn(Application& app, bool on) {
+  app.midi.MonitorOn = on;
 }
 
 void MonitorLog(Application& app, std::string_view bytes) {

@@ -55,10 +55,6 @@ struct MidiState {
 
   // The words of the last program selection, which a bank without words of its own sends again.
   ProgramSelectionState program_selection;
-
-  // The transmission of a style file: the group that goes out next, and how many there are.
-  int StyleGroupIndex = 0;
-  int StyleGroupCount = 0;
 };
 
 }  // namespace zentaline

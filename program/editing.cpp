@@ -2,6 +2,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
@@ -122,10 +123,9 @@ void ShowOscillator(Application& app, int osc) {
 // Whoever put up the guard before takes it down.
 void SelectOscillator(Application& app, int osc) {
   app.program.EditOsc = osc;
-  const bool loading = std::exchange(app.core.FormLoading, true);
+  const ScopedValue loading(app.core.FormLoading, true);
   ShowOscillator(app, osc);
   SendPrgParam(app, 2, 0, osc - 1);
-  app.core.FormLoading = loading;
 }
 
 bool SetProgramBar(Application& app, const std::string& array, int index, int value) {

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/window_image.h"
@@ -116,14 +117,13 @@ void frmEditPerf::ShowCount(int row, int count) {
 
 void frmEditPerf::Refresh() {
   SetCaption("Performance Edit  " + EditedProgramTitle(app()));
-  const bool silent = std::exchange(app().program.PerfSilent, true);
+  const ScopedValue silent(app().program.PerfSilent, true);
   for (int row = 0; row < kPerfRows; ++row) {
     ShowCount(row, 0);
     CommUp[row].SetEnabled(true);
     CommDown[row].SetEnabled(true);
     Apply(row);
   }
-  app().program.PerfSilent = silent;
 }
 
 // --- Pressing ---

@@ -5,6 +5,7 @@
 #include <span>
 #include <utility>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
@@ -57,7 +58,7 @@ EditorControl& frmEditPrg::RowOf(int array, int index) {
 // --- Opening and closing ---
 
 void frmEditPrg::Load() {
-  const bool loading = std::exchange(app().core.FormLoading, true);
+  const ScopedValue loading(app().core.FormLoading, true);
   app().edits.TakeImage(*this, Bytes(kImageLength, static_cast<char>(kKindPrgEditor)));
   ChildWindow::Load();
   ShowToolTips();
@@ -66,7 +67,6 @@ void frmEditPrg::Load() {
   app().program.PrgEditorOpen = true;
   ShowOscillator(app(), 1);
   Fill();
-  app().core.FormLoading = loading;
 }
 
 bool frmEditPrg::QueryClose() {
@@ -98,7 +98,7 @@ FormState* frmEditPrg::FormPlace() {
 // --- Showing ---
 
 void frmEditPrg::Fill() {
-  const bool filling = std::exchange(app().program.ProgramFilling, true);
+  const ScopedValue filling(app().program.ProgramFilling, true);
   SetCaption("Edit Program  " + EditedProgramTitle(app()));
   BasText[0].ShowText(Utf8FromBytes(TrimRight(Slice(record(), rec::kName, rec::kNameLength))));
   for (int oscillator : {1, 2}) ShowSound(oscillator);
@@ -108,7 +108,6 @@ void frmEditPrg::Fill() {
   ShowSilence();
   for (std::unique_ptr<EnvelopePicture>& envelope : envelopes_) envelope->Show(app().Language());
   ShowRouting();
-  app().program.ProgramFilling = filling;
 }
 
 // A bar that stays where it is raises no event: its text is set beside it.

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "program/api.h"
 #include "program/windows.h"
@@ -72,9 +73,8 @@ void frmMultisample::FillLists() {
 void frmMultisample::Follow() {
   const int sound = WantedMultisound(app());
   if (sound < 0 || sound >= kMultisampleCount) return;
-  const bool loading = std::exchange(app().core.FormLoading, true);
+  const ScopedValue loading(app().core.FormLoading, true);
   Show(sound);
-  app().core.FormLoading = loading;
 }
 
 void frmMultisample::Show(int sound) {

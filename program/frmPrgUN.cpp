@@ -4,10 +4,12 @@
 #include <vector>
 
 #include "base/panel_numbers.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/file_reading.h"
 #include "core/main_window.h"
+#include "core/send_steps.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
@@ -24,7 +26,6 @@ namespace {
 constexpr std::string_view kUntitled = "Untitled";
 
 // The states that TimerList1 and TimerLoadPrg carry in their intervals, which are milliseconds too.
-constexpr int kTimerIdle = 10;
 constexpr int kTimerDue = 9;
 
 // Of a row's text; what is no longer than that has no name.
@@ -45,8 +46,7 @@ frmPrgUN::frmPrgUN(Application& app, int number, Bytes image)
   CommEdit.on_click = [this] { PressEdit(); };
   CommProgram.on_click = [this] { SendModeProgram(this->app()); };
   TimerList1.on_timer = [this] { List1.Click(); };
-  TimerLoadPrg.on_timer = [this] { CommLoad.Press(); };
-  TimerEdit.on_timer = [this] { CommEdit.Press(); };
+  Serve({{WindowFunction::kLoadPrg, CommLoad, TimerLoadPrg}, {WindowFunction::kEdit, CommEdit, TimerEdit}});
   LayOut();
 }
 
@@ -75,7 +75,7 @@ std::string frmPrgUN::NameForInstrument() const {
 // --- Opening ---
 
 void frmPrgUN::Load() {
-  const bool loading = std::exchange(app().core.FormLoading, true);
+  const ScopedValue loading(app().core.FormLoading, true);
   app().prg_windows[static_cast<std::size_t>(number_)] = this;
   ChildWindow::Load();
   CommLoad.SetEnabled(false);
@@ -87,7 +87,6 @@ void frmPrgUN::Load() {
     ShowRow(app().program.UserProgram);
     if (app().main != nullptr) app().main->ShowPrgUEntry();
   }
-  app().core.FormLoading = loading;
 }
 
 void frmPrgUN::FillRows() {
@@ -143,8 +142,8 @@ void frmPrgUN::ClickRow() {
   ShowEditButton();
   if (IsEmptyRow(row)) return;
   const int state = TimerList1.interval();
-  TimerList1.SetInterval(kTimerIdle);
-  if (state == kTimerIdle && app().core.settings.AutoPrgSel && NameForInstrument() != app().program.PrgInInstrument) {
+  TimerList1.SetInterval(kSendIdle);
+  if (state == kSendIdle && app().core.settings.AutoPrgSel && NameForInstrument() != app().program.PrgInInstrument) {
     TimerList1.SetInterval(kTimerDue);
     return CommLoad.Press();  // the end of the send comes back here
   }
@@ -208,29 +207,25 @@ void frmPrgUN::ShowLinked(int row) {
   const std::size_t record = ProgramPosition(row) - 1;
   const ProgramPlace place = ProgramPlaceOf(ByteAt(window_image(), record + program_link::kBankCode),
                                             ByteAt(window_image(), record + program_link::kNumber));
-  if (place.letter == "Dr") return ShowProgramBank(app(), kKindDrum, place.index);
-  if (place.letter.empty() || place.letter == "U") return;
-  ShowProgramBank(app(), kKindPrgA + place.letter[0] - 'A', place.index);
+  if (place.kind != 0 && place.kind != kKindPrg) ShowProgramBank(app(), place.kind, place.index);
 }
 
 // --- The buttons ---
 
 void frmPrgUN::PressLoad() {
-  if (TimerLoadPrg.interval() == kTimerIdle) {
+  if (TakeSendStep(TimerLoadPrg) == kSendIdle) {
     ShowWait(app(), kWaitLoadingPrg);
     mode_before_ = app().midi.CurrentMode;
     if (mode_before_ != kModeArrPlay) SendModeArrPlay(app());
     TimerLoadPrg.SetInterval(kTimerDue);
     return TimerLoadPrg.Start();
   }
-  TimerLoadPrg.Stop();
-  TimerLoadPrg.SetInterval(kTimerIdle);
-  app().midi.MonitorOn = true;
+  SetMonitorOn(app(), true);
   SendPrgBankDump(app(), window_image());
   const bool pgg = ProgramExtension(window_image()) == "pgg";
   TellPrgInInstrument(app(), NameForInstrument(), pgg);
   if (number_ != kInstrumentWindow) SlotTakePrg(app(), std::string(WindowPath(window_image())), pgg);
-  app().midi.MonitorOn = false;
+  SetMonitorOn(app(), false);
   if (mode_before_ != kModeArrPlay) SendMode(app(), mode_before_);
   ShowWait(app(), 0);
   if (TimerList1.interval() == kTimerDue) TimerList1.Start();
@@ -240,34 +235,12 @@ void frmPrgUN::PressLoad() {
 void frmPrgUN::KeepChannel(int channel) {
   app().edits.SetAside(*this, kPrgImageChannelPosition, channel);
   if (Kind() == kKindNewPrg) app().edits.SetAside(*this, kBankChannelPosition, channel);
-  app().midi.ProgramEditing = false;
+  LeaveProgramEditing(app());
   channel_chosen_ = true;
   if (app().main != nullptr) app().main->RefreshMenus();
 }
 
 // --- The main window asks ---
-
-ui::Button* frmPrgUN::ButtonOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kLoadPrg:
-      return &CommLoad;
-    case WindowFunction::kEdit:
-      return &CommEdit;
-    default:
-      return nullptr;
-  }
-}
-
-ui::Timer* frmPrgUN::TimerOf(WindowFunction function) {
-  switch (function) {
-    case WindowFunction::kLoadPrg:
-      return &TimerLoadPrg;
-    case WindowFunction::kEdit:
-      return &TimerEdit;
-    default:
-      return nullptr;
-  }
-}
 
 bool frmPrgUN::Offers(WindowFunction function) {
   return function == WindowFunction::kEditPerf ? SelectedProgram() >= 0 : ChildWindow::Offers(function);
@@ -305,16 +278,8 @@ bool frmPrgUN::QueryClose() {
 }
 
 void frmPrgUN::Unload() {
-  if (TimerLoadPrg.interval() != kTimerIdle) ShowWait(app(), 0);  // nothing is left that would send
-  app().prg_windows[static_cast<std::size_t>(number_)] = nullptr;
-  ChildWindow::Unload();
-  // The instrument's own window keeps its mark, and so its file.
-  if (number_ != kInstrumentWindow && !app().core.Closing) {
-    Record()->state = 0;
-    const bool has_file = !NeverSaved() && ByteAt(window_image(), kNoFilePosition) == 0;
-    if (has_file) AddRecentFile(app(), FilePath(), ReadOnly());
-  }
-  RefreshOpenEntries(app());
+  UnloadFile(app().prg_windows[static_cast<std::size_t>(number_)], SendIsDue(TimerLoadPrg),
+             NeverSaved() ? "" : FilePath());
   if (app().main != nullptr) app().main->ShowPrgUEntry();
 }
 

@@ -17,8 +17,6 @@ class frmPrgUN : public ProgramListWindow {
   ui::Button CommEdit{*this, "CommEdit"};
   ui::Frame Frame1[2] = {{*this, "Frame1", 0}, {*this, "Frame1", 1}};
 
-  ui::Button* ButtonOf(WindowFunction function) override;
-  ui::Timer* TimerOf(WindowFunction function) override;
   bool Offers(WindowFunction function) override;
   bool CanSave() const override;
   void ShowName() override;

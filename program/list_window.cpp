@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "arrangement/api.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "data/texts.h"
@@ -44,16 +45,14 @@ ProgramListWindow::ProgramListWindow(Application& app, std::string name, std::st
 }
 
 void ProgramListWindow::ShowRow(int row) {
-  const bool busy = std::exchange(app().arrangement.ListBusy, true);
+  const ScopedValue busy(app().core.ListBusy, true);
   List1.SetRow(row);
-  app().arrangement.ListBusy = busy;
 }
 
 void ProgramListWindow::ShowChannel() {
-  const bool loading = std::exchange(app().core.FormLoading, true);
+  const ScopedValue loading(app().core.FormLoading, true);
   const int channel = BankChannel(window_image());
   Combo1.SetRow(channel < kChannels ? channel : -1);
-  app().core.FormLoading = loading;
 }
 
 std::string ProgramListWindow::ChannelSuffix() const {
@@ -61,7 +60,7 @@ std::string ProgramListWindow::ChannelSuffix() const {
 }
 
 int ProgramListWindow::ClickedRow() const {
-  return app().arrangement.ListBusy ? -1 : List1.Row();
+  return app().core.ListBusy ? -1 : List1.Row();
 }
 
 // The monitor shows the eight bytes of the selection and then the last two again.

@@ -71,8 +71,8 @@ bool SavePrgFile(Application& app, Bytes& image) {
 Bytes InstrumentProgramName(int bank_code, int number) {
   if (bank_code == kDrumBankCode) return Bytes(TrimRight(DrumKitName(number)));
   const ProgramPlace place = ProgramPlaceOf(bank_code, number);
-  if (bank_code == kUserBankCode || place.letter.empty()) return {};
-  return Bytes(TrimRight(ProgramName(place.letter[0] - 'A', place.index)));
+  if (bank_code == kUserBankCode || place.kind == 0) return {};
+  return Bytes(TrimRight(ProgramName(place.kind - kKindPrgA, place.index)));
 }
 
 std::string PrgLabel(int number, int bank_code) {
@@ -80,7 +80,7 @@ std::string PrgLabel(int number, int bank_code) {
   const std::string name = Utf8FromBytes(InstrumentProgramName(bank_code, number));
   if (bank_code == kDrumBankCode) return name.empty() ? "Drum" : name;
   const ProgramPlace place = ProgramPlaceOf(bank_code, number);
-  if (place.letter.empty()) return {};
+  if (place.kind == 0) return {};
   return name + " (" + std::string(place.letter) + PanelNumberText(place.index) + ")";
 }
 

@@ -24,6 +24,18 @@ PrgReadResult CheckLengthAnd(std::string_view file, bool signature_fits, PrgRead
   return file.size() == kPrgFileLength && signature_fits ? good : kPrgWrong;
 }
 
+constexpr ProgramSource kSources[] = {
+    {kKindPrgA, "A", 0, 0, 64, 0},
+    {kKindPrgB, "B", 0, 64, 64, 64},
+    {kKindPrgC, "C", 1, 0, 64, 128},
+    {kKindPrgD, "D", 1, 64, 64, 192},
+    {kKindPrgE, "E", 2, 0, 64, 256},
+    {kKindPrg, "U", kUserBankCode, 0, 64, 320},
+    {kKindNewPrg, "U", kUserBankCode, 0, 64, 0},
+    {kKindDrum, "Dr", kDrumBankCode, 0, 16, 384},
+    {kKindPercussion, "Dr", kDrumBankCode, 0, 16, 0},
+};
+
 }  // namespace
 
 PrgReadResult CheckProgramFile(std::string_view file) {
@@ -122,22 +134,21 @@ std::string ProgramNumberText(std::string_view bank_letter, int n) {
   return std::string(bank_letter) + ' ' + PanelNumberText(n);
 }
 
-ProgramPlace ProgramPlaceOf(int bank_code, int number) {
-  const bool second = number >= 64;
-  switch (bank_code) {
-    case 0:
-      return {second ? "B" : "A", second ? number - 64 : number};
-    case 1:
-      return {second ? "D" : "C", second ? number - 64 : number};
-    case 2:
-      return {"E", number};
-    case kUserBankCode:
-      return {"U", number};
-    case kDrumBankCode:
-      return {"Dr", number};
-    default:
-      return {};
+const ProgramSource* ProgramSourceOf(int kind) {
+  for (const ProgramSource& source : kSources) {
+    if (source.kind == kind) return &source;
   }
+  return nullptr;
+}
+
+// Of the two banks that share a code the second begins in the middle.
+ProgramPlace ProgramPlaceOf(int bank_code, int number) {
+  ProgramPlace place;
+  for (const ProgramSource& source : kSources) {
+    if (source.bank_code != bank_code || number < source.first) continue;
+    if (place.kind == 0 || source.first > 0) place = {source.letter, number - source.first, source.kind};
+  }
+  return place;
 }
 
 }  // namespace zentaline

@@ -108,10 +108,24 @@ void PutEditRecord(Bytes& image, std::string_view record);
 // "A 11": letter, blank, panel number.
 std::string ProgramNumberText(std::string_view bank_letter, int n);
 
-// Letter ("A" to "E", "U", "Dr") and place of a bank code and number byte; an empty letter for any other code.
+// What the rows of a program window stand for.
+struct ProgramSource {
+  int kind;                 // a WindowKind
+  std::string_view letter;  // "A" to "E", "U", "Dr"
+  int bank_code;
+  int first;  // the number of the first row
+  int rows;
+  int run;  // what is added to a number in the run of all programs, as an arrangement's parameter counts them
+};
+// Null for a kind that isn't of programs.
+const ProgramSource* ProgramSourceOf(int kind);
+
+// Where the program of a bank code and number byte stands: the kind of its window, the bank's letter, and the row. Kind
+// 0 and an empty letter for any other code.
 struct ProgramPlace {
   std::string_view letter;
   int index = 0;
+  int kind = 0;
 };
 ProgramPlace ProgramPlaceOf(int bank_code, int number);
 

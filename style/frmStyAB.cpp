@@ -6,6 +6,7 @@
 
 #include "arrangement/api.h"
 #include "base/panel_numbers.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/window_image.h"
@@ -54,7 +55,7 @@ void frmStyAB::ShowName() {
 }
 
 void frmStyAB::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   ChildWindow::Load();
   ShowName();
   const int first = Kind() == kKindStyA ? 0 : kRows;
@@ -64,7 +65,6 @@ void frmStyAB::Load() {
     rows.push_back(PanelNumberText(row) + "  " + Utf8FromBytes(TrimRight(StyleName(first + row))));
   }
   List1.SetRows(std::move(rows));
-  app().core.FormLoading = false;
 }
 
 }  // namespace zentaline

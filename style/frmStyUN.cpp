@@ -3,9 +3,11 @@
 #include <utility>
 
 #include "arrangement/api.h"
+#include "base/scoped_value.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "core/send_steps.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
@@ -17,8 +19,7 @@ namespace zentaline {
 
 namespace {
 
-// The states of TimerLoadStyGrp, which are its milliseconds too.
-constexpr int kGroupIdle = 10;
+// The step of TimerLoadStyGrp, which is its milliseconds too.
 constexpr int kGroupDue = 11;
 
 constexpr std::size_t kNumberLength = 2;            // of a row; what is no longer than that shows no style
@@ -107,12 +108,11 @@ WindowRecord* frmStyUN::Record() {
 // --- Opening ---
 
 void frmStyUN::Load() {
-  app().core.FormLoading = true;
+  const ScopedValue loading(app().core.FormLoading, true);
   Slot() = this;
   ChildWindow::Load();
   ShowName();
   FillRows();
-  app().core.FormLoading = false;
 }
 
 void frmStyUN::FillRows() {
@@ -195,20 +195,15 @@ void frmStyUN::PressLoadSty() {
 // A second press isn't held off: it sends at once, and the timer that still runs begins anew.
 void frmStyUN::PressLoadStyGrp(int group) {
   ui::Timer& timer = TimerLoadStyGrp[group];
-  if (timer.interval() == kGroupIdle) {
-    ShowWait(app(), kWaitLoadingSty);
-    timer.SetInterval(kGroupDue);
-    timer.Start();
-    return;
-  }
-  timer.SetInterval(kGroupIdle);
+  if (!SendIsDue(timer)) return WaitForSend(app(), timer, kGroupDue, kWaitLoadingSty);
+  timer.SetInterval(kSendIdle);
   SendStyleDump(app(), group, window_image());
   ShowWait(app(), 0);
 }
 
 bool frmStyUN::Sending() {
   for (int group = 0; group < kStyGroupCount; ++group) {
-    if (TimerLoadStyGrp[group].interval() != kGroupIdle) return true;
+    if (SendIsDue(TimerLoadStyGrp[group])) return true;
   }
   return LoadingStyles(timers());
 }
@@ -241,14 +236,7 @@ bool frmStyUN::QueryClose() {
 }
 
 void frmStyUN::Unload() {
-  if (Sending()) ShowWait(app(), 0);
-  Slot() = nullptr;
-  ChildWindow::Unload();
-  if (app().core.Closing) return;
-  if (WindowRecord* record = Record()) record->state = 0;
-  const bool has_file = !NeverSaved() && ByteAt(window_image(), kNoFilePosition) == 0;
-  if (has_file) AddRecentFile(app(), std::string(WindowPath(window_image())) + ".sty", ReadOnly());
-  RefreshOpenEntries(app());
+  UnloadFile(Slot(), Sending(), NeverSaved() ? "" : std::string(WindowPath(window_image())) + ".sty");
   RefreshNewStyEntry(app());
 }
 

@@ -13,6 +13,10 @@ struct StyleState {
   std::string CurrentStyDir;
   std::string CurrentStyName;
   std::string StyInInstrument;  // base name of the .sty last sent, at most 24 bytes
+
+  // The transmission of a style file: the group that goes out next, and how many there are.
+  int StyleGroupIndex = 0;
+  int StyleGroupCount = 0;
 };
 
 }  // namespace zentaline

@@ -3,6 +3,7 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
+#include "core/send_steps.h"
 #include "data/message_codes.h"
 #include "midi/api.h"
 
@@ -10,13 +11,12 @@ namespace zentaline {
 
 namespace {
 
-constexpr int kIdle = 10;
 constexpr int kFirstGroupDelay = 20;
 
 void EndStyles(Application& app, const StyleTimers& timers, const std::string& name) {
   ShowWait(app, 0);
   timers.between.Stop();
-  timers.first.SetInterval(kIdle);
+  timers.first.SetInterval(kSendIdle);
   app.style.StyInInstrument = CutText(name, kInstrumentNameLength);
   if (app.main != nullptr) app.main->LabelSty.SetCaption(ShownPath(app.style.StyInInstrument));
 }
@@ -25,21 +25,19 @@ void EndStyles(Application& app, const StyleTimers& timers, const std::string& n
 
 StyleStep PressLoadStyles(Application& app, const StyleTimers& timers, const Bytes& image, int groups,
                           const std::string& name) {
-  MidiState& midi = app.midi;
+  StyleState& style = app.style;
   if (!LoadingStyles(timers)) {
-    midi.StyleGroupCount = groups;
+    style.StyleGroupCount = groups;
     if (groups == 0) return StyleStep::kNothingToSend;
-    midi.StyleGroupIndex = 0;
+    style.StyleGroupIndex = 0;
     timers.between.SetInterval(timers.pause);
-    ShowWait(app, kWaitLoadingSty);
-    timers.first.SetInterval(kFirstGroupDelay);
-    timers.first.Start();
+    WaitForSend(app, timers.first, kFirstGroupDelay, kWaitLoadingSty);
     return StyleStep::kUnderWay;
   }
   timers.first.Stop();
-  const bool more = midi.StyleGroupIndex < midi.StyleGroupCount;
-  if (more && SendStyleDump(app, midi.StyleGroupIndex, image) == 0) {
-    ++midi.StyleGroupIndex;
+  const bool more = style.StyleGroupIndex < style.StyleGroupCount;
+  if (more && SendStyleDump(app, style.StyleGroupIndex, image) == 0) {
+    ++style.StyleGroupIndex;
     timers.between.SetInterval(timers.pause);
     timers.between.Start();
     return StyleStep::kUnderWay;
@@ -49,7 +47,7 @@ StyleStep PressLoadStyles(Application& app, const StyleTimers& timers, const Byt
 }
 
 bool LoadingStyles(const StyleTimers& timers) {
-  return timers.first.interval() != kIdle;
+  return SendIsDue(timers.first);
 }
 
 }  // namespace zentaline

@@ -247,10 +247,10 @@ TEST_F(Click, TwoRowsInOneSelectionPlayTheOneWithTheFocus) {
 
 TEST_F(Click, NothingHappensWhileTheListIsBusyOrNoRowIsSelected) {
   OpenSong();
-  desk_.program.app.arrangement.ListBusy = true;
+  desk_.program.app.core.ListBusy = true;
   desk_.Select(0);
   EXPECT_THAT(desk_.Log(), IsEmpty());
-  desk_.program.app.arrangement.ListBusy = false;
+  desk_.program.app.core.ListBusy = false;
   desk_.List().UserSelect({});
   desk_.List().Click();
   EXPECT_THAT(desk_.Log(), IsEmpty());

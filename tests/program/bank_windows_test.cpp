@@ -167,9 +167,9 @@ TEST_F(BankWindows, InProgramModeTheGlobalChannelIsUsed) {
 TEST_F(BankWindows, NothingIsSentWhileTheListIsOnlyPutInItsPlaceOrNoPortIsOpen) {
   desk_.Press("mnuWProgA");
   desk_.Log();
-  desk_.program.app.arrangement.ListBusy = true;
+  desk_.program.app.core.ListBusy = true;
   List("frmPcgAE(4)").UserSelect({3});
-  desk_.program.app.arrangement.ListBusy = false;
+  desk_.program.app.core.ListBusy = false;
   EXPECT_THAT(desk_.Wire(), IsEmpty());
   desk_.Press("mnuDevMIDIOut(0)");
   desk_.Log();

@@ -112,9 +112,9 @@ TEST_F(UserBank, AnEmptyRowDoesNothing) {
 
 TEST_F(UserBank, NothingIsSentWhileTheListIsOnlyPutInItsPlaceOrNoPortIsOpen) {
   desk_.OpenBank(Bank());
-  desk_.program.app.arrangement.ListBusy = true;
+  desk_.program.app.core.ListBusy = true;
   desk_.Click(3);
-  desk_.program.app.arrangement.ListBusy = false;
+  desk_.program.app.core.ListBusy = false;
   EXPECT_EQ(desk_.state().EditRecord, "");
   desk_.Press("mnuDevMIDIOut(0)");
   desk_.Click(3);
