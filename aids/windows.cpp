@@ -1,9 +1,10 @@
-// How the windows of the texts open.
+// How the keyboard and the windows of the texts open.
 #include <memory>
 
 #include "aids/api.h"
 #include "aids/frmBloccoNote.h"
 #include "aids/frmGuida.h"
+#include "aids/frmTastiera.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/file_reading.h"
@@ -65,6 +66,19 @@ void ShowGuide(Application& app) {
 void ShowNotebook(Application& app) {
   if (ui::Form* open = app.toolkit.FindForm("frmBloccoNote")) return app.toolkit.Activate(*open);
   if (ReadNotebook(app)) app.toolkit.Open(std::make_unique<frmBloccoNote>(app));
+}
+
+void ShowKeyboard(Application& app) {
+  if (ui::Form* open = app.toolkit.FindForm("frmTastiera")) return app.toolkit.Activate(*open);
+  app.toolkit.Open(std::make_unique<frmTastiera>(app));
+}
+
+void ShowSplitNoteOnKeyboard(Application& app, int note) {
+  if (ui::Form* open = app.toolkit.FindForm("frmTastiera")) static_cast<frmTastiera*>(open)->ShowSplitNote(note);
+}
+
+void EndKeyboardNotes(Application& app) {
+  if (ui::Form* open = app.toolkit.FindForm("frmTastiera")) static_cast<frmTastiera*>(open)->EndNotes();
 }
 
 }  // namespace zentaline

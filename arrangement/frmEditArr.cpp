@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "aids/api.h"
 #include "arrangement/api.h"
 #include "arrangement/editor_texts.h"
 #include "arrangement/windows.h"
@@ -110,8 +111,10 @@ std::string frmEditArr::ValueText(const EditorControl& control, int shown) const
   return FieldText(control.field(), shown);
 }
 
-void frmEditArr::ShowSplitNote(int note) {
-  RowOf(kHScroll1, 0).value->SetCaption(SplitNoteName(note));
+void frmEditArr::ShowSplitNote() {
+  const EditorControl& split = RowOf(kHScroll1, 0);
+  rows_.ShowLabel(split);
+  ShowSplitNoteOnKeyboard(app(), RecordEditor::Shown(split));
 }
 
 void frmEditArr::Fill() {
@@ -120,6 +123,7 @@ void frmEditArr::Fill() {
   ShowTexts();
   Combo1[kMapChooser].SetRow(0);
   rows_.Show([](const EditorRow& row) { return !row.Has(kActsInFill); });
+  ShowSplitNote();
   // Effects and switches aren't stopped by the fill: the instrument follows the row without a dump. The effects go out
   // first.
   rows_.Fill([](const EditorRow& row) { return row.array == kEffCombo; });
@@ -172,6 +176,7 @@ void frmEditArr::Edit(EditorControl& control) {
   if (row.Has(kSendsShown)) Send(control, shown);
   Store(control, shown);
   rows_.ShowLabel(control);
+  if (control.control == &HScroll1[0]) ShowSplitNote();
   if (!row.Has(kSendsShown)) Send(control, shown);
 }
 

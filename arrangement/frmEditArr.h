@@ -68,8 +68,8 @@ class frmEditArr : public ChildWindow {
   void Fill();
   void PickProgram(const Bytes& image, int row);
   void PickStyle(const Bytes& image, int row, const std::string& row_text);
-  // Writes the note's name into Label1(3).
-  void ShowSplitNote(int note);
+  // Writes the split point's name into Label1(3), and tells the keyboard on the screen.
+  void ShowSplitNote();
 
   void Load() override;
   // The window that the record came from asks for it.

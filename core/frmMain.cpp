@@ -128,6 +128,7 @@ void frmMain::ConnectMenus() {
   Menu(mnuMultisample).on_click = [this] { ShowMultisamples(app()); };
   Menu(mnuGlobalParam).on_click = [this] { ShowGlobalParameters(app()); };
   Menu(mnuMsgEx).on_click = [this] { ToggleMonitor(app()); };
+  Menu(mnuTastiera).on_click = [this] { ShowKeyboard(app()); };
   Menu(mnuMIDI).on_click = [this] { ShowChannels(app()); };
   for (const ProgramBank& bank : ProgramBanks()) {
     Menu(bank.entry).on_click = [this, kind = bank.kind] { ShowProgramBank(app(), kind); };
@@ -237,6 +238,7 @@ void frmMain::Unload() {
   app().core.Closing = true;
   ForEachChild([](ChildWindow& child) { child.Resized(); });
   app().core.OperationTitle = GetText(app(), kTextClosingOut);
+  EndKeyboardNotes(app());
   CloseMidi(app());
   WriteConfiguration(app());
   for (Form* form : toolkit().forms()) {

@@ -39,6 +39,7 @@ constexpr AutoWindow kAutoWindows[] = {
     {15, kKindStyB, mnuStyB},
     {16, kKindDatabase, mnuWEditDBArr},
     {17, kKindNotebook, mnuBloccoNote},
+    {18, kKindKeyboard, mnuTastiera},
 };
 
 // The tables of file windows in the order in which they come back.

@@ -31,7 +31,6 @@ void MainWindow::MakeMenus() {
     ui::MenuEntry& entry = *menus_.back();
     entry.separator_before = row.separator_before;
     entry.shortcut = row.shortcut;
-    if (row.waits_for_window) entry.SetEnabled(false);
     if (row.id == mnuExit) {
       for (int i = 0; i < static_cast<int>(recent_files_.size()); ++i) {
         auto& recent = recent_files_[static_cast<std::size_t>(i)];

@@ -70,6 +70,7 @@ struct ActiveEntry {
   MenuId entry;
   WindowFunction function;
 };
+// No window has a function of mnuLoadAll: it stands in the menu and stays off.
 inline constexpr std::array<ActiveEntry, 12> kActiveEntries = {{
     {MenuId::mnuLoadAll, WindowFunction::kLoadAll},
     {MenuId::mnuLoadArr, WindowFunction::kLoadArr},

@@ -106,7 +106,6 @@ struct MenuRow {
   int text;  // Italian id of its caption; 0: the caption stands among those that the text table doesn't hold
   const char* shortcut;
   bool separator_before;
-  bool waits_for_window;  // it opens or serves a window that the program doesn't have yet: always disabled
 };
 
 // One row for each entry, in the order of MenuId.

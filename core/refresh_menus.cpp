@@ -18,10 +18,6 @@ constexpr MenuId kChildEntries[] = {
     mnuShowPrg,     mnuEdit,          mnuEditPerf, mnui40DBArr, mnuCancella, mnuDBArrApri, mnuAddAll,
 };
 
-bool Waits(MenuId id) {
-  return MenuRows()[static_cast<std::size_t>(id)].waits_for_window;
-}
-
 bool Grows(int kind) {
   return kind == kKindArr || kind == kKindNewArr;
 }
@@ -50,7 +46,7 @@ void MainWindow::EnableForKind(ChildWindow& child) {
   Menu(mnuCopia).SetEnabled(items.copy);
   Menu(mnuIncolla).SetEnabled(items.paste);
   for (const ActiveEntry& row : kActiveEntries) {
-    Menu(row.entry).SetEnabled(!Waits(row.entry) && child.Offers(row.function));
+    Menu(row.entry).SetEnabled(child.Offers(row.function));
   }
 }
 

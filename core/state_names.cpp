@@ -82,6 +82,9 @@ constexpr NumberRow kNumbers[] = {
     {"SilentStart", [](const Application& app) -> long { return app.arrangement.SilentStart; }},
     {"ArrFileId", [](const Application& app) -> long { return app.arrangement.ArrFileId; }},
     {"GuideLength", [](const Application& app) -> long { return app.aids.GuideLength; }},
+    {"FirstNote", [](const Application& app) -> long { return app.aids.FirstNote; }},
+    {"CurrentNote", [](const Application& app) -> long { return app.aids.CurrentNote; }},
+    {"ChordState", [](const Application& app) -> long { return app.aids.ChordState; }},
     {"ReadOnlyAnswer", [](const Application& app) -> long { return app.files.ReadOnlyAnswer; }},
 };
 
@@ -120,6 +123,8 @@ constexpr TextRow kImages[] = {
     {"GuideText", [](const Application& app) -> const Bytes& { return app.aids.GuideText; }},
     {"NoteText", [](const Application& app) -> const Bytes& { return app.aids.NoteText; }},
     {"BsqBuffer", [](const Application& app) -> const Bytes& { return app.global.BsqBuffer; }},
+    {"HeldNotes", [](const Application& app) -> const Bytes& { return app.aids.HeldNotes; }},
+    {"ChordNotes", [](const Application& app) -> const Bytes& { return app.aids.ChordNotes; }},
     {"SysExBuffer", [](const Application& app) -> const Bytes& { return app.midi.SysExBuffer; }},
 };
 // clang-format on

@@ -32,6 +32,7 @@ inline constexpr int kTextNewFileProgram = 88;
 inline constexpr int kTextCaption = 91;
 inline constexpr int kTextReading = 105;
 inline constexpr int kTextFindId = 92;
+inline constexpr int kTextKeyboard = 106;
 inline constexpr int kTextOpening = 111;
 inline constexpr int kTextOpeningOut = 113;
 inline constexpr int kTextClosingOut = 114;

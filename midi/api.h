@@ -72,6 +72,9 @@ void SelectProgram(Application& app, std::string_view image, int index);
 void SendNoteOn(Application& app, int channel, int note, int velocity);
 void SendNoteOff(Application& app, int channel, int note, int velocity);
 void SendAllNotesOff(Application& app, int channel);
+// These two don't show in the monitor.
+void SendController(Application& app, int channel, int controller, int value);
+void SendPitchBend(Application& app, int channel, int value);
 
 // --- The monitor ---
 

@@ -188,6 +188,14 @@ void SendNoteOff(Application& app, int channel, int note, int velocity) {
   SendNote(app, NoteOffWord(channel, note, velocity), 3);
 }
 
+void SendController(Application& app, int channel, int controller, int value) {
+  SendWord(app, ControllerWord(channel, controller, value));
+}
+
+void SendPitchBend(Application& app, int channel, int value) {
+  SendWord(app, PitchBendWord(channel, value));
+}
+
 void SendAllNotesOff(Application& app, int channel) {
   // Of its three bytes the monitor shows two; that is how it is meant to be.
   SendNote(app, AllNotesOffWord(channel), 2);

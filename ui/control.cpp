@@ -86,6 +86,12 @@ bool Control::UserKey(const Key& key) {
 
 bool Control::UserMouse(const MouseEvent& event) {
   if (!Usable()) return false;
+  // A pointer that passes over a window leaves it where it is.
+  if (event.what == MouseEvent::kMove) {
+    const UserEvent scope(form_.toolkit());
+    if (on_mouse) on_mouse(event);
+    return true;
+  }
   const UserEvent scope(*this);
   if (event.what == MouseEvent::kDown && !event.right) SetFocus();
   if (on_mouse) on_mouse(event);

@@ -98,6 +98,11 @@ void Form::UserPlace(const Placement& placement, Size inner) {
 
 bool Form::UserMouse(const MouseEvent& event) {
   if (!Reachable()) return false;
+  if (event.what == MouseEvent::kMove) {
+    const UserEvent scope(toolkit_);
+    if (on_mouse) on_mouse(event);
+    return true;
+  }
   const UserEvent scope(*this);
   if (on_mouse) on_mouse(event);
   return true;

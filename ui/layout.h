@@ -10,14 +10,24 @@
 
 namespace zentaline::ui {
 
+// Where a control stands among those of kPlaces, in the units of the whole.
+struct Place {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+};
+
 struct Layout {
-  enum class Kind { kNothing, kControl, kRow, kColumn, kGrid, kFrame, kPages, kSpace };
+  enum class Kind { kNothing, kControl, kRow, kColumn, kGrid, kFrame, kPages, kSpace, kPlaces };
   Kind kind = Kind::kNothing;
   Control* control = nullptr;    // of kControl; the Frame, PictureBox or Tabs of kFrame and kPages
   std::vector<Layout> children;  // of kPages one for each page
   int columns = 0;               // of kGrid; the children fill it row by row
   int stretch = 0;               // how much it takes of the room that is left over; 0 keeps its size
   bool scrolls = false;          // what doesn't fit is scrolled to
+  Place place;                   // of a child of kPlaces; of kPlaces itself how many units it is wide and high
+  Size least;                    // of kPlaces, in pixels
   bool tight = false;            // no room between the children, nor around the whole form; little inside a frame
 };
 
@@ -61,6 +71,20 @@ inline Layout Inside(Control& container, Layout content, int stretch = 0) {
 inline Layout Pages(Control& tabs, std::vector<Layout> pages, int stretch = 1) {
   Layout layout = Group(Layout::Kind::kPages, std::move(pages), stretch);
   layout.control = &tabs;
+  return layout;
+}
+
+inline Layout At(Place place, Control& control) {
+  Layout layout = Item(control);
+  layout.place = place;
+  return layout;
+}
+
+// Controls at places of their own, which grow with the whole; a later one lies over an earlier one.
+inline Layout Places(Size units, Size least_pixels, std::vector<Layout> children, int stretch = 0) {
+  Layout layout = Group(Layout::Kind::kPlaces, std::move(children), stretch);
+  layout.place = {0, 0, units.width, units.height};
+  layout.least = least_pixels;
   return layout;
 }
 

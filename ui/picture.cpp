@@ -1,6 +1,8 @@
 #include "ui/picture.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <utility>
 
 #include "ui/form.h"
@@ -11,6 +13,7 @@ namespace zentaline::ui {
 namespace {
 
 constexpr int kStepsOfAPage = 10;
+constexpr int kCornersOfADisc = 32;
 
 std::string PlaceOf(const Handle& handle) {
   return std::to_string(handle.x) + ' ' + std::to_string(handle.y);
@@ -30,6 +33,15 @@ Shape Box(Point from, Point to, Ink ink) {
   return Area({from, {to.x, from.y}, to, {from.x, to.y}}, ink);
 }
 
+Shape Disc(Point centre, double radius, Ink ink) {
+  std::vector<Point> points;
+  for (int corner = 0; corner < kCornersOfADisc; ++corner) {
+    const double angle = 2 * std::numbers::pi * corner / kCornersOfADisc;
+    points.push_back({centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)});
+  }
+  return Area(std::move(points), ink);
+}
+
 Shape Text(Point at, std::string text, Ink ink, Shape::Align align) {
   return {Shape::Kind::kText, ink, {at}, 1, std::move(text), align};
 }
@@ -43,7 +55,11 @@ Picture::~Picture() {
 }
 
 void Picture::SetDrawing(Drawing drawing) {
-  if (drawing == drawing_) return;
+  if (drawing != *drawing_) ShowDrawing(std::make_shared<const Drawing>(std::move(drawing)));
+}
+
+void Picture::ShowDrawing(std::shared_ptr<const Drawing> drawing) {
+  if (drawing == nullptr || drawing == drawing_) return;
   drawing_ = std::move(drawing);
   if (!Has(selected_)) selected_ = handles() > 0 ? 0 : -1;
   Changed(Change::kDrawing);
@@ -51,7 +67,7 @@ void Picture::SetDrawing(Drawing drawing) {
 
 std::string Picture::HandlePlaces() const {
   std::string places;
-  for (const Handle& handle : drawing_.handles) {
+  for (const Handle& handle : drawing_->handles) {
     if (!places.empty()) places += "; ";
     places += PlaceOf(handle);
   }
@@ -59,7 +75,7 @@ std::string Picture::HandlePlaces() const {
 }
 
 std::string Picture::HandlePlace(int handle) const {
-  return Has(handle) ? PlaceOf(drawing_.handles[static_cast<std::size_t>(handle)]) : std::string();
+  return Has(handle) ? PlaceOf(drawing_->handles[static_cast<std::size_t>(handle)]) : std::string();
 }
 
 void Picture::SelectHandle(int handle) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,6 +23,8 @@ enum class Ink {
   kGlow,      // the area under it
   kWhiteKey,  // these are the same on every desktop
   kBlackKey,
+  kKeyEdge,
+  kKeyMark,  // on a black key
 };
 
 // A place in the drawing's own units, from its top left.
@@ -54,6 +57,8 @@ Shape Line(std::vector<Point> points, Ink ink, double pixels = 1);
 Shape Area(std::vector<Point> points, Ink ink);
 // The rectangle between two corners.
 Shape Box(Point from, Point to, Ink ink);
+// A circle whose size grows with the picture.
+Shape Disc(Point centre, double radius, Ink ink);
 Shape Text(Point at, std::string text, Ink ink = Ink::kText, Shape::Align align = Shape::Align::kCentre);
 Shape Dot(Point at, Ink ink, double pixels);
 
@@ -80,10 +85,12 @@ class Picture : public Control {
  public:
   Picture(Form& form, std::string name, int index = -1)
       : Control(form, ControlKind::kPicture, std::move(name), index) {}
-  const Drawing& drawing() const { return drawing_; }
+  const Drawing& drawing() const { return *drawing_; }
   void SetDrawing(Drawing drawing);
+  // One of a few drawings that are made once and shown in turn.
+  void ShowDrawing(std::shared_ptr<const Drawing> drawing);
   // How many handles it has, and where they stand: "X Y; X Y".
-  int handles() const { return static_cast<int>(drawing_.handles.size()); }
+  int handles() const { return static_cast<int>(drawing_->handles.size()); }
   std::string HandlePlaces() const;
   // "X Y"; an empty text where there is no such handle.
   std::string HandlePlace(int handle) const;
@@ -114,7 +121,7 @@ class Picture : public Control {
   bool Has(int handle) const { return handle >= 0 && handle < handles(); }
   bool UserStep(int right, int up);
 
-  Drawing drawing_;
+  std::shared_ptr<const Drawing> drawing_ = std::make_shared<const Drawing>();
   int selected_ = -1;
   bool held_ = false;
 };

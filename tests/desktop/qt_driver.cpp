@@ -130,13 +130,19 @@ void Paste(Widget& widget, const std::string& text) {
   QTest::keyClick(&widget, Qt::Key_V, Qt::ControlModifier);
 }
 
-bool SendMouse(QWidget& widget, const MouseEvent& event) {
+// The units of a drawing are scaled to its widget.
+QPointF PixelOf(const QWidget& widget, const Control& control, const MouseEvent& event) {
+  if (control.kind() != ControlKind::kPicture) return QPointF(event.x, event.y);
+  const Point& units = static_cast<const Picture&>(control).drawing().size;
+  return {event.x * widget.width() / units.x, event.y * widget.height() / units.y};
+}
+
+bool SendMouse(QWidget& widget, const MouseEvent& event, QPointF place) {
   const Qt::MouseButton button = event.right ? Qt::RightButton : Qt::LeftButton;
   const QEvent::Type type = event.what == MouseEvent::kDown   ? QEvent::MouseButtonPress
                             : event.what == MouseEvent::kMove ? QEvent::MouseMove
                                                               : QEvent::MouseButtonRelease;
   const bool moves = type == QEvent::MouseMove;
-  const QPoint place(event.x, event.y);
   const Qt::MouseButtons held = type == QEvent::MouseButtonPress || (moves && event.right)
                                     ? Qt::MouseButtons(button)
                                     : Qt::MouseButtons(Qt::NoButton);
@@ -275,12 +281,12 @@ bool QtDriver::Drag(Picture& picture, int handle, int x, int y) {
 
 bool QtDriver::Mouse(Control& control, const MouseEvent& event) {
   QWidget* widget = WidgetOf(control);
-  return widget != nullptr && SendMouse(*widget, event);
+  return widget != nullptr && SendMouse(*widget, event, PixelOf(*widget, control, event));
 }
 
 bool QtDriver::Mouse(Form& form, const MouseEvent& event) {
   FormWindow* window = desktop_.windows().Of(form);
-  return window != nullptr && SendMouse(*window->body(), event);
+  return window != nullptr && SendMouse(*window->body(), event, QPointF(event.x, event.y));
 }
 
 bool QtDriver::Context(Control& control) {

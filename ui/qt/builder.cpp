@@ -14,6 +14,7 @@
 #include "ui/layout.h"
 #include "ui/qt/convert.h"
 #include "ui/qt/picture_view.h"
+#include "ui/qt/places.h"
 #include "ui/qt/simple_views.h"
 #include "ui/qt/text_views.h"
 
@@ -195,7 +196,21 @@ class Builder {
       case Kind::kGrid:
         AddGrid(box, layout, stretch);
         break;
+      case Kind::kPlaces:
+        AddPlaces(box, layout, stretch);
+        break;
     }
+  }
+
+  void AddPlaces(QBoxLayout& box, const Layout& layout, int stretch) {
+    auto* whole = new PlacesWidget(layout.place, layout.least, parent_, built_.body);
+    QWidget* outer = std::exchange(parent_, whole);
+    for (const Layout& child : layout.children) {
+      if (child.control == nullptr) continue;
+      if (QWidget* widget = MakeWidget(*child.control)) whole->Put(widget, child.place);
+    }
+    parent_ = outer;
+    box.addWidget(whole, stretch);
   }
 
   void AddScrolled(QBoxLayout& box, const Layout& layout, int stretch) {

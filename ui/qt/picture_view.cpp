@@ -31,7 +31,7 @@ class PictureWidget : public QWidget {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     const bool reached = picture.on_drag || picture.on_step || picture.on_key;
     setFocusPolicy(reached ? Qt::StrongFocus : Qt::NoFocus);
-    setMouseTracking(static_cast<bool>(picture.on_drag));
+    setMouseTracking(picture.on_drag || picture.on_mouse);
   }
 
   // What the hand does: takes a handle, drags it to a place, lets it go.
@@ -50,7 +50,7 @@ class PictureWidget : public QWidget {
     for (const Shape& shape : picture_->drawing().shapes) Paint(painter, shape);
     for (int handle = 0; handle < picture_->handles(); ++handle) PaintHandle(painter, handle);
     PaintName(painter);
-    if (!hasFocus()) return;
+    if (!hasFocus() || focusPolicy() == Qt::NoFocus) return;
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(palette().color(QPalette::Highlight));
@@ -234,6 +234,12 @@ class PictureView : public View {
     widget_->setAccessibleDescription(ToQt(picture_.HandlePlaces()));
     widget_->update();
   }
+  // The mouse in the drawing's own units.
+  QPoint PlaceOfMouse(const QPointF& pixel) const override {
+    const Point& units = picture_.drawing().size;
+    return {static_cast<int>(std::lround(pixel.x() * units.x / std::max(widget_->width(), 1))),
+            static_cast<int>(std::lround(pixel.y() * units.y / std::max(widget_->height(), 1)))};
+  }
   bool KeyDoes(const Key& key, const QKeyEvent&) override {
     const bool moves = key.name == Key::kSpace || key.name >= Key::kUp;
     if (moves) picture_.DefaultKey(key);
@@ -270,6 +276,10 @@ QColor ColourOf(Ink ink, const QPalette& palette, QPalette::ColorGroup group) {
       return QColor(0xF4, 0xF4, 0xF0);
     case Ink::kBlackKey:
       return QColor(0x20, 0x20, 0x24);
+    case Ink::kKeyEdge:
+      return QColor(0x70, 0x70, 0x70);
+    case Ink::kKeyMark:
+      return QColor(0x00, 0xFF, 0x00);
   }
   return text;
 }

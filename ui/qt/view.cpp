@@ -205,7 +205,8 @@ bool View::OnMouse(const QWidget& part, const QMouseEvent& event) {
     const MouseEvent::What what = event.type() == QEvent::MouseMove            ? MouseEvent::kMove
                                   : event.type() == QEvent::MouseButtonRelease ? MouseEvent::kUp
                                                                                : MouseEvent::kDown;
-    gate_.UserNow([&] { control_->UserMouse({what, place.x(), place.y(), right}); });
+    const QPoint there = PlaceOfMouse(part.mapTo(widget_, event.position()));
+    gate_.UserNow([&] { control_->UserMouse({what, there.x(), there.y(), right}); });
     if (!alive || control_ == nullptr) return true;
   }
   if (event.button() != Qt::RightButton || !HasContext()) return false;

@@ -47,6 +47,8 @@ class View : public QObject, public ControlView {
     (void)key;
     return false;
   }
+  // Where the mouse is, as the control counts.
+  virtual QPoint PlaceOfMouse(const QPointF& pixel) const { return pixel.toPoint(); }
   // The room that `least_characters` asks for.
   virtual void ShowLeastSize();
 

@@ -108,6 +108,7 @@ void FormWindow::BuildIn(QWidget* parent) {
   body_ = built.body;
   for (View* view : built.views) views_.emplace_back(view);
   body_->installEventFilter(this);
+  body_->setMouseTracking(static_cast<bool>(form_->on_mouse));
 }
 
 void FormWindow::Detach() {
