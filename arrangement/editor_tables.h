@@ -29,6 +29,9 @@ constexpr unsigned Parts(std::initializer_list<ArrPart> parts) {
 
 // clang-format off
 inline constexpr EditorRow kCommonRows[] = {
+    // In a fill the effects go out before the switches.
+    {kEffCombo, 0, &Common("effect1"), {0x06}, kActsInFill},
+    {kEffCombo, 1, &Common("effect2"), {0x08}, kActsInFill},
     {kVScroll1, 0, &Common("tempo"), {0x00}, kSendsShown},
     {kHScroll1, 0, &Common("split"), {0x02}, kNoTrait, {.page = 12}},
     {kCombo1, 0, &Common("keyboard")},
@@ -54,8 +57,6 @@ inline constexpr EditorRow kCommonRows[] = {
     {kCheck1, 6, &Common("switch.bass"), {}, kActsInFill},
     {kCheck1, 7, &Common("switch.hold"), {}, kActsInFill},
     {kCheck1, 8, &Common("switch.latch"), {0x01}, kActsInFill},
-    {kEffCombo, 0, &Common("effect1"), {0x06}, kActsInFill},
-    {kEffCombo, 1, &Common("effect2"), {0x08}, kActsInFill},
 };
 
 // Of each of the nine parts.

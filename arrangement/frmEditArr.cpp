@@ -122,12 +122,9 @@ void frmEditArr::Fill() {
   ShowTitle();
   ShowTexts();
   Combo1[kMapChooser].SetRow(0);
-  rows_.Show([](const EditorRow& row) { return !row.Has(kActsInFill); });
+  // Effects and switches aren't stopped by the fill: the instrument follows the row without a dump.
+  rows_.Fill();
   ShowSplitNote();
-  // Effects and switches aren't stopped by the fill: the instrument follows the row without a dump. The effects go out
-  // first.
-  rows_.Fill([](const EditorRow& row) { return row.array == kEffCombo; });
-  rows_.Fill([](const EditorRow& row) { return row.array == kCheck1; });
   for (int part = 0; part < kArrPartCount; ++part) ShowPart(part);
   app().edits.Mark(kArrRecordUnderEdit, false);
 }

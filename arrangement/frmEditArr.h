@@ -18,7 +18,7 @@ namespace zentaline {
 
 using ui::ControlArray;
 
-class frmEditArr : public ChildWindow {
+class frmEditArr : public ChildWindow, private RecordEditorHost {
  public:
   explicit frmEditArr(Application& app);
 
@@ -99,8 +99,8 @@ class frmEditArr : public ChildWindow {
   void ShowToolTips();
 
   // What is shown, and what the user does.
-  std::string ValueText(const EditorControl& control, int shown) const;
-  void Edit(EditorControl& control);
+  std::string ValueText(const EditorControl& control, int shown) const override;
+  void Edit(EditorControl& control) override;
   void Store(const EditorControl& control, int shown);
   void Send(const EditorControl& control, int shown);
   void ChooseVariation();

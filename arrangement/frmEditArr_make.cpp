@@ -13,14 +13,7 @@
 namespace zentaline {
 
 frmEditArr::frmEditArr(Application& app)
-    : ChildWindow(app, "frmEditArr", {}),
-      rows_(*this, {[this] { return std::string_view(record()); },
-                    [this](const EditorControl& control, std::string_view bytes) {
-                      this->app().edits.Put(kArrRecordUnderEdit, control.position(), bytes,
-                                            {control.field().name, control.owner});
-                    },
-                    [this](EditorControl& control) { Edit(control); },
-                    [this](const EditorControl& control, int shown) { return ValueText(control, shown); }}) {
+    : ChildWindow(app, "frmEditArr", {}), rows_(*this, *this, app.edits, kArrRecordUnderEdit) {
   Label[0].SetCaption("Arrangement");
   Frame1.SetCaption("Effects 1,2, On/Off");
   Frame2.SetCaption("Switches");

@@ -165,6 +165,7 @@ void frmEditArr::SetNameHighlight(int index) {
 
 void frmEditArr::ClearNameHighlight() {
   ArrangementState& state = app().arrangement;
+  if (!state.ArrNameArmed && !state.ArrStyleArmed && !state.ArrPartArmed) return;
   const auto armed = std::find(state.ArrPartSlots.begin(), state.ArrPartSlots.end(), 1);
   if (armed == state.ArrPartSlots.end()) return;
   *armed = 0;

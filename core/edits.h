@@ -90,6 +90,9 @@ class Edits {
   Edits(const Edits&) = delete;
   Edits& operator=(const Edits&) = delete;
 
+  // The bytes as they stand.
+  const Bytes& Read(const EditTarget& target) { return BytesOf(target); }
+
   // --- What the user does ---
 
   // Writes bytes behind the control bytes; what reaches beyond the end is left out.

@@ -37,6 +37,10 @@ int SentValue(const EditorRow& row, int shown) {
   return row.Has(kSendsShown) || row.Has(kStoresRow) ? shown : CodedValue(*row.field, shown);
 }
 
+std::string RecordEditorHost::ValueText(const EditorControl& control, int shown) const {
+  return FieldText(control.field(), shown);
+}
+
 EditorControl& RecordEditor::Bind(EditorControl bound, bool named) {
   EditorControl& kept = controls_.emplace_back(bound);
   const bool names_itself = kept.control->kind() == ui::ControlKind::kCheckBox;
@@ -51,7 +55,7 @@ EditorControl& RecordEditor::Bind(EditorControl bound, bool named) {
 
 void RecordEditor::SetUp(EditorControl& bound) {
   const Field& field = bound.field();
-  const auto edit = [this, &bound] { host_.edit(bound); };
+  const auto edit = [this, &bound] { host_.Edit(bound); };
   switch (bound.control->kind()) {
     case ui::ControlKind::kScrollBar: {
       auto& bar = static_cast<ui::ScrollBar&>(*bound.control);
@@ -60,7 +64,7 @@ void RecordEditor::SetUp(EditorControl& bound) {
       bar.SetRange(look.upright ? field.range.high : field.range.low, look.upright ? field.range.low : field.range.high,
                    1, look.page);
       bar.on_change = edit;
-      bar.shown = [this, &bound](int value) { return TextFor(bound, value); };
+      bar.shown = [this, &bound](int value) { return host_.ValueText(bound, value); };
       bar.value_label = bound.value;
       break;
     }
@@ -95,62 +99,38 @@ void RecordEditor::Rebind(EditorControl& bound, const EditorRow& row, bool visib
   Show(bound);
 }
 
-std::optional<int> RecordEditor::InRecord(const EditorControl& bound) const {
-  return ShownIn(*bound.row, RawAt(bound.field(), host_.record(), bound.start));
+void RecordEditor::Show() {
+  for (EditorControl& bound : controls_) Show(bound, false);
 }
 
-void RecordEditor::Show(const Which& which) {
-  for (EditorControl& bound : controls_) {
-    if (!which || which(*bound.row)) Show(bound);
-  }
+void RecordEditor::Fill() {
+  for (EditorControl& bound : controls_) Show(bound, bound.row->Has(kActsInFill));
 }
 
-void RecordEditor::Fill(const Which& which) {
-  for (EditorControl& bound : controls_) {
-    if (which(*bound.row)) Fill(bound);
-  }
-}
-
-void RecordEditor::Show(EditorControl& bound) {
-  const std::optional<int> shown = InRecord(bound);
+void RecordEditor::Show(EditorControl& bound, bool raises) {
+  const std::optional<int> shown = ShownIn(*bound.row, RawAt(bound.field(), edits_.Read(target_), bound.start));
   if (!shown) return;
   switch (bound.control->kind()) {
-    case ui::ControlKind::kScrollBar:
-      static_cast<ui::ScrollBar&>(*bound.control).ShowValue(*shown);
+    case ui::ControlKind::kScrollBar: {
+      auto& bar = static_cast<ui::ScrollBar&>(*bound.control);
+      raises ? bar.SetValue(*shown) : bar.ShowValue(*shown);
       break;
-    case ui::ControlKind::kCheckBox:
-      static_cast<ui::CheckBox&>(*bound.control).ShowValue(*shown != 0);
+    }
+    case ui::ControlKind::kCheckBox: {
+      auto& box = static_cast<ui::CheckBox&>(*bound.control);
+      raises ? box.SetValue(*shown != 0) : box.ShowValue(*shown != 0);
       break;
-    default:
-      static_cast<ui::ComboBox&>(*bound.control).ShowRow(*shown);
+    }
+    default: {
+      auto& list = static_cast<ui::ComboBox&>(*bound.control);
+      raises ? list.SetRow(*shown) : list.ShowRow(*shown);
+    }
   }
   ShowLabel(bound);
-}
-
-void RecordEditor::Fill(EditorControl& bound) {
-  const std::optional<int> shown = InRecord(bound);
-  if (!shown) return;
-  switch (bound.control->kind()) {
-    case ui::ControlKind::kScrollBar:
-      static_cast<ui::ScrollBar&>(*bound.control).SetValue(*shown);
-      break;
-    case ui::ControlKind::kCheckBox:
-      static_cast<ui::CheckBox&>(*bound.control).SetValue(*shown != 0);
-      break;
-    default:
-      static_cast<ui::ComboBox&>(*bound.control).SetRow(*shown);
-  }
-  ShowLabel(bound);
-}
-
-std::string RecordEditor::TextFor(const EditorControl& bound, int shown) const {
-  return host_.text ? host_.text(bound, shown) : FieldText(bound.field(), shown);
 }
 
 void RecordEditor::ShowLabel(const EditorControl& bound) const {
-  if (bound.value == nullptr) return;
-  const int shown = Shown(bound);
-  bound.value->SetCaption(TextFor(bound, shown));
+  if (bound.value != nullptr) bound.value->SetCaption(host_.ValueText(bound, Shown(bound)));
 }
 
 int RecordEditor::Shown(const EditorControl& bound) {
@@ -165,8 +145,9 @@ int RecordEditor::Shown(const EditorControl& bound) {
 }
 
 void RecordEditor::Store(const EditorControl& bound, int shown) {
-  const int raw = RawAt(bound.field(), host_.record(), bound.start);
-  host_.put(bound, RawBytes(bound.field(), RawAfter(*bound.row, raw, shown)));
+  const Field& field = bound.field();
+  const int raw = RawAt(field, edits_.Read(target_), bound.start);
+  edits_.Put(target_, bound.position(), RawBytes(field, RawAfter(*bound.row, raw, shown)), {field.name, bound.owner});
 }
 
 EditorControl* RecordEditor::Of(const ui::Control& control) {

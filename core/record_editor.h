@@ -5,13 +5,13 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/edits.h"
 #include "record/field.h"
 #include "ui/controls.h"
 
@@ -83,17 +83,23 @@ struct EditorControl {
   std::size_t position() const { return start + field().place.offset; }
 };
 
+// What an editor's form does for its controls.
+class RecordEditorHost {
+ public:
+  // The user has changed the control; or a fill has, in a row that acts in it.
+  virtual void Edit(EditorControl& control) = 0;
+  // What is written beside a control; by its field where the form says nothing else.
+  virtual std::string ValueText(const EditorControl& control, int shown) const;
+
+ protected:
+  ~RecordEditorHost() = default;
+};
+
 class RecordEditor {
  public:
-  // What the editor's form gives: the record, the one place where it is written, and what a change of a control does.
-  struct Host {
-    std::function<std::string_view()> record;
-    std::function<void(const EditorControl& control, std::string_view bytes)> put;
-    std::function<void(EditorControl& control)> edit;
-    // What is written beside a control; by its field when it is empty.
-    std::function<std::string(const EditorControl& control, int shown)> text = {};
-  };
-  RecordEditor(ui::Form& form, Host host) : form_(form), host_(std::move(host)) {}
+  // The record stands in `target`, and changes through the door.
+  RecordEditor(ui::Form& form, RecordEditorHost& host, Edits& edits, const EditTarget& target)
+      : form_(form), host_(host), edits_(edits), target_(target) {}
   RecordEditor(const RecordEditor&) = delete;
   RecordEditor& operator=(const RecordEditor&) = delete;
 
@@ -102,12 +108,12 @@ class RecordEditor {
   // Gives a control another row: its range, list and name change, and its value with them, but nothing is raised.
   void Rebind(EditorControl& bound, const EditorRow& row, bool visible = true);
 
-  // Shows the record in all controls, in those of which `which` says so, or in one; nothing is raised.
-  using Which = std::function<bool(const EditorRow& row)>;
-  void Show(const Which& which = {});
-  void Show(EditorControl& bound);
-  // The same by the controls' own events, for rows that act while another record is shown.
-  void Fill(const Which& which);
+  // Shows the record in all controls, or in one; nothing is raised.
+  void Show();
+  void Show(EditorControl& bound) { Show(bound, false); }
+  // The same, but rows that act in a fill are shown by their controls' own events, in the order in which they were
+  // bound.
+  void Fill();
   void ShowLabel(const EditorControl& bound) const;
 
   static int Shown(const EditorControl& bound);
@@ -119,12 +125,12 @@ class RecordEditor {
 
  private:
   void SetUp(EditorControl& bound);
-  void Fill(EditorControl& bound);
-  std::string TextFor(const EditorControl& bound, int shown) const;
-  std::optional<int> InRecord(const EditorControl& bound) const;
+  void Show(EditorControl& bound, bool raises);
 
   ui::Form& form_;
-  Host host_;
+  RecordEditorHost& host_;
+  Edits& edits_;
+  EditTarget target_;
   std::deque<EditorControl> controls_;
   std::vector<std::unique_ptr<ui::Label>> names_;
 };

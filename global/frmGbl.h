@@ -14,7 +14,7 @@
 
 namespace zentaline {
 
-class frmGbl : public ChildWindow {
+class frmGbl : public ChildWindow, private RecordEditorHost {
  public:
   frmGbl(Application& app, Bytes image);
 
@@ -69,7 +69,7 @@ class frmGbl : public ChildWindow {
   ui::Layout ScalePage(int scale);
 
   // What the user does.
-  void Edit(EditorControl& control);
+  void Edit(EditorControl& control) override;
   void ChooseDamper(bool plus);
   void ResetScale(int scale);
   void Send();

@@ -32,13 +32,7 @@ constexpr ui::Size kCentsSize = {3, 1};
 }  // namespace
 
 frmGbl::frmGbl(Application& app, Bytes image)
-    : ChildWindow(app, "frmGbl", {}),
-      rows_(*this,
-            {[this] { return std::string_view(window_image()); },
-             [this](const EditorControl& control, std::string_view bytes) {
-               this->app().edits.Put(ImageOf(*this), control.position(), bytes, {control.field().name, control.owner});
-             },
-             [this](EditorControl& control) { Edit(control); }}) {
+    : ChildWindow(app, "frmGbl", {}), rows_(*this, *this, app.edits, ImageOf(*this)) {
   app.edits.TakeImage(*this, std::move(image));
   MakeRows();
   Connect();

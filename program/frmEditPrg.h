@@ -18,7 +18,7 @@ namespace zentaline {
 
 using ui::ControlArray;
 
-class frmEditPrg : public ChildWindow {
+class frmEditPrg : public ChildWindow, private RecordEditorHost {
  public:
   explicit frmEditPrg(Application& app);
 
@@ -82,7 +82,7 @@ class frmEditPrg : public ChildWindow {
 
   // What the user does.
   bool Guarded() const;
-  void Edit(EditorControl& control);
+  void Edit(EditorControl& control) override;
   void AfterEdit(const EditorControl& control);
   void TypeName();
   void TypeSound(int oscillator);

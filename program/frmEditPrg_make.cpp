@@ -56,12 +56,7 @@ constexpr int kOscFrames = static_cast<int>(std::size(kFrameCaptions));  // of o
 }  // namespace
 
 frmEditPrg::frmEditPrg(Application& app)
-    : ChildWindow(app, "frmEditPrg", {}),
-      rows_(*this, {[this] { return std::string_view(record()); },
-                    [this](const EditorControl& control, std::string_view bytes) {
-                      Put(control.position(), bytes, control.field().name, control.owner);
-                    },
-                    [this](EditorControl& control) { Edit(control); }}) {
+    : ChildWindow(app, "frmEditPrg", {}), rows_(*this, *this, app.edits, kPrgRecordUnderEdit) {
   for (const char* caption : kFrameCaptions) {
     frames_.push_back(std::make_unique<ui::Frame>(*this, "Frame", static_cast<int>(frames_.size())));
     frames_.back()->SetCaption(caption);

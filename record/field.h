@@ -221,12 +221,16 @@ inline std::optional<int> ShownAt(const Field& field, std::string_view bytes, st
   return ShownOf(field, RawAt(field, bytes, start));
 }
 // As they are written: one byte, or two.
-inline Bytes RawBytes(const Field& field, int raw) {
-  Bytes bytes(field.Width(), '\0');
-  PutByte(bytes, 1, raw);
-  if (field.Width() > 1) PutByte(bytes, 2, raw >> 8);
-  return bytes;
-}
+class RawBytes {
+ public:
+  RawBytes(const Field& field, int raw)
+      : bytes_{static_cast<char>(raw), static_cast<char>(raw >> 8)}, width_(field.Width()) {}
+  operator std::string_view() const { return {bytes_, width_}; }
+
+ private:
+  char bytes_[2];
+  std::size_t width_;
+};
 inline void StoreAt(const Field& field, Bytes& bytes, std::size_t start, int shown) {
   PutBytes(bytes, start + field.place.offset, RawBytes(field, RawAfter(field, RawAt(field, bytes, start), shown)));
 }
