@@ -94,9 +94,10 @@ constexpr std::array<std::uint16_t, 32> kUpperControls = {
 }  // namespace
 
 std::string Utf8FromBytes(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size());
-  for (const char c : bytes) {
+  // Most names are plain ASCII, and come through as they are.
+  const auto plain = std::find_if(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
+  std::string text(bytes.begin(), plain);
+  for (const char c : bytes.substr(text.size())) {
     const auto byte = static_cast<unsigned char>(c);
     const unsigned character = byte >= 0x80 && byte < 0xA0 ? kUpperControls[byte - 0x80] : byte;
     if (character < 0x80) {

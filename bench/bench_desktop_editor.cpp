@@ -1,5 +1,7 @@
-// How soon the arrangement editor is seen on the desktop: from the press of its button to its first frame, beside an
-// empty child window with as many plain widgets, of the same kinds and on the same two pages.
+// How soon the editors of arrangements and programs are seen on the desktop: from the press of the button to the first
+// frame, beside an empty child window with as many plain widgets, of the same kinds and on as many pages. How many rows
+// of a bank a second can be gone through while the program editor shows each of them. And what the picture of an
+// envelope takes to paint itself anew while its handle moves.
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -27,6 +29,7 @@
 #include "core/main_window.h"
 #include "midi/virtual/virtual_midi.h"
 #include "tests/support/scratch_folder.h"
+#include "ui/picture.h"
 #include "ui/qt/long_sender.h"
 #include "ui/qt/toolkit.h"
 #include "ui/qt/view.h"
@@ -40,7 +43,11 @@ using namespace zentaline::bench;
 constexpr int kRounds = 31;
 constexpr double kLimit = 1.5;
 constexpr int kColumns = 12;  // of plain widgets on a page
-constexpr int kPages = 2;
+constexpr int kRows = 60;     // of a bank, gone through
+constexpr double kRowsASecond = 30;
+constexpr double kFrame = 1e9 / 60;  // nanoseconds
+constexpr double kPartOfFrame = 0.1;
+constexpr int kMoves = 400;  // of a handle
 
 // Sees the first frame of a child window.
 class FirstFrame : public QObject {
@@ -95,6 +102,10 @@ double Measure(const std::function<void()>& open) {
   return Nanoseconds(Clock::now() - begin) / 1e6;
 }
 
+QWidget* WidgetOf(const zentaline::ui::Control& control) {
+  return control.view == nullptr ? nullptr : static_cast<zentaline::ui::qt::View*>(control.view)->widget();
+}
+
 // What stands on the pages of the editor, and around them.
 struct Kinds {
   struct Widget {
@@ -102,30 +113,30 @@ struct Kinds {
     bool editable;
   };
   std::vector<Widget> around;
-  std::vector<Widget> pages[kPages];
+  std::vector<std::vector<Widget>> pages;
 
   explicit Kinds(const zentaline::ui::Form& editor) {
     const QTabWidget* tabs = nullptr;
     for (const auto* control : editor.controls()) {
       if (control->kind() == ControlKind::kTabs) tabs = static_cast<const QTabWidget*>(WidgetOf(*control));
     }
+    pages.resize(static_cast<std::size_t>(tabs->count()));
     for (const auto* control : editor.controls()) {
       const QWidget* widget = WidgetOf(*control);
       if (widget == nullptr || widget == tabs) continue;
       const auto* list = qobject_cast<const QComboBox*>(widget);
       std::vector<Widget>* place = &around;
-      for (int page = 0; page < kPages; ++page) {
-        if (tabs->widget(page)->isAncestorOf(widget)) place = &pages[page];
+      for (int page = 0; page < tabs->count(); ++page) {
+        if (tabs->widget(page)->isAncestorOf(widget)) place = &pages[static_cast<std::size_t>(page)];
       }
       place->push_back({control->kind(), list != nullptr && list->isEditable()});
     }
   }
 
-  std::size_t Count() const { return 1 + around.size() + pages[0].size() + pages[1].size(); }
-
- private:
-  static QWidget* WidgetOf(const zentaline::ui::Control& control) {
-    return control.view == nullptr ? nullptr : static_cast<zentaline::ui::qt::View*>(control.view)->widget();
+  std::size_t Count() const {
+    std::size_t count = 1 + around.size();
+    for (const auto& page : pages) count += page.size();
+    return count;
   }
 };
 
@@ -178,48 +189,73 @@ QMdiSubWindow* OpenPlain(QMdiArea& area, const Kinds& kinds, const QRect& place)
   return window;
 }
 
-}  // namespace
+// The program on the desktop, with its examples.
+class Desk {
+ public:
+  Desk() : sender_(toolkit, service_), program(toolkit, sender_, disk_, folder_.Path()) {
+    fs::copy(fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "zentaline", folder_.Path(),
+             fs::copy_options::recursive);
+  }
 
-int main(int, char** arguments) {
-  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  int qt_count = 1;
-  const QApplication application(qt_count, arguments);
-  QApplication::setQuitOnLastWindowClosed(false);
-  const fs::path share = fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "zentaline";
-  const zentaline::test::ScratchFolder folder;
-  fs::copy(share, folder.Path(), fs::copy_options::recursive);
+  bool Start() {
+    if (!program.Start()) return false;
+    // Room for a bank and an editor side by side.
+    toolkit.windows().main()->window()->resize(1900, 1000);
+    return true;
+  }
+  // The window of an example, its list on a row; null when it doesn't come.
+  zentaline::ui::Form* Open(const char* file, int row) {
+    const std::size_t before = toolkit.forms().size();
+    program.main->OpenWhenReady({folder_.Path(std::string("examples/") + file)});
+    if (!WaitUntil([&] { return toolkit.forms().size() == before + 1; })) return nullptr;
+    zentaline::ui::Form* opened = toolkit.forms().back();
+    static_cast<zentaline::ui::ListBox*>(opened->Find("List1"))->UserSelect({row});
+    Settle();
+    return opened;
+  }
+  QMdiArea& area() { return *toolkit.windows().main()->area(); }
+  QWidget* FrameOf(const zentaline::ui::Form& form) { return toolkit.windows().Of(form)->frame(); }
 
-  zentaline::VirtualMidi service;
-  zentaline::PosixDisk disk;
+ private:
+  const zentaline::test::ScratchFolder folder_;
+  zentaline::VirtualMidi service_;
+  zentaline::PosixDisk disk_;
+
+ public:
   StartingToolkit toolkit;
-  zentaline::ui::qt::LongSender sender(toolkit, service);
-  zentaline::Application program(toolkit, sender, disk, folder.Path());
-  if (!program.Start()) return 1;
-  program.main->OpenWhenReady({folder.Path("examples/First Steps.arr")});
-  if (!WaitUntil([&toolkit] { return toolkit.forms().size() == 2; })) return 1;
-  zentaline::ui::Form& source = *toolkit.forms()[1];
-  QMdiArea& area = *toolkit.windows().main()->area();
-  auto* button = toolkit.windows().main()->window()->findChild<QPushButton*>(QStringLiteral("CommEdit"));
-  static_cast<zentaline::ui::ListBox*>(source.Find("List1"))->UserSelect({19});
-  Settle();
-  if (button == nullptr || !button->isEnabled()) return 1;
 
+ private:
+  zentaline::ui::qt::LongSender sender_;
+
+ public:
+  zentaline::Application program;
+};
+
+QPushButton* EditButton(const zentaline::ui::Form& source) {
+  auto* button = qobject_cast<QPushButton*>(WidgetOf(*source.Find("CommEdit")));
+  return button != nullptr && button->isEnabled() ? button : nullptr;
+}
+
+bool MeasureOpening(Desk& desk, const zentaline::ui::Form& source, const char* name, const char* text) {
+  QPushButton* button = EditButton(source);
+  if (button == nullptr) return false;
+  const std::size_t before = desk.toolkit.forms().size();
   std::vector<double> editor_times;
   std::vector<double> plain_times;
   std::size_t count = 0;
   // In turns, so that what else the machine does meets both; the first turn looks up what both need.
   for (int round = 0; round <= kRounds; ++round) {
     const double editor_time = Measure([button] { button->click(); });
-    const zentaline::ui::Form& editor = *toolkit.forms()[2];
+    const zentaline::ui::Form& editor = *desk.toolkit.forms().back();
     const Kinds kinds(editor);
     count = kinds.Count();
-    QWidget* frame = toolkit.windows().Of(editor)->frame();
+    QWidget* frame = desk.FrameOf(editor);
     const QRect place = frame->geometry();
     frame->close();
-    if (!WaitUntil([&toolkit] { return toolkit.forms().size() == 2; })) return 1;
+    if (!WaitUntil([&] { return desk.toolkit.forms().size() == before; })) return false;
 
     QMdiSubWindow* plain = nullptr;
-    const double plain_time = Measure([&] { plain = OpenPlain(area, kinds, place); });
+    const double plain_time = Measure([&] { plain = OpenPlain(desk.area(), kinds, place); });
     plain->close();
     if (round == 0) continue;
     editor_times.push_back(editor_time);
@@ -227,9 +263,120 @@ int main(int, char** arguments) {
   }
   const double editor = Median(editor_times);
   const double plain = Median(plain_times);
-  std::printf("desktop_editor: %zu plain widgets %.1f ms, editor %.1f ms\n", count, plain, editor);
-  PrintRatio("desktop_editor", editor / plain, "<=", kLimit,
-             "the press to the editor's first frame, beside as many plain widgets");
+  std::printf("%s: %zu plain widgets %.1f ms, editor %.1f ms\n", name, count, plain, editor);
+  PrintRatio(name, editor / plain, "<=", kLimit, text);
+  return true;
+}
+
+// Counts the paints of a window's widgets.
+class Paints : public QObject {
+ public:
+  explicit Paints(const QWidget& window) : window_(window) { qApp->installEventFilter(this); }
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint && watched->isWidgetType() &&
+        window_.isAncestorOf(static_cast<const QWidget*>(watched))) {
+      ++count;
+    }
+    return false;
+  }
+
+ private:
+  const QWidget& window_;
+};
+
+// From program to program by the rows of the bank; each is waited for until the editor has painted it.
+bool MeasureRows(Desk& desk, zentaline::ui::Form& bank, const zentaline::ui::Form& editor) {
+  auto& list = *static_cast<zentaline::ui::ListBox*>(bank.Find("List1"));
+  QWidget* frame = desk.FrameOf(editor);
+  desk.FrameOf(bank)->move(0, 0);
+  frame->move(desk.FrameOf(bank)->width(), 0);
+  list.UserSelect({0});
+  Settle();
+  std::vector<double> times;
+  for (int row = 1; row <= kRows; ++row) {
+    const std::string before = editor.caption();
+    const Paints paints(*frame);
+    const Clock::time_point begin = Clock::now();
+    list.UserSelect({row});
+    if (!WaitUntil([&] { return editor.caption() != before && paints.count > 0; })) return false;
+    times.push_back(Nanoseconds(Clock::now() - begin));
+    Settle();
+  }
+  const double row = Median(times);
+  std::printf("a row of the bank until the editor has painted it %.2f ms\n", row / 1e6);
+  PrintRatio("desktop_next_program", 1e9 / row, ">=", kRowsASecond,
+             "rows of a bank a second, each painted in the program editor");
+  return true;
+}
+
+// The median of many repaints, each after what `before` does.
+double PaintTime(QWidget& widget, const std::function<void(int)>& before) {
+  std::vector<double> times;
+  for (int i = 0; i < kMoves; ++i) {
+    before(i);
+    const Clock::time_point begin = Clock::now();
+    widget.repaint();
+    times.push_back(Nanoseconds(Clock::now() - begin));
+  }
+  return Median(std::move(times));
+}
+
+bool MeasurePicture(const zentaline::ui::Form& editor) {
+  auto& picture = *static_cast<zentaline::ui::Picture*>(editor.Find("EGPicture", 0));
+  QWidget* widget = WidgetOf(picture);
+  QWidget empty(widget->parentWidget());
+  empty.setGeometry(widget->geometry());
+  empty.show();
+  Settle();
+  if (!picture.UserTake(1)) return false;
+  const double plain = PaintTime(empty, [](int) {});
+  empty.hide();
+  Settle();
+  const double painted = PaintTime(*widget, [&](int i) { picture.UserDrag(1, 40 + i % 2 * 150, 200 + i % 2 * 500); });
+  picture.UserLetGo();
+  Settle();
+  std::printf("a picture of %d by %d painted %.0f ns, an empty widget %.0f ns\n", widget->width(), widget->height(),
+              painted, plain);
+  PrintRatio("desktop_picture", (painted - plain) / kFrame, "<=", kPartOfFrame,
+             "a picture's repaint while a handle moves, beyond an empty one, of a frame of 60 a second");
+  return true;
+}
+
+bool Run() {
+  Desk desk;
+  if (!desk.Start()) return false;
+  const zentaline::ui::Form* arrangements = desk.Open("First Steps.arr", 19);
+  if (arrangements == nullptr ||
+      !MeasureOpening(desk, *arrangements, "desktop_editor",
+                      "the press to the editor's first frame, beside as many plain widgets")) {
+    return false;
+  }
+  zentaline::ui::Form* bank = desk.Open("First Steps.prg", 0);
+  if (bank == nullptr ||
+      !MeasureOpening(desk, *bank, "desktop_prg_editor",
+                      "the press to the program editor's first frame, beside as many plain widgets")) {
+    return false;
+  }
+  EditButton(*bank)->click();
+  Settle();
+  const zentaline::ui::Form& editor = *desk.toolkit.forms().back();
+  return MeasureRows(desk, *bank, editor) && MeasurePicture(editor);
+}
+
+}  // namespace
+
+int main(int, char** arguments) {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  int qt_count = 1;
+  const QApplication application(qt_count, arguments);
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (!Run()) {
+    std::fprintf(stderr, "bench_desktop_editor: a window didn't come\n");
+    return EXIT_FAILURE;
+  }
   std::fflush(stdout);
-  return 0;
+  return EXIT_SUCCESS;
 }

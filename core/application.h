@@ -60,6 +60,8 @@ struct Application {
   std::array<ChildWindow*, 17> prg_windows{};
   std::array<ChildWindow*, 9> sty_windows{};
   std::array<ChildWindow*, 9> new_sty_windows{};
+  ChildWindow* prg_editor = nullptr;
+  ChildWindow* perf_editor = nullptr;
   ChildWindow* gbl_window = nullptr;
   ChildWindow* bsq_window = nullptr;
 };

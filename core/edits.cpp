@@ -52,6 +52,18 @@ std::size_t NextDifference(std::string_view a, std::string_view b, std::size_t a
   return at;
 }
 
+// Most changes are of one byte, which takes no call.
+bool Same(std::string_view a, std::string_view b) {
+  return a.size() == 1 && b.size() == 1 ? a[0] == b[0] : a == b;
+}
+void CopyTo(char* place, std::string_view bytes) {
+  if (bytes.size() == 1) {
+    *place = bytes[0];
+  } else {
+    std::copy(bytes.begin(), bytes.end(), place);
+  }
+}
+
 // Another length than the new bytes have is of bytes that were replaced.
 void Replace(Bytes& bytes, std::size_t position, std::size_t length, std::string_view by) {
   if (position - 1 <= bytes.size()) bytes.replace(position - 1, length, by);
@@ -123,9 +135,9 @@ void Edits::Put(const EditTarget& target, std::size_t position, std::string_view
   if (position < 1 || position > all.size()) return;
   bytes = bytes.substr(0, all.size() - (position - 1));
   const std::string_view before(all.data() + (position - 1), bytes.size());
-  if (before == bytes) return;
+  if (Same(before, bytes)) return;
   NotePiece(target, position, before, bytes, words);
-  PutBytes(all, position, bytes);
+  CopyTo(all.data() + (position - 1), bytes);
 }
 
 void Edits::Mark(ChildWindow& window, std::size_t position, int value) {
@@ -179,7 +191,7 @@ void Edits::TakeSaved(ChildWindow& window, Bytes image, bool whole) {
   const Bytes before = std::exchange(window.window_image_, std::move(image));
   Add(whole ? EditAction::Kind::kSave : EditAction::Kind::kFailedSave, app_.toolkit.cause()).window = &window;
   NoteDifference(ImageOf(window), before, {});
-  goes_on_ = false;
+  growing_ = nullptr;
 }
 
 void Edits::Closed(ChildWindow& window) {
@@ -197,9 +209,7 @@ Edits::Difference::~Difference() {
 
 EditAction& Edits::Current() {
   const ui::Cause cause = app_.toolkit.cause();
-  if (goes_on_ && cause != ui::kNoCause && standing_ > 0 && actions_[standing_ - 1].cause == cause) {
-    return actions_[standing_ - 1];
-  }
+  if (growing_ != nullptr && cause != ui::kNoCause && growing_->cause == cause) return *growing_;
   return Add(EditAction::Kind::kUser, cause);
 }
 
@@ -210,14 +220,17 @@ EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
   }
   DropOldest();
   const auto place = actions_.begin() + static_cast<std::ptrdiff_t>(standing_++);
-  goes_on_ = true;
-  return *actions_.insert(place, {.number = ++last_number_, .cause = cause, .kind = kind});
+  growing_ = &*actions_.emplace(place);
+  growing_->number = ++last_number_;
+  growing_->cause = cause;
+  growing_->kind = kind;
+  return *growing_;
 }
 
 void Edits::NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
                       const EditWords& words) {
   EditAction& action = Current();
-  DropTakenBack();
+  if (action.changes.empty()) DropTakenBack();
   if (action.words.what.empty()) action.words = words;
   // A bar that goes on moving writes the same bytes again.
   std::size_t searched = 0;
@@ -226,7 +239,7 @@ void Edits::NotePiece(const EditTarget& target, std::size_t position, std::strin
     if (change->target != target) continue;
     const bool same = change->position == position && change->after.size() == before.size();
     if (same && before.size() == after.size()) {
-      change->after = after;
+      CopyTo(change->after.data(), after);
       return;
     }
     if (change->before.size() != change->after.size() || Overlap(*change, position, before.size())) break;
@@ -299,7 +312,7 @@ void Edits::NoteRuns(const EditTarget& target, std::size_t from, std::string_vie
 // --- The list ---
 
 const EditAction* Edits::StepBack() {
-  goes_on_ = false;
+  growing_ = nullptr;
   if (standing_ == 0) return nullptr;
   const EditAction& action = actions_[--standing_];
   for (auto change = action.changes.rbegin(); change != action.changes.rend(); ++change) {
@@ -310,7 +323,7 @@ const EditAction* Edits::StepBack() {
 }
 
 const EditAction* Edits::StepForward() {
-  goes_on_ = false;
+  growing_ = nullptr;
   if (standing_ == actions_.size()) return nullptr;
   const EditAction& action = actions_[standing_++];
   for (const EditChange& change : action.changes) {
@@ -351,6 +364,7 @@ void Edits::Drop(const EditTarget& target) {
   }
   actions_ = std::move(kept);
   standing_ = standing;
+  if (growing_ != nullptr) growing_ = standing_ > 0 ? &actions_[standing_ - 1] : nullptr;
 }
 
 void Edits::DropTakenBack() {

@@ -72,8 +72,8 @@ struct EditAction {
     kSave,       // the place of a save; what it changed by itself, as by dropping styles that nobody uses
     kFailedSave  // of one that was broken off
   };
-  std::int64_t number;  // in the order of this run, from 1
-  ui::Cause cause;
+  std::int64_t number = 0;  // in the order of this run, from 1
+  ui::Cause cause = ui::kNoCause;
   Kind kind = Kind::kUser;
   ChildWindow* window = nullptr;  // that was saved
   EditWords words = {};
@@ -185,7 +185,7 @@ class Edits {
   std::size_t standing_ = 0;
   std::size_t size_ = 0;  // of the bytes in the list
   std::int64_t last_number_ = 0;
-  bool goes_on_ = false;  // the newest entry can still grow
+  EditAction* growing_ = nullptr;  // the newest entry that stands, while it can still grow
 };
 
 }  // namespace zentaline

@@ -13,18 +13,16 @@ constexpr int kNothingByte = 255;
 
 }  // namespace
 
-std::optional<int> ShownIn(const EditorRow& row, int raw) {
+int ShownIn(const EditorRow& row, int raw) {
   const Field& field = *row.field;
+  if ((row.traits & kReadsOtherwise) == 0) return ShownOrNot(field, raw);
   if (row.Has(kReadsFirstRow)) return field.range.low;
   if (row.Has(kReadsTwoBits)) return raw >> field.place.shift & 3;
   if (row.Has(kReadsUncoded)) {
     return raw == kNothingByte ? field.range.low : std::clamp(raw, field.range.low, field.range.high);
   }
-  if (row.Has(kReadsAllAbove)) {
-    const int value = raw >> field.place.shift;
-    return value <= field.range.high ? std::optional<int>(value) : std::nullopt;
-  }
-  return ShownOf(field, raw);
+  const int all_above = raw >> field.place.shift;
+  return all_above <= field.range.high ? all_above : kNotShown;
 }
 
 int RawAfter(const EditorRow& row, int raw, int shown) {
@@ -43,6 +41,7 @@ std::string RecordEditorHost::ValueText(const EditorControl& control, int shown)
 
 EditorControl& RecordEditor::Bind(EditorControl bound, bool named) {
   EditorControl& kept = controls_.emplace_back(bound);
+  of_.emplace(kept.control, &kept);
   const bool names_itself = kept.control->kind() == ui::ControlKind::kCheckBox;
   if (named && !names_itself && kept.name == nullptr) {
     names_.push_back(std::make_unique<ui::Label>(form_, "LabelName", static_cast<int>(names_.size())));
@@ -108,22 +107,22 @@ void RecordEditor::Fill() {
 }
 
 void RecordEditor::Show(EditorControl& bound, bool raises) {
-  const std::optional<int> shown = ShownIn(*bound.row, RawAt(bound.field(), edits_.Read(target_), bound.start));
-  if (!shown) return;
+  const int shown = ShownIn(*bound.row, RawAt(bound.field(), edits_.Read(target_), bound.start));
+  if (shown == kNotShown) return;
   switch (bound.control->kind()) {
     case ui::ControlKind::kScrollBar: {
       auto& bar = static_cast<ui::ScrollBar&>(*bound.control);
-      raises ? bar.SetValue(*shown) : bar.ShowValue(*shown);
+      raises ? bar.SetValue(shown) : bar.ShowValue(shown);
       break;
     }
     case ui::ControlKind::kCheckBox: {
       auto& box = static_cast<ui::CheckBox&>(*bound.control);
-      raises ? box.SetValue(*shown != 0) : box.ShowValue(*shown != 0);
+      raises ? box.SetValue(shown != 0) : box.ShowValue(shown != 0);
       break;
     }
     default: {
       auto& list = static_cast<ui::ComboBox&>(*bound.control);
-      raises ? list.SetRow(*shown) : list.ShowRow(*shown);
+      raises ? list.SetRow(shown) : list.ShowRow(shown);
     }
   }
   ShowLabel(bound);
@@ -151,9 +150,8 @@ void RecordEditor::Store(const EditorControl& bound, int shown) {
 }
 
 EditorControl* RecordEditor::Of(const ui::Control& control) {
-  const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                  [&control](const EditorControl& each) { return each.control == &control; });
-  return found == controls_.end() ? nullptr : &*found;
+  const auto found = of_.find(&control);
+  return found == of_.end() ? nullptr : found->second;
 }
 
 }  // namespace zentaline

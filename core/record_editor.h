@@ -6,9 +6,9 @@
 
 #include <deque>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "core/edits.h"
@@ -21,7 +21,7 @@ namespace zentaline {
 enum EditTrait : unsigned {
   kNoTrait = 0,
   kActsInFill = 1U << 0,       // its handler runs while another record is shown, so that the instrument follows
-  kSendsShown = 1U << 1,       // the value shown goes out, not the stored one, and before it is stored
+  kSendsShown = 1U << 1,       // the value shown goes out, not the stored one
   kNotStored = 1U << 2,        // the change goes out, the byte stays as it was
   kReplacesByte = 1U << 3,     // a store keeps nothing of the bits beside it
   kStoresRow = 1U << 4,        // the row itself is stored and sent, not the code that reading looks for
@@ -31,6 +31,7 @@ enum EditTrait : unsigned {
   kStoresElsewhere = 1U << 9,  // the field is shown alone: where a change goes the form tells
   kReadsAllAbove = 1U << 8,    // shown by all bits of the byte from its own on
 };
+inline constexpr unsigned kReadsOtherwise = kReadsTwoBits | kReadsFirstRow | kReadsUncoded | kReadsAllAbove;
 
 // What tells the instrument of a change: the id of an arrangement's parameter, or the two numbers of a program's.
 struct EditMessage {
@@ -62,8 +63,8 @@ struct EditorRow {
   constexpr bool Has(EditTrait trait) const { return (traits & trait) != 0; }
 };
 
-// What of a row is shown for the raw bytes; nothing where a list is left as it was.
-std::optional<int> ShownIn(const EditorRow& row, int raw);
+// What of a row is shown for the raw bytes; kNotShown where a list is left as it was.
+int ShownIn(const EditorRow& row, int raw);
 // The raw bytes after a store.
 int RawAfter(const EditorRow& row, int raw, int shown);
 // What goes out, negative below zero.
@@ -132,6 +133,7 @@ class RecordEditor {
   Edits& edits_;
   EditTarget target_;
   std::deque<EditorControl> controls_;
+  std::unordered_map<const ui::Control*, EditorControl*> of_;
   std::vector<std::unique_ptr<ui::Label>> names_;
 };
 

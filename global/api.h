@@ -18,6 +18,8 @@ bool SaveGlobalFile(Application& app, Bytes& image);
 
 // Shows what GblBuffer holds; `path` is without extension. There is one global window at a time.
 ChildWindow& OpenGlobalWindow(Application& app, const std::string& path, bool read_only);
+// Shows the block in the open global window anew; nothing is sent.
+void FillGlobalWindow(Application& app);
 // The whole of mnuGlobalParam: brings the global window to the front, or opens it on what the instrument holds.
 void ShowGlobalParameters(Application& app);
 

@@ -84,7 +84,8 @@ void frmGbl::ResetScale(int scale) {
   const std::size_t start = kWindowFilePosition + kUserScaleBlock.StartOf(scale);
   app().edits.Put(ImageOf(*this), start, Bytes(kNotesOfScale, '\0'),
                   {"Reset", kScaleNames[static_cast<std::size_t>(scale)]});
-  for (int note = 0; note < kNotesOfScale; ++note) rows_.Show(*rows_.Of(VScroll2[kNotesOfScale * scale + note]));
+  for (int note = 0; note < kNotesOfScale; ++note)
+    rows_.Show(*scale_bars_[static_cast<std::size_t>(kNotesOfScale * scale + note)]);
   MarkChanged();
   CommLoadGbl.Press();
 }

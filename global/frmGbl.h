@@ -2,6 +2,7 @@
 // whole block to the instrument. What each control stands for is told by the tables.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -77,6 +78,7 @@ class frmGbl : public ChildWindow, private RecordEditorHost {
   bool HasFile() const;
 
   RecordEditor rows_;
+  std::array<EditorControl*, kScaleBars> scale_bars_{};  // of VScroll2
 };
 
 }  // namespace zentaline

@@ -47,7 +47,8 @@ void frmGbl::MakeRows() {
     const std::size_t start = kWindowFilePosition + kUserScaleBlock.StartOf(scale);
     for (const EditorRow& row : gbl_editor::kScaleRows) {
       auto& bar = static_cast<ui::ScrollBar&>(ControlOf(row, scale));
-      rows_.Bind({&row, scale, start, kScaleNames[static_cast<std::size_t>(scale)], &bar, ValueOf(row, scale)}, false);
+      scale_bars_[static_cast<std::size_t>(row.index + scale * kNotesOfScale)] = &rows_.Bind(
+          {&row, scale, start, kScaleNames[static_cast<std::size_t>(scale)], &bar, ValueOf(row, scale)}, false);
       // The higher the note, the higher its bar.
       bar.vertical = true;
       bar.SetRange(row.field->range.high, row.field->range.low);

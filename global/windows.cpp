@@ -43,6 +43,10 @@ ChildWindow& OpenGlobalWindow(Application& app, const std::string& path, bool re
   return ShowGlobal(app, app.global.GblBuffer, kKindGbl, read_only);
 }
 
+void FillGlobalWindow(Application& app) {
+  if (app.gbl_window != nullptr) static_cast<frmGbl*>(app.gbl_window)->FillGlobalWindow();
+}
+
 void ShowGlobalParameters(Application& app) {
   if (app.gbl_window != nullptr) return app.toolkit.Activate(*app.gbl_window);
   WindowRecord& record = app.core.GblWindows[kOnlyWindow];

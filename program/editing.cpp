@@ -20,7 +20,6 @@ namespace zentaline {
 namespace {
 
 constexpr char kEditorName[] = "frmEditPrg";
-constexpr char kPerfEditorName[] = "frmEditPerf";
 constexpr char kSoundListName[] = "frmMultisample";
 
 constexpr int kMultisoundBoxes[] = {1, 2};
@@ -33,16 +32,12 @@ constexpr ui::Colour kOtherFore = 0x00FF00;
 
 template <typename Control>
 Control* EditorControl(Application& app, const std::string& name, int index) {
-  const ChildWindow* editor = ProgramEditor(app);
+  const ChildWindow* editor = app.prg_editor;
   return editor == nullptr ? nullptr : static_cast<Control*>(editor->Find(name, index));
 }
 
 ui::TextBox* MultisoundBox(Application& app, int box) {
   return EditorControl<ui::TextBox>(app, "BasText", box);
-}
-
-void ShowOption(Application& app, const std::string& name, int index, bool on) {
-  if (auto* option = EditorControl<ui::OptionButton>(app, name, index)) option->ShowValue(on);
 }
 
 }  // namespace
@@ -78,10 +73,8 @@ int CommitProgram(Application& app) {
 
 bool CloseProgramEditorsOf(Application& app, const ChildWindow& bank) {
   if (ByteAt(app.program.EditRecord, edit_record::kWindowNumber) != bank.WindowNumber()) return true;
-  for (const char* name : {kEditorName, kPerfEditorName}) {
-    if (ui::Form* editor = app.toolkit.FindForm(name); editor != nullptr && !editor->Close()) return false;
-  }
-  return true;
+  if (app.prg_editor != nullptr && !app.prg_editor->Close()) return false;
+  return app.perf_editor == nullptr || app.perf_editor->Close();
 }
 
 void AskToKeepProgram(Application& app, const ChildWindow& editor) {
@@ -107,32 +100,12 @@ bool IsUnderEdit(const Application& app, const ChildWindow& bank, int index) {
 
 // --- The editor's controls ---
 
-ChildWindow* ProgramEditor(Application& app) {
-  return app.program.PrgEditorOpen ? static_cast<ChildWindow*>(app.toolkit.FindForm(kEditorName)) : nullptr;
-}
-
-void ShowOscillator(Application& app, int osc) {
-  for (int i = 0; i < 2; ++i) {
-    const bool on = i == osc - 1;
-    ShowOption(app, "BasOption", i, on);
-    ShowOption(app, "OscOption", i, on);
-    ShowOption(app, "OscOption", i + 2, on);
-  }
-}
-
 // Whoever put up the guard before takes it down.
 void SelectOscillator(Application& app, int osc) {
   app.program.EditOsc = osc;
   const ScopedValue loading(app.core.FormLoading, true);
   ShowOscillator(app, osc);
   SendPrgParam(app, 2, 0, osc - 1);
-}
-
-bool SetProgramBar(Application& app, const std::string& array, int index, int value) {
-  auto* bar = EditorControl<ui::ScrollBar>(app, array, index);
-  if (bar == nullptr) return false;
-  bar->SetValue(value);
-  return true;
 }
 
 // --- Multisounds ---

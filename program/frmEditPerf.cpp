@@ -18,7 +18,6 @@ namespace zentaline {
 
 namespace {
 
-constexpr char kName[] = "frmEditPerf";
 constexpr std::size_t kImageLength = 200;
 
 constexpr int kModeBits = 3;
@@ -44,11 +43,12 @@ ui::Drawing CountBar(int count) {
 
 }  // namespace
 
-frmEditPerf::frmEditPerf(Application& app) : ChildWindow(app, kName, {}) {
+frmEditPerf::frmEditPerf(Application& app) : ChildWindow(app, "frmEditPerf", {}) {
   for (int row = 0; row < kPerfRows; ++row) {
     PerfLab1[row].SetCaption(std::string(kPerfRowTable[static_cast<std::size_t>(row)].caption));
     PerfLab[row].right_aligned = true;
-    ShowCount(row, 0);
+    SetCount(row, 0);
+    ShowBar(row);
     CommDown[row].SetCaption("-");
     CommUp[row].SetCaption("+");
     CommReset[row].SetCaption("Reset");
@@ -75,6 +75,7 @@ void frmEditPerf::Load() {
   PutByte(image, kKindPosition, kKindPerfEditor);
   app().edits.TakeImage(*this, std::move(image));
   ChildWindow::Load();
+  app().perf_editor = this;
   Refresh();
   app().program.PerfOpen = true;
   if (!app().program.PrgEditorOpen) app().edits.Mark(kPrgRecordUnderEdit, false);
@@ -97,6 +98,7 @@ bool frmEditPerf::QueryClose() {
 
 void frmEditPerf::Unload() {
   app().program.PerfOpen = false;
+  app().perf_editor = nullptr;
   ChildWindow::Unload();
 }
 
@@ -107,40 +109,47 @@ FormState* frmEditPerf::FormPlace() {
 // --- Showing ---
 
 int frmEditPerf::Count(int row) const {
-  return std::stoi(PerfLab[row].caption());
+  return counts_[static_cast<std::size_t>(row)];
 }
 
-void frmEditPerf::ShowCount(int row, int count) {
+void frmEditPerf::SetCount(int row, int count) {
+  counts_[static_cast<std::size_t>(row)] = count;
   PerfLab[row].SetCaption(std::to_string(count));
-  PerfPicture[row].SetDrawing(CountBar(count));
+}
+
+void frmEditPerf::ShowBar(int row) {
+  PerfPicture[row].SetDrawing(CountBar(Count(row)));
 }
 
 void frmEditPerf::Refresh() {
   SetCaption("Performance Edit  " + EditedProgramTitle(app()));
   const ScopedValue silent(app().program.PerfSilent, true);
   for (int row = 0; row < kPerfRows; ++row) {
-    ShowCount(row, 0);
+    SetCount(row, 0);
     CommUp[row].SetEnabled(true);
     CommDown[row].SetEnabled(true);
     Apply(row);
+    ShowBar(row);
   }
 }
 
 // --- Pressing ---
 
 void frmEditPerf::Press(int row, int way) {
-  ShowCount(row, Count(row) + way);
+  SetCount(row, Count(row) + way);
   Apply(row);
   if (Count(row) >= kPerfMost) CommUp[row].SetEnabled(false);
   if (Count(row) <= -kPerfMost) CommDown[row].SetEnabled(false);
+  ShowBar(row);
 }
 
 void frmEditPerf::Reset(int row) {
   app().program.PerfResetting = true;
-  ShowCount(row, 0);
+  SetCount(row, 0);
   CommUp[row].SetEnabled(true);
   CommDown[row].SetEnabled(true);
   Apply(row);
+  ShowBar(row);
 }
 
 void frmEditPerf::Apply(int row) {
@@ -173,13 +182,14 @@ void frmEditPerf::ApplyTo(int row, int entry, int osc) {
   if (state.PerfSilent) return;
   const int bar = parameter.index + (osc == 2 ? kOscBarStep : 0);
   const bool by_bar = SetProgramBar(app(), parameter.bar, bar, value);
+  if (!by_bar) {
+    if (!parameter.of_effect) SelectOscillator(app(), osc);
+    SendPrgParam(app(), parameter.a, parameter.b, value);
+  }
   // A reset brings back also what lies beyond the end of the bar.
   const EditWords words = {kPerfRowTable[static_cast<std::size_t>(row)].caption, PerfOwner(parameter, osc)};
   if (!by_bar || state.PerfResetting) Store(position, value, words);
   if (parameter.of_effect) CopyBalance(parameter, entry, words);
-  if (by_bar) return;
-  if (!parameter.of_effect) SelectOscillator(app(), osc);
-  SendPrgParam(app(), parameter.a, parameter.b, value);
 }
 
 // The value one step further. It may pass a bound: that stops further presses, not this one.
@@ -237,7 +247,7 @@ void OpenPerfEditor(Application& app, ChildWindow& bank) {
   const int row = SelectedProgram(bank);
   if (row < 0) return;
   SendModeProgram(app);
-  if (ChildWindow* editor = PerfEditor(app)) return app.toolkit.Activate(*editor);
+  if (app.perf_editor != nullptr) return app.toolkit.Activate(*app.perf_editor);
   if (app.program.PrgEditorOpen) {
     TakePerfBase(app);
   } else {
@@ -246,16 +256,12 @@ void OpenPerfEditor(Application& app, ChildWindow& bank) {
   app.toolkit.Open(std::make_unique<frmEditPerf>(app));
 }
 
-ChildWindow* PerfEditor(Application& app) {
-  return static_cast<ChildWindow*>(app.toolkit.FindForm(kName));
-}
-
 void RefreshPerf(Application& app) {
-  if (ChildWindow* editor = PerfEditor(app)) static_cast<frmEditPerf*>(editor)->Refresh();
+  if (app.perf_editor != nullptr) static_cast<frmEditPerf*>(app.perf_editor)->Refresh();
 }
 
 void ClosePerfEditor(Application& app) {
-  if (ChildWindow* editor = PerfEditor(app)) editor->Close();
+  if (app.perf_editor != nullptr) app.perf_editor->Close();
 }
 
 }  // namespace zentaline

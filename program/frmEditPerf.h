@@ -2,6 +2,8 @@
 // changed are bytes of EditRecord; with the program editor open it is its bars that move.
 #pragma once
 
+#include <array>
+
 #include "core/child_window.h"
 #include "core/edits.h"
 #include "program/perf_tables.h"
@@ -38,7 +40,9 @@ class frmEditPerf : public ChildWindow {
  private:
   void LayOut();
   int Count(int row) const;
-  void ShowCount(int row, int count);
+  void SetCount(int row, int count);
+  // The count's picture; the sound comes first.
+  void ShowBar(int row);
 
   void Press(int row, int way);
   void Reset(int row);
@@ -50,6 +54,8 @@ class frmEditPerf : public ChildWindow {
   void CopyBalance(const PerfParameter& parameter, int entry, const EditWords& words);
   void Store(std::size_t position, int value, const EditWords& words);
   const Bytes& record() const;
+
+  std::array<int, kPerfRows> counts_{};
 };
 
 }  // namespace zentaline

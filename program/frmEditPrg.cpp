@@ -51,6 +51,10 @@ void frmEditPrg::MarkChanged() {
   app().edits.Mark(kPrgRecordUnderEdit, true);
 }
 
+void frmEditPrg::SetBar(int array, int index, int value) {
+  static_cast<ui::ScrollBar&>(ControlOf(array, index)).SetValue(value);
+}
+
 EditorControl& frmEditPrg::RowOf(int array, int index) {
   return *rows_.Of(ControlOf(array, index));
 }
@@ -65,6 +69,7 @@ void frmEditPrg::Load() {
   // On the screen alone; the instrument hears of an oscillator when one is edited.
   app().program.EditOsc = 1;
   app().program.PrgEditorOpen = true;
+  app().prg_editor = this;
   ShowOscillator(app(), 1);
   Fill();
 }
@@ -85,6 +90,7 @@ bool frmEditPrg::QueryClose() {
 
 void frmEditPrg::Unload() {
   app().program.PrgEditorOpen = false;
+  app().prg_editor = nullptr;
   app().program.MultisoundTarget = 0;
   CloseMultisamples(app());
   ProgramEditorClosed(app());
@@ -168,10 +174,19 @@ bool frmEditPrg::Guarded() const {
   return app().program.ProgramFilling || app().core.FormLoading;
 }
 
+// The sound comes first.
 void frmEditPrg::Edit(EditorControl& control) {
+  if (Guarded()) return rows_.ShowLabel(control);
+  const int shown = RecordEditor::Shown(control);
+  Send(control, shown);
   rows_.ShowLabel(control);
-  if (Guarded()) return;
-  ShowPictureOf(*control.row, control.block);
+  rows_.Store(control, shown);
+  MarkChanged();
+  AfterEdit(control);
+  ClosePerformance();
+}
+
+void frmEditPrg::Send(const EditorControl& control, int shown) {
   const EditorRow& row = *control.row;
   const bool of_effect = row.array == kEffCombo || row.array == kEffCheck || row.array == kEffHScroll;
   const bool of_oscillator = row.array == kOscCombo || row.array == kOscCheck || row.array == kOscHScroll;
@@ -179,16 +194,12 @@ void frmEditPrg::Edit(EditorControl& control) {
   if (of_oscillator) SelectOscillator(app(), control.block + 1);
   // The octaves, which stand on the common page.
   if (row.array == kBasCombo && row.index < 2) SelectOscillator(app(), row.index + 1);
-  const int shown = RecordEditor::Shown(control);
-  rows_.Store(control, shown);
-  MarkChanged();
   SendPrgParam(app(), row.message.a, row.message.b, SentValue(row, shown));
-  AfterEdit(control);
-  ClosePerformance();
 }
 
 void frmEditPrg::AfterEdit(const EditorControl& control) {
   if (control.control == &EffCombo[4]) ChoosePlacement();
+  ShowPictureOf(*control.row, control.block);
   if (control.control == &EffCombo[0] || control.control == &EffCombo[2]) ShowEffects();
   if (control.row->array >= kEffCombo) ShowRouting();
   if (control.control == &BasCombo[2]) ShowSilence();
@@ -197,16 +208,16 @@ void frmEditPrg::AfterEdit(const EditorControl& control) {
 // The pans or the returns begin anew, and the instrument hears of each of them.
 void frmEditPrg::ChoosePlacement() {
   const bool returns = EffCombo[4].row() == prg_editor::kPlacementWithReturns;
-  for (std::size_t position : {rec::kOutputC, rec::kOutputD}) {
-    const int value = returns ? kHalfReturn << 4 | kHalfReturn : kNoPan;
-    Put(position, Bytes(1, static_cast<char>(value)), "Placement", "I/O");
-  }
-  ShowPans();
   const std::span<const EditorRow> rows =
       returns ? std::span<const EditorRow>(prg_editor::kReturnRows) : std::span<const EditorRow>(prg_editor::kPanRows);
   for (const EditorRow& row : rows) {
     SendPrgParam(app(), row.message.a, row.message.b, returns ? kHalfReturn : kNoPan);
   }
+  for (std::size_t position : {rec::kOutputC, rec::kOutputD}) {
+    const int value = returns ? kHalfReturn << 4 | kHalfReturn : kNoPan;
+    Put(position, Bytes(1, static_cast<char>(value)), "Placement", "I/O");
+  }
+  ShowPans();
 }
 
 // The instrument learns the name only with a bank.
@@ -236,11 +247,11 @@ void frmEditPrg::TypeSound(int oscillator) {
   }
   // The oscillator that is selected takes it: none is selected before.
   SendModeProgram(app());
+  SendPrgParam(app(), prg_editor::kMultisound.a, prg_editor::kMultisound.b, number);
   Bytes word(2, '\0');
   PutWordLowFirst(word, 1, number);
   Put(kSoundPositions[oscillator], word, kSoundNames[oscillator], "OSCILLATOR");
   MarkChanged();
-  SendPrgParam(app(), prg_editor::kMultisound.a, prg_editor::kMultisound.b, number);
   if (app().program.MultisoundTarget == oscillator) FollowMultisound(app());
   ClosePerformance();
 }
@@ -258,11 +269,28 @@ void frmEditPrg::ClosePerformance() {
 // --- What other windows ask ---
 
 void FillProgramEditor(Application& app) {
-  if (ChildWindow* editor = ProgramEditor(app)) static_cast<frmEditPrg*>(editor)->Fill();
+  if (app.prg_editor != nullptr) static_cast<frmEditPrg*>(app.prg_editor)->Fill();
+}
+
+void ShowOscillator(Application& app, int osc) {
+  if (app.prg_editor == nullptr) return;
+  const auto& editor = *static_cast<frmEditPrg*>(app.prg_editor);
+  for (int i = 0; i < 2; ++i) {
+    const bool on = i == osc - 1;
+    editor.BasOption[i].ShowValue(on);
+    editor.OscOption[i].ShowValue(on);
+    editor.OscOption[i + 2].ShowValue(on);
+  }
+}
+
+bool SetProgramBar(Application& app, PrgArray array, int index, int value) {
+  if (app.prg_editor == nullptr) return false;
+  static_cast<frmEditPrg*>(app.prg_editor)->SetBar(array, index, value);
+  return true;
 }
 
 void OpenProgramEditor(Application& app, ChildWindow& bank, int index) {
-  ChildWindow* editor = ProgramEditor(app);
+  ChildWindow* editor = app.prg_editor;
   // A record under edit is never taken up again: its changes would go.
   const bool takes_up = editor == nullptr ? !app.program.PerfOpen : !IsUnderEdit(app, bank, index);
   if (takes_up) {

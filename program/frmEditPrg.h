@@ -50,6 +50,7 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
 
   // Shows EditRecord; nothing is sent or written.
   void Fill();
+  void SetBar(int array, int index, int value);
   void Load() override;
   // The bank asks for it.
   bool GoesWithAnother() const override { return true; }
@@ -83,6 +84,7 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   // What the user does.
   bool Guarded() const;
   void Edit(EditorControl& control) override;
+  void Send(const EditorControl& control, int shown);
   void AfterEdit(const EditorControl& control);
   void TypeName();
   void TypeSound(int oscillator);

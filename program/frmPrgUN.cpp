@@ -157,9 +157,9 @@ void frmPrgUN::ClickRow() {
 
 // An editor that is open asks about the program before, and goes over to this one.
 void frmPrgUN::TakeUp(int row) {
-  const ChildWindow* editor = ProgramEditor(app());
+  const ChildWindow* editor = app().prg_editor;
   if (editor != nullptr) SetMultisoundTarget(app(), 0);
-  if (editor == nullptr) editor = PerfEditor(app());
+  if (editor == nullptr) editor = app().perf_editor;
   if (editor != nullptr) AskToKeepProgram(app(), *editor);
   LoadEditRecord(app(), window_image(), row);
   FillProgramEditor(app());

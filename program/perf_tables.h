@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "program/prg_editor_tables.h"
 #include "program/state.h"
 #include "record/program_fields.h"
 
@@ -13,7 +14,7 @@ namespace zentaline {
 // A byte that a row moves: of oscillator 1 and in the same way of oscillator 2, or the balance of an effect.
 struct PerfParameter {
   const Field* field;
-  const char* bar;  // its bar in the program editor, of oscillator 1
+  PrgArray bar;  // its bar in the program editor, of oscillator 1
   int index;
   int a;  // of the message
   int b;
@@ -30,17 +31,17 @@ inline constexpr int kPerfParameters = kPerfEntries / 2;
 // In the order of PerfBase.
 // clang-format off
 inline constexpr std::array<PerfParameter, kPerfParameters> kPerfTable = {{
-    {&FieldOf(program_fields::kOscillator, "vibrato#.intensity"), "OscHScroll", 4, 11, 2},
-    {&FieldOf(program_fields::kOscillator, "vdf#.cutoff"), "OscHScroll", 9, 4, 1},
-    {&FieldOf(program_fields::kOscillator, "vdf#.eg"), "OscHScroll", 12, 4, 2},
-    {&FieldOf(program_fields::kOscillator, "vda#.attack"), "OscHScroll", 30, 8, 1},
-    {&FieldOf(program_fields::kOscillator, "vdf#.release"), "OscHScroll", 22, 5, 6},
-    {&FieldOf(program_fields::kOscillator, "vda#.level"), "OscHScroll", 24, 2, 2},
-    {&FieldOf(program_fields::kOscillator, "vdf#.velocity"), "OscHScroll", 15, 7, 1, -94},
-    {&FieldOf(program_fields::kCommon, "balance1"), "EffHScroll", 0, 19, 7, 5, 95, true},
-    {&FieldOf(program_fields::kOscillator, "vda#.release"), "OscHScroll", 36, 8, 7},
-    {&FieldOf(program_fields::kOscillator, "vda#.velocity"), "OscHScroll", 27, 10, 1, -94},
-    {&FieldOf(program_fields::kCommon, "balance2"), "EffHScroll", 2, 20, 7, 5, 95, true},
+    {&FieldOf(program_fields::kOscillator, "vibrato#.intensity"), kOscHScroll, 4, 11, 2},
+    {&FieldOf(program_fields::kOscillator, "vdf#.cutoff"), kOscHScroll, 9, 4, 1},
+    {&FieldOf(program_fields::kOscillator, "vdf#.eg"), kOscHScroll, 12, 4, 2},
+    {&FieldOf(program_fields::kOscillator, "vda#.attack"), kOscHScroll, 30, 8, 1},
+    {&FieldOf(program_fields::kOscillator, "vdf#.release"), kOscHScroll, 22, 5, 6},
+    {&FieldOf(program_fields::kOscillator, "vda#.level"), kOscHScroll, 24, 2, 2},
+    {&FieldOf(program_fields::kOscillator, "vdf#.velocity"), kOscHScroll, 15, 7, 1, -94},
+    {&FieldOf(program_fields::kCommon, "balance1"), kEffHScroll, 0, 19, 7, 5, 95, true},
+    {&FieldOf(program_fields::kOscillator, "vda#.release"), kOscHScroll, 36, 8, 7},
+    {&FieldOf(program_fields::kOscillator, "vda#.velocity"), kOscHScroll, 27, 10, 1, -94},
+    {&FieldOf(program_fields::kCommon, "balance2"), kEffHScroll, 2, 20, 7, 5, 95, true},
 }};
 // clang-format on
 

@@ -1,10 +1,11 @@
-// What the windows of programs tell each other; for this folder alone. The editor's controls go by their names, so that
-// the windows beside it need nothing else of it; while it is closed nothing is done.
+// What the windows of programs tell each other; for this folder alone. While an editor is closed nothing is done
+// to its controls.
 #pragma once
 
 #include <string>
 
 #include "base/bytes.h"
+#include "program/prg_editor_tables.h"
 
 namespace zentaline {
 
@@ -35,10 +36,8 @@ bool IsUnderEdit(const Application& app, const ChildWindow& bank, int index);
 void ProgramEditorClosed(Application& app);
 // The option buttons of oscillator 1 or 2, silently.
 void ShowOscillator(Application& app, int osc);
-// The editor's window, null while it is closed.
-ChildWindow* ProgramEditor(Application& app);
-// Moves a bar by its change handler, which stores and sends. False when the editor is closed.
-bool SetProgramBar(Application& app, const std::string& array, int index, int value);
+// Moves a bar of one of the arrays by its change handler, which stores and sends. False when the editor is closed.
+bool SetProgramBar(Application& app, PrgArray array, int index, int value);
 // Puts the text into BasText 1 or 2, whose change handler stores and sends.
 void SetMultisoundText(Application& app, int box, const std::string& text);
 // Row 0 to 518 of the list of sounds, UTF-8.
@@ -61,8 +60,6 @@ void CloseMultisamples(Application& app);
 
 // --- The performance editor ---
 
-// Its window, null while it is closed.
-ChildWindow* PerfEditor(Application& app);
 // It shows the program that was taken up, unchanged so far.
 void RefreshPerf(Application& app);
 void ClosePerfEditor(Application& app);

@@ -29,7 +29,7 @@ void Control::SetVisible(bool visible) {
 
 bool Control::Usable() const {
   if (!enabled_ || !visible_ || !form_.Reachable()) return false;
-  form_.NoteContainers();
+  if (!form_.Noted()) form_.NoteContainers();
   for (const Control* around = container_; around != nullptr; around = around->container_) {
     if (!around->enabled_ || !around->visible_) return false;
   }
@@ -38,7 +38,7 @@ bool Control::Usable() const {
 
 bool Control::SharesRoomWith(const Control& other) const {
   if (&form_ != &other.form_) return false;
-  form_.NoteContainers();
+  if (!form_.Noted()) form_.NoteContainers();
   return room_ == other.room_;
 }
 
@@ -124,7 +124,7 @@ UserEvent::UserEvent(Control& control, Moves) : UserEvent(control.form(), &contr
 UserEvent::UserEvent(Form& form, const Control* control) : toolkit_(form.toolkit()) {
   toolkit_.EnterEvent();
   toolkit_.NoteUser(control);
-  if (form.kind() == FormKind::kChild) toolkit_.Activate(form);
+  if (form.kind() == FormKind::kChild && toolkit_.active_child() != &form) toolkit_.Activate(form);
 }
 
 UserEvent::UserEvent(Toolkit& toolkit) : toolkit_(toolkit) {

@@ -341,6 +341,11 @@ void CheckBox::DefaultKey(const Key& key) {
   if (key.name == Key::kSpace) UserSet(!value_);
 }
 
+OptionButton::OptionButton(Form& form, std::string name, int index)
+    : Captioned(form, ControlKind::kOptionButton, std::move(name), index) {
+  form.options_.push_back(this);
+}
+
 void OptionButton::ShowValue(bool value) {
   if (std::exchange(value_, value) != value) Changed(Change::kValue);
 }
@@ -349,8 +354,8 @@ void OptionButton::SetValue(bool value) {
   if (std::exchange(value_, value) == value) return;
   Changed(Change::kValue);
   if (!value) return;
-  for (OptionButton* option : Group()) {
-    if (option != this) option->SetValue(false);
+  for (OptionButton* option : form().options_) {
+    if (option != this && option->value_ && SharesRoomWith(*option)) option->SetValue(false);
   }
   Call(on_click);
 }
@@ -371,9 +376,8 @@ void OptionButton::DefaultKey(const Key& key) {
 
 std::vector<OptionButton*> OptionButton::Group() {
   std::vector<OptionButton*> group;
-  for (Control* control : form().controls()) {
-    if (control->kind() != ControlKind::kOptionButton || !SharesRoomWith(*control)) continue;
-    group.push_back(static_cast<OptionButton*>(control));
+  for (OptionButton* option : form().options_) {
+    if (SharesRoomWith(*option)) group.push_back(option);
   }
   return group;
 }

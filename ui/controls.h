@@ -207,8 +207,7 @@ class CheckBox : public Captioned {
 // names are.
 class OptionButton : public Captioned {
  public:
-  OptionButton(Form& form, std::string name, int index = -1)
-      : Captioned(form, ControlKind::kOptionButton, std::move(name), index) {}
+  OptionButton(Form& form, std::string name, int index = -1);
   bool value() const { return value_; }
   void SetValue(bool value);
   void ShowValue(bool value);  // raises nothing, and leaves the others of its group alone

@@ -34,7 +34,7 @@ Control* Form::Find(const std::string& name, int index) const {
 }
 
 void Form::NoteContainers() {
-  if (std::exchange(noted_, layout.children.data()) == layout.children.data()) return;
+  noted_ = layout.children.data();
   for (Control* control : controls_) {
     control->container_ = nullptr;
     control->room_ = 0;

@@ -88,9 +88,11 @@ class Form {
  private:
   friend class Control;
   friend class MenuEntry;
+  friend class OptionButton;
   friend class Toolkit;
-  // Tells each control what it stands in; does nothing when it has been told.
+  // Tells each control what it stands in.
   void NoteContainers();
+  bool Noted() const { return noted_ == layout.children.data(); }
 
   Toolkit& toolkit_;
   FormKind kind_;
@@ -101,6 +103,7 @@ class Form {
   Size inner_size_;
   const Layout* noted_ = nullptr;  // the children of the layout that was noted; another layout has others
   std::vector<Control*> controls_;
+  std::vector<OptionButton*> options_;  // among the controls
   std::vector<MenuEntry*> menu_bar_;
   Control* focus_ = nullptr;
   bool open_ = false;

@@ -43,10 +43,6 @@ std::vector<Form*> Toolkit::forms() const {
   return open;
 }
 
-Form* Toolkit::active_child() const {
-  return activation_order_.empty() ? nullptr : activation_order_.back();
-}
-
 Form* Toolkit::FindForm(const std::string& full_name) const {
   const auto found =
       std::find_if(forms_.begin(), forms_.end(), [&](const auto& form) { return form->FullName() == full_name; });
@@ -106,7 +102,7 @@ void Toolkit::DropForms() {
 void Toolkit::LeaveEvent() {
   if (--event_depth_ > 0) return;
   cause_ = kNoCause;
-  const auto dying = std::exchange(closed_, {});
+  if (!closed_.empty()) const auto dying = std::exchange(closed_, {});
 }
 
 void Toolkit::TakeOut(Form& form) {

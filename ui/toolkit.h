@@ -36,7 +36,7 @@ class Toolkit {
 
   // The open forms in the order of opening, and the child window in front (null when there is none).
   std::vector<Form*> forms() const;
-  Form* active_child() const;
+  Form* active_child() const { return activation_order_.empty() ? nullptr : activation_order_.back(); }
   // The open child windows, from the back to the one in front.
   const std::vector<Form*>& stacked_children() const { return activation_order_; }
   // The modal form on top, null when there is none.

@@ -102,10 +102,10 @@ TEST_F(ProgramUnderEdit, ReadsTheNumberOfASoundFromTheLeadingDigitsOfThreeCharac
 
 TEST_F(ProgramUnderEdit, WithTheEditorClosedNoControlOfItIsMoved) {
   app().program.PrgEditorOpen = true;
-  EXPECT_EQ(ProgramEditor(app()), nullptr) << "its window isn't there, whatever the mark says";
-  EXPECT_FALSE(SetProgramBar(app(), "OscHScroll", 4, 10));
+  EXPECT_EQ(app().prg_editor, nullptr) << "its window isn't there, whatever the mark says";
+  EXPECT_FALSE(SetProgramBar(app(), kOscHScroll, 4, 10));
   app().program.PrgEditorOpen = false;
-  EXPECT_FALSE(SetProgramBar(app(), "OscHScroll", 4, 10));
+  EXPECT_FALSE(SetProgramBar(app(), kOscHScroll, 4, 10));
   SetMultisoundText(app(), 1, "001");
   SetMultisoundTarget(app(), 1);
   EXPECT_EQ(State("MultisoundTarget"), 1);

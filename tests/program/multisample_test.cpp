@@ -63,6 +63,7 @@ class SoundList : public ::testing::Test {
   BoxesOfAnEditor& OpenEditor() {
     app().program.PrgEditorOpen = true;
     auto& editor = static_cast<BoxesOfAnEditor&>(app().toolkit.Open(std::make_unique<BoxesOfAnEditor>(app())));
+    app().prg_editor = &editor;
     return editor;
   }
   Application& app() { return desk_.program.app; }
