@@ -317,8 +317,8 @@ void TakeConfiguration(Application& app, const Bytes& file) {
   core.ArrWindows[kInstrumentWindow] = TakeWindow(Record(file, kRecordArrUser));
   core.PrgWindows[kInstrumentWindow] = TakeWindow(Record(file, kRecordPrgUser));
   if (core.settings.GlobalSetInInstrument == 1) {
-    app.global.GlobalRecord = Record(file, kRecordGlobal) +
-                              Slice(Record(file, kRecordGlobal + 1), 1, kGlobalRecordLength - kConfigRecordLength);
+    app.edits.TakeGlobal(Record(file, kRecordGlobal) +
+                         Slice(Record(file, kRecordGlobal + 1), 1, kGlobalRecordLength - kConfigRecordLength));
   }
   const Bytes names = Record(file, kRecordNames);
   app.arrangement.ArrInInstrument = TakeText(names, 1, kNameLength);

@@ -174,6 +174,10 @@ void Edits::TakeDatabase(Bytes image) {
   known = std::move(image);
 }
 
+void Edits::TakeGlobal(Bytes block) {
+  app_.global.GlobalRecord.value_ = std::move(block);
+}
+
 void Edits::SetAside(ChildWindow& window, std::size_t position, int value) {
   zentaline::PutByte(window.window_image_, position, value);
 }

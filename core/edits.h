@@ -1,7 +1,8 @@
 // The one door through which bytes that can be saved change: the images of the windows behind their control bytes, the
-// records under edit, and the database. A change is noted with what it is in a musician's words and with the user's
-// action that made it, so that it can be taken back; with it are noted the marks that say that something is changed.
-// The door refuses nothing: whoever comes through it has asked whether the file is read-only.
+// records under edit, the database, and what the instrument holds of global parameters. A change is noted with what it
+// is in a musician's words and with the user's action that made it, so that it can be taken back; with it are noted the
+// marks that say that something is changed. The door refuses nothing: whoever comes through it has asked whether the
+// file is read-only.
 #pragma once
 
 #include <cstddef>
@@ -124,6 +125,8 @@ class Edits {
   void ForgetRecord(const EditTarget& record);
   // The database as it is on the disk, or as the program makes it by itself.
   void TakeDatabase(Bytes image);
+  // What the instrument holds of global parameters from now on. Taking back what was sent doesn't take it from there.
+  void TakeGlobal(Bytes block);
   // What of an image nobody means to take back: control bytes that are no marks, a bank's channel, the marks of what
   // was copied. And the path.
   void SetAside(ChildWindow& window, std::size_t position, int value);

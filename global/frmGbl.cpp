@@ -99,7 +99,7 @@ void frmGbl::Send() {
   if (app().core.FormLoading) return;
   SendGlobalDump(app(), window_image());
   app().core.settings.GlobalSetInInstrument = 1;
-  app().global.GlobalRecord = GlobalFileBytes(window_image());
+  app().edits.TakeGlobal(GlobalFileBytes(window_image()));
   if (app().main != nullptr) app().main->Menu(MenuId::mnuGlobalParam).SetEnabled(true);
 }
 

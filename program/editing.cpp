@@ -60,11 +60,13 @@ int CommitProgram(Application& app) {
     ShowMessage(app, kMessageReadOnlyFile, ShownPath(bank->BaseName()), {});
     return 1;
   }
-  const Bytes name(TrimRight(Slice(record, program_record::kName, program_record::kNameLength)));
-  app.edits.Change(ImageOf(*bank), {"Kept", {}, Utf8FromBytes(name)}, [&](Bytes& image) {
-    PutEditRecord(image, record);
-    PutByte(image, kPrgChangedPosition, 1);
-  });
+  // As a row shows it: it ends at its first zero byte.
+  const Bytes name = Slice(record, program_record::kName, program_record::kNameLength);
+  app.edits.Change(ImageOf(*bank), {"Kept", {}, Utf8FromBytes(TrimRight(name.substr(0, name.find('\0'))))},
+                   [&](Bytes& image) {
+                     PutEditRecord(image, record);
+                     PutByte(image, kPrgChangedPosition, 1);
+                   });
   app.edits.Mark(kPrgRecordUnderEdit, false);
   ShowProgramName(*bank, ByteAt(record, edit_record::kIndex));
   if (app.main != nullptr) app.main->RefreshMenus();
@@ -73,6 +75,9 @@ int CommitProgram(Application& app) {
 
 bool CloseProgramEditorsOf(Application& app, const ChildWindow& bank) {
   if (ByteAt(app.program.EditRecord, edit_record::kWindowNumber) != bank.WindowNumber()) return true;
+  // One question for all of them, while all of them are still there.
+  const ChildWindow* last = app.perf_editor != nullptr ? app.perf_editor : app.prg_editor;
+  if (last != nullptr && !AskToSaveProgram(app, *last)) return false;
   if (app.prg_editor != nullptr && !app.prg_editor->Close()) return false;
   return app.perf_editor == nullptr || app.perf_editor->Close();
 }
@@ -82,6 +87,19 @@ void AskToKeepProgram(Application& app, const ChildWindow& editor) {
       app.program.ProgramChanged && AskYesNo(app, kAskPrgKeep, {}, editor.caption()) == ui::BoxAnswer::kYes;
   if (keep) CommitProgram(app);
   app.edits.Mark(kPrgRecordUnderEdit, false);
+}
+
+bool AskToSaveProgram(Application& app, const ChildWindow& editor) {
+  if (!app.program.ProgramChanged) return true;
+  switch (AskYesNoCancel(app, kAskPrgSave, editor.caption())) {
+    case ui::BoxAnswer::kYes:
+      return CommitProgram(app) == 0;
+    case ui::BoxAnswer::kNo:
+      app.edits.Mark(kPrgRecordUnderEdit, false);
+      return true;
+    default:
+      return false;
+  }
 }
 
 std::string EditedProgramTitle(const Application& app) {

@@ -83,17 +83,7 @@ void frmEditPerf::Load() {
 
 // With the program editor open the changes stay for its own closing.
 bool frmEditPerf::QueryClose() {
-  const ProgramState& state = app().program;
-  if (state.PrgEditorOpen || !state.ProgramChanged) return true;
-  switch (AskYesNoCancel(app(), kAskPrgSave, caption())) {
-    case ui::BoxAnswer::kYes:
-      return CommitProgram(app()) == 0;
-    case ui::BoxAnswer::kNo:
-      app().edits.Mark(kPrgRecordUnderEdit, false);
-      return true;
-    default:
-      return false;
-  }
+  return app().program.PrgEditorOpen || AskToSaveProgram(app(), *this);
 }
 
 void frmEditPerf::Unload() {
@@ -144,7 +134,7 @@ void frmEditPerf::Press(int row, int way) {
 }
 
 void frmEditPerf::Reset(int row) {
-  app().program.PerfResetting = true;
+  const ScopedValue resetting(app().program.PerfResetting, true);
   SetCount(row, 0);
   CommUp[row].SetEnabled(true);
   CommDown[row].SetEnabled(true);
@@ -164,7 +154,6 @@ void frmEditPerf::Apply(int row) {
   }
   state.PerfStepValue[static_cast<std::size_t>(row)] = Count(row);
   if (!state.PerfSilent) app().edits.Mark(kPrgRecordUnderEdit, true);
-  state.PerfResetting = false;
 }
 
 void frmEditPerf::ApplyTo(int row, int entry, int osc) {

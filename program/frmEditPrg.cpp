@@ -75,17 +75,7 @@ void frmEditPrg::Load() {
 }
 
 bool frmEditPrg::QueryClose() {
-  const ProgramState& state = app().program;
-  if (!open() || !state.ProgramChanged || state.PerfOpen) return true;
-  switch (AskYesNoCancel(app(), kAskPrgSave, caption())) {
-    case ui::BoxAnswer::kYes:
-      return CommitProgram(app()) == 0;
-    case ui::BoxAnswer::kNo:
-      app().edits.Mark(kPrgRecordUnderEdit, false);
-      return true;
-    default:
-      return false;
-  }
+  return !open() || app().program.PerfOpen || AskToSaveProgram(app(), *this);
 }
 
 void frmEditPrg::Unload() {

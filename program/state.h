@@ -34,7 +34,7 @@ struct ProgramState {
 
   // The performance editor.
   bool PerfOpen = false;
-  bool PerfResetting = false;
+  bool PerfResetting = false;                  // a row goes back to where it began
   bool PerfSilent = false;                     // its buttons are adjusted: nothing is stored or sent
   std::array<int, kPerfEntries> PerfBase{};    // the bytes, 0 to 255, as the program was taken up
   std::array<int, kPerfRows> PerfStepValue{};  // the count of each row

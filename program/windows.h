@@ -25,6 +25,8 @@ int SelectedProgram(const ChildWindow& bank);
 // Another program is about to be taken up: asks in this editor's name whether to keep what was changed of the one
 // before. What isn't kept goes.
 void AskToKeepProgram(Application& app, const ChildWindow& editor);
+// The last of the editors is about to close: asks in its name whether to save what was changed. False when it stays.
+bool AskToSaveProgram(Application& app, const ChildWindow& editor);
 // "Bank.prg / Name", for the captions of the editors.
 std::string EditedProgramTitle(const Application& app);
 

@@ -233,6 +233,17 @@ TEST_F(GlobalRows, AChangeIsNotedWithItsWords) {
   EXPECT_EQ(actions[2].words.of, "User Scale 2");
 }
 
+// What was sent stays in the instrument.
+TEST_F(GlobalRows, TakingAChangeBackLeavesWhatTheInstrumentHolds) {
+  OpenBytes(GblFile());
+  const int before = Byte(303);
+  SetTo("GblHScroll1(0)", before + 5);
+  ASSERT_NE(program.app.edits.StepBack(), nullptr);
+  EXPECT_EQ(Byte(303), before);
+  EXPECT_EQ(At(program.app.global.GlobalRecord, 33), before + 5);
+  EXPECT_EQ(program.app.edits.StepBack(), nullptr) << "the block is no action of its own";
+}
+
 // --- Random files ---
 
 TEST_F(GlobalRows, WalkingThroughEveryControlAndBackLeavesOnlyWhatWasMoved) {

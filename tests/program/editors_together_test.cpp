@@ -158,6 +158,41 @@ TEST_F(EditorsTogether, TheBankTakesAllThreeAlongWithOneQuestion) {
   EXPECT_EQ(Sounds(), nullptr);
 }
 
+// The question comes while all of them are still there.
+TEST_F(EditorsTogether, ABankThatStaysKeepsAllThree) {
+  desk_.OpenEditor();
+  ClickBox(1);
+  desk_.Up(kCutoff);
+  const ShownBox question{51, "Performance Edit  Bank.prg / Prog 5          ",
+                          "The Program has changed.\nSave changes ?"};
+  EXPECT_FALSE(desk_.Prg(1)->UserClose()) << "cancelled";
+  EXPECT_THAT(desk_.program.Boxes(), ElementsAre(question));
+  EXPECT_NE(desk_.Editor(), nullptr);
+  EXPECT_NE(desk_.Perf(), nullptr);
+  EXPECT_NE(Sounds(), nullptr);
+  EXPECT_TRUE(desk_.state().ProgramChanged);
+  EXPECT_EQ(desk_.Byte(59), 55);
+  EXPECT_EQ(desk_.Count(kCutoff), "1");
+  EXPECT_FALSE(desk_.program.Quit()) << "cancelled as well";
+  EXPECT_THAT(desk_.program.Boxes(), ElementsAre(question));
+  EXPECT_NE(desk_.Editor(), nullptr);
+  EXPECT_NE(desk_.Perf(), nullptr);
+}
+
+TEST(BankOfBothEditors, ThatIsReadOnlyRefusesToSaveAndKeepsThem) {
+  PerfDesk desk({}, true);
+  desk.OpenEditor();
+  desk.Up(kCutoff);
+  desk.program.toolkit.answers.push_back(BoxAnswer::kYes);
+  EXPECT_FALSE(desk.Prg(1)->UserClose());
+  const std::vector<ShownBox> boxes = desk.program.Boxes();
+  ASSERT_EQ(boxes.size(), 2u);
+  EXPECT_EQ(boxes[1].text, "Read only file");
+  EXPECT_NE(desk.Editor(), nullptr);
+  EXPECT_NE(desk.Perf(), nullptr);
+  EXPECT_TRUE(desk.state().ProgramChanged);
+}
+
 // --- Sounds and the editor ---
 
 TEST_F(EditorsTogether, AClickInABoxShowsItsSoundInTheList) {
