@@ -26,7 +26,8 @@ bool SaveStylePart(Application& app, Bytes& image) {
 }
 
 EditWords KeptWords(std::string_view record) {
-  return {"Kept", {}, Utf8FromBytes(TrimRight(Slice(record, arr_edit::kRecord, kArrNameLength)))};
+  const Bytes name = Slice(record, arr_edit::kRecord, kArrNameLength);
+  return {"Kept", {}, Utf8FromBytes(TrimRight(name.substr(0, name.find('\0'))))};
 }
 
 // The window that a record came from; null when it isn't there any longer.

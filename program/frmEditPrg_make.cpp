@@ -22,6 +22,11 @@ bool OfOscillator(int array) {
   return array == kOscCombo || array == kOscCheck || array == kOscHScroll;
 }
 
+std::string_view OwnerOf(const EditorRow& row, int block) {
+  if (!OfOscillator(row.array)) return row.field->group;
+  return prg_editor::kOscOwners[static_cast<std::size_t>(&row - prg_editor::kOscRows)][static_cast<std::size_t>(block)];
+}
+
 // The frames of the groups, by the names of the instrument's own pages; in the order of GroupFrame.
 enum GroupFrame {
   kProgramFrame,
@@ -103,7 +108,7 @@ void frmEditPrg::MakePictures() {
 void frmEditPrg::AddRow(const EditorRow& row, int block) {
   const int index = row.index + block * prg_editor::OscStep(row.array);
   const std::size_t start = 1 + (OfOscillator(row.array) ? kOscBlock.StartOf(block) : 0);
-  EditorControl bound{&row, block, start, row.field->group, &ControlOf(row.array, index), ValueOf(row.array, index)};
+  EditorControl bound{&row, block, start, OwnerOf(row, block), &ControlOf(row.array, index), ValueOf(row.array, index)};
   if (row.array == kEffHScroll) bound.name = &EffLab1[index];
   rows_.Bind(bound);
 }

@@ -2,6 +2,11 @@
 // change that tells the instrument.
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+
 #include "core/record_editor.h"
 #include "record/program_fields.h"
 
@@ -136,7 +141,39 @@ inline constexpr EditorRow kOscRows[] = {
     {kOscCombo, 20, &Osc("vda#.velocity.release"), {10, 6}},
     {kOscCheck, 0, &Osc("vibrato#.sync"), {11, 6}},
 };
+// clang-format on
 
+// What a change of such a row belongs to, for each oscillator: "VDF EG, OSC-2".
+class OscOwner {
+ public:
+  constexpr OscOwner() = default;
+  constexpr OscOwner(std::string_view group, std::string_view oscillator) {
+    Add(group);
+    if (!group.empty()) Add(", ");
+    Add(oscillator);
+  }
+  constexpr operator std::string_view() const { return {text_, length_}; }
+
+ private:
+  constexpr void Add(std::string_view part) {
+    for (const char each : part) text_[length_++] = each;
+  }
+  char text_[24] = {};
+  std::size_t length_ = 0;
+};
+consteval auto OscOwners() {
+  std::array<std::array<OscOwner, kOscNames.size()>, std::size(kOscRows)> owners;
+  for (std::size_t row = 0; row < owners.size(); ++row) {
+    for (std::size_t block = 0; block < kOscNames.size(); ++block) {
+      owners[row][block] = {kOscRows[row].field->group, kOscNames[block]};
+    }
+  }
+  return owners;
+}
+inline constexpr auto kOscOwners = OscOwners();
+static_assert(std::string_view(kOscOwners[0][1]) == "PITCH EG, OSC-2");
+
+// clang-format off
 inline constexpr EditorRow kEffectRows[] = {
     {kEffCombo, 0, &Common("fx1"), {16, 0}},
     {kEffCombo, 2, &Common("fx2"), {16, 2}},

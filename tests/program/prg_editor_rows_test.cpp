@@ -87,6 +87,25 @@ TEST(PrgEditorRows, TheModeGoesOutBeforeAChangeOnlyWhenItIsAnother) {
   EXPECT_EQ(desk.Params(), (Strings{Sent(1, 4, 5)}));
 }
 
+// "Break Point" alone would leave open whose it is.
+TEST(PrgEditorRows, AChangeIsNotedWithItsWords) {
+  PrgEditorDesk desk;
+  const auto words = [&desk](const std::string& control, int value) {
+    EXPECT_TRUE(desk.Move(control, value));
+    const EditWords& noted = desk.program.app.edits.actions().back().words;
+    return std::string(noted.what) + " | " + std::string(noted.of) + " | " + noted.name;
+  };
+  EXPECT_EQ(words("OscHScroll(19)", 5), "Break Point | VDF EG, OSC-1 | ");
+  EXPECT_EQ(words("OscHScroll(59)", 5), "Break Point | VDF EG, OSC-2 | ");
+  EXPECT_EQ(words("OscCombo(21)", 1), "Waveform | Pitch MG, OSC-2 | ");
+  EXPECT_EQ(words("OscCheck(0)", 1), "ON. Key sync | Pitch MG, OSC-1 | ");
+  EXPECT_EQ(words("OscCombo(22)", 9), "C Send Level | OSC-2 | ");
+  EXPECT_EQ(words("BasHScroll(7)", 5), "Frequency | VDF MG | ");
+  EXPECT_EQ(words("BasCombo(1)", 3), "OSC-2 Octave | OSCILLATOR | ");
+  EXPECT_EQ(words("EffHScroll(0)", 5), "Dry/Wet Bal. | FX 1 | ");
+  EXPECT_EQ(words("BasVScroll(2)", 5), "OSC-2 M/D SOUND | OSCILLATOR | ");
+}
+
 // The effects of an arrangement are heard too.
 TEST(PrgEditorRows, TheEffectsSendNoMode) {
   PrgEditorDesk desk;
