@@ -1,14 +1,17 @@
 // Long sessions at random on every window that there is, and then back and forth through the list of what was changed:
-// at each step every image, every record and every mark is what it was when the step was made.
+// at each step every image, every record and every mark is what it was when the step was made. Where chance alone would
+// seldom lead, as to a program picked for a part or to rows on their way between two windows, it is helped along.
 // ZENTALINE_SESSION_STEPS in the environment makes them longer.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "core/application.h"
 #include "core/child_window.h"
@@ -52,17 +55,19 @@ using Thing = EditTarget::Thing;
 
 class Session {
  public:
-  explicit Session(unsigned seed)
+  Session(unsigned seed, int language)
       : console_(ui::ConsoleToolkit::Clock::kVirtual, [](const std::string&) {}),
         monkey_(console_, seed, [this] { return Names(); }),
         app_(console_, recorder_, disk_, "/disk") {
     monkey_.stays = true;
     console_.SetQuestions(monkey_);
-    FillDisk();
+    FillDisk(language);
     recorder_.SetOuts({"Out"});
     EXPECT_TRUE(app_.Start());
     console_.RunChain([this] { return app_.Starting(); });
-    app_.main->OpenWhenReady({"/disk/First Steps.arr", "/disk/First Steps.prg", "/disk/Sunday Band.arr"});
+    app_.main->OpenWhenReady(
+        {"/disk/First Steps.arr", "/disk/First Steps.prg", "/disk/Sunday Band.arr", "/disk/First Steps.sty"});
+    OpenWindows();
   }
 
   // Back to the oldest step and forth to the newest.
@@ -76,16 +81,24 @@ class Session {
 
   // Some steps are taken back for good: something else is done then.
   void TakeBack(int steps) {
+    bool of_database = false;
     for (int i = 0; i < steps && edits().standing() > 0; ++i) {
-      taken_back_.insert(edits().actions()[edits().standing() - 1].number);
+      const EditAction& action = edits().actions()[edits().standing() - 1];
+      taken_back_.insert(action.number);
+      for (const EditChange& change : action.changes) of_database |= change.target == kDatabaseImage;
       edits().StepBack();
       ExpectMoment("back");
     }
     Look();
+    ahead_on_disk_ |= of_database;
   }
   void GoOn(int steps) {
     for (int step = 0; step < steps && !console_.main_closed(); ++step) {
-      Act();
+      if (monkey_.Pick(4) == 0) {
+        ActOnPurpose();
+      } else {
+        Act();
+      }
       Look();
     }
   }
@@ -96,7 +109,10 @@ class Session {
   int moments() const { return moments_; }
   int images() const { return images_; }
   int records() const { return records_; }
-  std::set<std::string> words;  // of the actions that were seen
+  // How many actions were done in the windows of a name, and how many are called by a word.
+  int done_in(const std::string& form) const { return CountOf(done_in_, form); }
+  int called(const std::string& word) const { return CountOf(called_, word); }
+  const std::map<std::string, int>& words() const { return called_; }
 
  private:
   Edits& edits() { return app_.edits; }
@@ -112,15 +128,207 @@ class Session {
       if (form->name().starts_with("frmEdit") || form->name() == "frmGbl") editors.push_back(form);
     }
     if (monkey_.Pick(8) == 0) return console_.Advance(3000);
-    if (!editors.empty() && monkey_.Pick(50) != 0) return monkey_.ActIn(OneOf(editors));
+    if (!editors.empty() && monkey_.Pick(50) != 0) {
+      ui::Form& editor = OneOf(editors);
+      return In(editor, [&] { monkey_.ActIn(editor); });
+    }
     if (windows.empty() || monkey_.Pick(3) == 0) return monkey_.Act();
     ui::Form& window = OneOf(windows);
     auto* list = dynamic_cast<ui::ListBox*>(window.Find("List1"));
-    if (list != nullptr && list->rows() > 0 && monkey_.Pick(2) == 0) {
-      list->UserDouble(monkey_.Pick(list->rows()));
-    } else {
-      monkey_.ActIn(window);
+    In(window, [&] {
+      if (list != nullptr && list->rows() > 0 && monkey_.Pick(2) == 0) {
+        list->UserDouble(monkey_.Pick(list->rows()));
+      } else {
+        monkey_.ActIn(window);
+      }
+    });
+  }
+
+  // What the user does in a window: if an action begins by it, it counts for the window.
+  template <typename Function>
+  void In(const ui::Form& form, Function&& act) {
+    const std::string name = form.name();
+    const std::int64_t newest = Newest();
+    act();
+    Look();
+    if (Newest() <= newest || edits().standing() == 0) return;
+    const EditAction& action = edits().actions()[edits().standing() - 1];
+    if (action.kind == EditAction::Kind::kUser && action.ChangesBytes()) ++done_in_[name];
+  }
+  template <typename Function>
+  void InMain(Function&& act) {
+    act();
+    Look();
+  }
+  void Press(MenuId entry) {
+    InMain([&] { app_.main->Menu(entry).UserPress(); });
+  }
+
+  // --- What chance alone would seldom do ---
+
+  void ActOnPurpose() {
+    switch (monkey_.Pick(11)) {
+      case 0:
+        return OpenWindows();
+      case 1:
+        return PickForAPart();
+      case 2:
+        return PickASound();
+      case 3:
+        return PressPerformances();
+      case 4:
+        return EditAProgram();
+      case 5:
+        return SelectAnd(app_.arr_windows, MenuId::mnuEdit);
+      case 6:
+        return ChangeTheDatabase();
+      default:
+        return MoveRows();
     }
+  }
+
+  // Those that are closed come back.
+  void OpenWindows() {
+    using enum MenuId;
+    for (const MenuId entry : {mnuNuovoArr, mnuNuovoSty, mnuNuovoPrg, mnuGlobalParam, mnuWEditDBArr}) {
+      if (monkey_.Pick(2) == 0) Press(entry);
+    }
+    if (app_.prg_windows[1] == nullptr) app_.main->OpenWhenReady({"/disk/First Steps.prg"});
+    if (app_.arr_windows[1] == nullptr) app_.main->OpenWhenReady({"/disk/First Steps.arr"});
+    Look();
+  }
+
+  // A box of the arrangement editor waits for a program or a style, and a bank gives one.
+  void PickForAPart() {
+    using enum MenuId;
+    const bool style = monkey_.Pick(2) == 0;
+    if (ui::Form* editor = console_.FindForm("frmEditArr")) {
+      const int index = style ? 1 : 2 + 2 * monkey_.Pick(9);
+      if (auto* box = static_cast<ui::TextBox*>(editor->Find("Text1", index))) {
+        In(*editor, [&] { box->UserMouse({ui::MouseEvent::kDown, 1, 1, false}); });
+      }
+    }
+    const bool second = monkey_.Pick(2) == 0;
+    constexpr MenuId kPrograms[] = {mnuWProgA, mnuWProgB, mnuWProgC, mnuWProgD, mnuWProgE};
+    if (style) {
+      Press(monkey_.Pick(2) == 0 ? mnuStyA : mnuStyB);
+    } else {
+      Press(second ? (monkey_.Pick(2) == 0 ? mnuDrum : mnuPerc) : kPrograms[monkey_.Pick(5)]);
+    }
+    const std::string wanted = style ? (second ? "frmStyUN" : "frmStyAB") : (second ? "frmDrum" : "frmPcgAE");
+    std::vector<ui::Form*> banks;
+    for (ui::Form* form : console_.forms()) {
+      if (form->name() == wanted && form->Reachable()) banks.push_back(form);
+    }
+    if (!banks.empty()) SelectIn(OneOf(banks), "List1", -1);
+  }
+
+  void SelectIn(ui::Form& form, const char* name, int index) {
+    auto* list = static_cast<ui::ListBox*>(form.Find(name, index));
+    if (list == nullptr || list->rows() == 0) return;
+    In(form, [&] { list->UserSelect({monkey_.Pick(list->rows())}); });
+  }
+
+  // A box of the program editor waits for a sound, and the list of sounds gives one.
+  void PickASound() {
+    ui::Form* const editor = console_.FindForm("frmEditPrg");
+    if (editor == nullptr) return EditAProgram();
+    auto* box = static_cast<ui::TextBox*>(editor->Find("BasText", 1 + monkey_.Pick(2)));
+    In(*editor, [&] {
+      box->UserMouse({ui::MouseEvent::kDown, 1, 1, false});
+      box->UserMouse({ui::MouseEvent::kUp, 1, 1, false});
+    });
+    console_.Advance(20);
+    for (int i = 0; i < 3; ++i) {
+      if (ui::Form* sounds = console_.FindForm("frmMultisample")) SelectIn(*sounds, "List1", monkey_.Pick(5));
+    }
+  }
+
+  void PressPerformances() {
+    if (console_.FindForm("frmEditPerf") == nullptr) SelectAnd(app_.prg_windows, MenuId::mnuEditPerf);
+    for (int i = 0; i < 5; ++i) {
+      ui::Form* const editor = console_.FindForm("frmEditPerf");
+      if (editor == nullptr) return;
+      const char* const arrays[] = {"CommUp", "CommDown", "CommReset"};
+      auto* button =
+          static_cast<ui::Button*>(editor->Find(arrays[static_cast<std::size_t>(monkey_.Pick(3))], monkey_.Pick(8)));
+      In(*editor, [&] { button->UserPress(); });
+    }
+  }
+
+  void EditAProgram() { SelectAnd(app_.prg_windows, MenuId::mnuEdit); }
+
+  // A row of one of the windows, and then a menu entry.
+  template <typename Windows>
+  void SelectAnd(const Windows& slots, MenuId entry) {
+    std::vector<ui::Form*> windows;
+    for (ChildWindow* window : slots) {
+      if (window != nullptr && window->Reachable()) windows.push_back(window);
+    }
+    if (windows.empty()) return;
+    SelectIn(OneOf(windows), "List1", -1);
+    Press(entry);
+  }
+
+  void ChangeTheDatabase() {
+    // An arrangement's entry makes it, if that isn't declined.
+    if (app_.arr_windows[1] != nullptr && Front(*app_.arr_windows[1])) Press(MenuId::mnui40DBArr);
+    console_.Advance(100);
+    Press(MenuId::mnuWEditDBArr);
+    ui::Form* const database = console_.FindForm("frmEditDBArr");
+    if (database == nullptr) return;
+    SelectIn(*database, "List1", -1);
+    const char* const name = monkey_.Pick(2) == 0 ? "CommDelete" : "CommAddAll";
+    auto* button = static_cast<ui::Button*>(database->Find(name));
+    In(*database, [&] {
+      button->UserPress();
+      console_.Advance(100);
+    });
+  }
+
+  // Rows with something in them are copied or cut, and go to a window that takes them.
+  void MoveRows() {
+    using enum MenuId;
+    ChildWindow* const from = OneWithItems([](ChildWindow&) { return true; });
+    if (from == nullptr) return;
+    std::vector<int> rows;
+    ui::ListBox& list = *from->ItemList();
+    const ItemFamily family = ItemTableOf(from->window_image()).family;
+    for (int row = 0; row < list.rows(); ++row) {
+      if (ShowsItem(family, row, Bytes(list.RowText(row)))) rows.push_back(row);
+    }
+    if (rows.empty()) return;
+    const auto first = static_cast<std::size_t>(monkey_.Pick(static_cast<int>(rows.size())));
+    rows.erase(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(first));
+    rows.resize(std::min(rows.size(), static_cast<std::size_t>(1 + monkey_.Pick(3))));
+    In(*from, [&] { list.UserSelect(rows); });
+    if (!Front(*from)) return;
+    const MenuId taking = monkey_.Pick(3) == 0 ? mnuTaglia : mnuCopia;
+    In(*from, [&] { app_.main->Menu(taking).UserPress(); });
+    ChildWindow* const to =
+        OneWithItems([&](ChildWindow& each) { return ItemTableOf(each.window_image()).family == family; });
+    if (to == nullptr) return;
+    SelectIn(*to, "List1", -1);
+    if (Front(*to)) In(*to, [&] { app_.main->Menu(mnuIncolla).UserPress(); });
+  }
+
+  template <typename Which>
+  ChildWindow* OneWithItems(Which&& which) {
+    std::vector<ui::Form*> windows;
+    for (ui::Form* form : console_.forms()) {
+      if (form->kind() != ui::FormKind::kChild || !form->Reachable()) continue;
+      auto& window = static_cast<ChildWindow&>(*form);
+      if (window.ItemList() != nullptr && which(window)) windows.push_back(form);
+    }
+    return windows.empty() ? nullptr : &static_cast<ChildWindow&>(OneOf(windows));
+  }
+
+  // False when the window is no longer there.
+  bool Front(ui::Form& form) {
+    const std::vector<ui::Form*> forms = console_.forms();
+    if (std::find(forms.begin(), forms.end(), &form) == forms.end() || !form.Reachable()) return false;
+    InMain([&] { form.UserActivate(); });
+    return true;
   }
 
   ui::Form& OneOf(const std::vector<ui::Form*>& forms) {
@@ -148,7 +356,10 @@ class Session {
     const std::hash<std::string_view> hash;
     Moment now;
     for (const auto& [form, number] : open_) {
-      now.images[number] = hash(MeantOf(static_cast<ChildWindow*>(form)->window_image()));
+      const Bytes& image = static_cast<ChildWindow*>(form)->window_image();
+      Known& known = known_[number];
+      if (known.hash == 0 || known.image != image) known = {image, hash(MeantOf(image))};
+      now.images[number] = known.hash;
     }
     now.arr_record = hash(app_.arrangement.ArrEditRecord);
     now.prg_record = hash(app_.program.EditRecord);
@@ -164,7 +375,7 @@ class Session {
     std::map<std::int64_t, Seen> seen;
     std::set<int> touched;
     for (const EditAction& action : edits().actions()) {
-      words.insert(std::string(action.words.what));
+      NoteWords(action);
       Seen& each = seen[action.number];
       for (const EditChange& change : action.changes) each.changed.insert(Key(change.target));
       for (const EditMarkChange& mark : action.marks) each.marked.insert(Key(mark.mark.target));
@@ -191,7 +402,28 @@ class Session {
     };
     taken(Thing::kArrEditRecord, now.arr_record != before_.arr_record);
     taken(Thing::kEditRecord, now.prg_record != before_.prg_record);
-    taken(Thing::kDatabase, now.database != before_.database);
+    // What was taken back still stands on the disk, and comes back with the next reading, maybe in one event with a
+    // change.
+    const bool read = now.database != before_.database;
+    taken(Thing::kDatabase, read);
+    if (read && std::exchange(ahead_on_disk_, false)) floors_[Key(kDatabaseImage)] = Newest();
+  }
+
+  // Every action says what it is, and no zero byte ends that early.
+  void NoteWords(const EditAction& action) {
+    if (action.kind != EditAction::Kind::kUser || !action.ChangesBytes()) return;
+    if (seen_.contains(action.number)) return;
+    const EditWords& words = action.words;
+    EXPECT_NE(words.what, "") << "action " << action.number;
+    for (const std::string_view each : {words.what, words.of, std::string_view(words.name)}) {
+      EXPECT_EQ(each.find('\0'), std::string_view::npos) << words.what;
+    }
+    ++called_[std::string(words.what)];
+  }
+
+  static int CountOf(const std::map<std::string, int>& counts, const std::string& name) {
+    const auto found = counts.find(name);
+    return found == counts.end() ? 0 : found->second;
   }
 
   // Windows by their numbers, the others below zero.
@@ -240,8 +472,11 @@ class Session {
     return "closed";
   }
 
-  void FillDisk() {
-    disk_.files["/disk/Zentaline.ini"] = test::ConfigFile::English().bytes;
+  void FillDisk(int language) {
+    test::ConfigFile config = test::ConfigFile::English();
+    config.Byte(1, 25, language);
+    config.Byte(1, 49, 1);  // the instrument holds global parameters, all zero
+    disk_.files["/disk/Zentaline.ini"] = config.bytes;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(ZENTALINE_SHARE)) {
       if (!entry.is_regular_file()) continue;
       std::ifstream file(entry.path(), std::ios::binary);
@@ -258,6 +493,12 @@ class Session {
     return names;
   }
 
+  // Hashing all images anew at every step would take most of the time.
+  struct Known {
+    Bytes image;
+    std::size_t hash = 0;
+  };
+
   struct Seen {
     std::set<int> changed;
     std::set<int> marked;
@@ -269,12 +510,16 @@ class Session {
   ui::Monkey monkey_;
   Application app_;
   std::map<ui::Form*, int> open_;
+  std::map<int, Known> known_;
   int last_window_ = 0;
   std::map<std::int64_t, Moment> moments_of_;
   std::map<std::int64_t, Seen> seen_;
   std::set<std::int64_t> taken_back_;
   std::map<int, std::int64_t> floors_;  // by target: the oldest step whose moment still comes back
   Moment before_;
+  bool ahead_on_disk_ = false;  // the database, of what the program has in memory
+  std::map<std::string, int> done_in_;
+  std::map<std::string, int> called_;
   int moments_ = 0;
   int images_ = 0;
   int records_ = 0;
@@ -287,10 +532,16 @@ int StepsOfASession() {
   return text != nullptr ? std::atoi(text) : 1500;
 }
 
+// Where changes come from.
+constexpr const char* kWindows[] = {"frmArrU",    "frmArrNew",   "frmEditArr",     "frmEditDBArr", "frmPrgUN",
+                                    "frmEditPrg", "frmEditPerf", "frmMultisample", "frmPcgAE",     "frmDrum",
+                                    "frmStyAB",   "frmStyUN",    "frmGbl"};
+constexpr const char* kWords[] = {"Cut", "Paste", "Kept", "Sound", "Style"};
+
 class EditSessions : public testing::TestWithParam<unsigned> {};
 
 TEST_P(EditSessions, GoBackAndForthThroughEveryStep) {
-  Session session(GetParam());
+  Session session(GetParam(), GetParam() % 2 == 0 ? 1 : 2);
   for (int step = 0; step < StepsOfASession() && !HasFailure(); step += kStepsBetweenWalks) {
     session.GoOn(kStepsBetweenWalks);
     session.WalkThrough();
@@ -303,7 +554,15 @@ TEST_P(EditSessions, GoBackAndForthThroughEveryStep) {
   EXPECT_GE(session.moments(), 200);
   EXPECT_GE(session.images(), 200);
   EXPECT_GE(session.records(), 100);
-  EXPECT_GE(session.words.size(), 10U) << "of different things that were done";
+  EXPECT_GE(session.words().size(), 40U) << "different things that were done";
+  for (const char* window : kWindows) {
+    RecordProperty(window, session.done_in(window));
+    EXPECT_GT(session.done_in(window), 0) << window;
+  }
+  for (const char* word : kWords) {
+    RecordProperty(word, session.called(word));
+    EXPECT_GT(session.called(word), 0) << word;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, EditSessions, testing::Values(1U, 2U, 3U, 4U, 5U, 6U));
