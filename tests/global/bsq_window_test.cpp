@@ -285,8 +285,16 @@ TEST_F(BackSequences, AFailureOfTheDiskIsToldAndNothingOpens) {
   EXPECT_NE(Window(), nullptr);
 }
 
-TEST_F(BackSequences, FilesOfEveryLengthOpen) {
-  for (const std::size_t length : {7u, 16u, 17u, 100u, 1996u, 2030u, 2338u, 2339u, 2400u}) {
+TEST_F(BackSequences, FilesOfEveryLengthOpenFromTheSignatureOn) {
+  for (std::size_t length = 1; length < 7; ++length) {
+    Put("Short.bsq", file.substr(0, length));
+    OpenBsq("Short.bsq");
+    EXPECT_EQ(program.Boxes(), (Boxes{{48, "Reading Short.bsq", "Error reading Short.bsq"}})) << length;
+    ASSERT_EQ(Window(), nullptr) << length;
+  }
+  std::vector<std::size_t> lengths = {1996, 1997, 2030, 2338, 2339, 2340};
+  for (std::size_t length = 7; length <= file.size(); length += length < 60 ? 1 : 31) lengths.push_back(length);
+  for (const std::size_t length : lengths) {
     Put("Short.bsq", file.substr(0, length));
     OpenBsq("Short.bsq");
     ASSERT_NE(Window(), nullptr) << length;

@@ -368,8 +368,10 @@ TEST_F(GlobalWindow, TheFileIsAmongTheRecentOnesAndOpensFromThere) {
 // --- Bad files ---
 
 TEST_F(GlobalWindow, AFileOfAnotherLengthOrSignatureIsRefused) {
-  for (const std::size_t length : {1u, 8u, 447u, 449u, 900u}) {
-    Put("Bad.gbl", (GblFile() + GblFile() + GblFile()).substr(0, length));
+  const std::string thrice = GblFile() + GblFile() + GblFile();
+  for (std::size_t length = 1; length <= thrice.size(); length += length < 460 ? 1 : 97) {
+    if (length == 448) continue;
+    Put("Bad.gbl", thrice.substr(0, length));
     OpenGbl("Bad.gbl");
     EXPECT_EQ(program.Boxes(), (Boxes{{48, "Opening Bad.gbl", "Error reading Bad.gbl"}})) << length;
     EXPECT_EQ(Window(), nullptr);
@@ -381,6 +383,9 @@ TEST_F(GlobalWindow, AFileOfAnotherLengthOrSignatureIsRefused) {
   OpenGbl("Empty.gbl");
   EXPECT_EQ(program.Boxes(), (Boxes{{48, "Empty.gbl", "File not found"}}));
   EXPECT_FALSE(std::filesystem::exists(folder.Path("Empty.gbl")));
+  Put("Bad.gbl", GblFile() + std::string((1 << 24) - 447, 'x'));
+  OpenGbl("Bad.gbl");
+  EXPECT_EQ(program.Boxes(), (Boxes{{48, "Opening Bad.gbl", "Error reading Bad.gbl"}})) << "longer than any data file";
   Put("Other.txt", GblFile());
   OpenGbl("Other.txt");
   EXPECT_EQ(program.Boxes(), (Boxes{{48, "Other.txt", "Data format error"}}));

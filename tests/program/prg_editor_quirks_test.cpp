@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "tests/program/prg_editor_desk.h"
 
 namespace zentaline::test {
@@ -418,43 +416,6 @@ TEST(PrgEditorButton, FollowsTheRow) {
   EXPECT_TRUE(desk.state().PrgEditorOpen);
   desk.Click(2);
   EXPECT_TRUE(enabled()) << "also while the editor is open";
-}
-
-// --- Any record, any hand ---
-
-// Looking changes nothing; a walk through every control and back leaves only what the hand moved.
-TEST(PrgEditorHostile, RandomRecordsAreShownWithoutAChange) {
-  PrgEditorDesk desk;
-  std::mt19937 random(7);
-  for (int round = 0; round < 40; ++round) {
-    std::string record = RandomBytes(random, 172);
-    if (record[0] == 1) record[0] = 'x';
-    desk.TakeUp(record);
-    EXPECT_EQ(HexText(desk.Record()), HexText(record));
-    EXPECT_FALSE(desk.state().ProgramChanged);
-    EXPECT_FALSE(desk.state().ProgramFilling);
-  }
-  EXPECT_THAT(desk.Wire(), IsEmpty());
-}
-
-TEST(PrgEditorHostile, AWalkThroughEveryBarAndBackLeavesTheRecordAsItWas) {
-  PrgEditorDesk desk;
-  std::mt19937 random(11);
-  std::string record = PlainProgram();
-  // Values that every bar has, and that no list knows otherwise: the bars alone are walked.
-  for (std::size_t position = 28; position <= 142; ++position) Set(record, position, static_cast<int>(random() % 10));
-  desk.TakeUp(record);
-  for (ui::Control* control : desk.program.toolkit.FindForm("frmEditPrg")->controls()) {
-    auto* bar = dynamic_cast<ui::ScrollBar*>(control);
-    if (bar == nullptr || !bar->Usable() || bar->FullName() == "OscHScroll(39)" || bar->FullName() == "OscHScroll(79)")
-      continue;
-    const int before = bar->value();
-    bar->UserSet(bar->max());
-    bar->UserSet(bar->min());
-    bar->UserSet(before);
-  }
-  EXPECT_EQ(HexText(desk.Record()), HexText(record));
-  EXPECT_TRUE(desk.state().ProgramChanged);
 }
 
 // The port says so once, then nothing more goes out; the record keeps what was moved.
