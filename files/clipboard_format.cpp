@@ -1,7 +1,7 @@
 #include "files/clipboard_format.h"
 
 #include <algorithm>
-#include <optional>
+#include <array>
 
 #include "arrangement/arr_format.h"
 #include "core/window_image.h"
@@ -99,63 +99,65 @@ static_assert(kArrRecordCount == kPrgRecordCount);
 
 // --- The style part of a target ---
 
-// A copy as long as its table says, with room for `more` bytes; what a damaged file doesn't hold is zero.
-Bytes CompleteStyles(std::string_view part, std::size_t more) {
-  std::size_t length = kStyHeaderLength;
-  for (int e = 0; e < kStyEntryCount; ++e) length += static_cast<std::size_t>(StyEntrySize(e, part));
-  length = std::max(length, part.size());
-  Bytes styles;
-  styles.reserve(length + more);
-  styles = part;
-  styles.resize(length, '\0');
-  return styles;
-}
-
-// The bytes of all styles of the clipboard, which is more than a paste can bring.
-std::size_t StylesLength(std::string_view clipboard) {
-  const std::size_t length = StylePart(clipboard).size();
-  return length < kStyHeaderLength ? 0 : length - kStyHeaderLength;
+// The sizes of all styles, as the table has them.
+std::size_t StylesLength(std::string_view styles) {
+  std::size_t length = 0;
+  for (int e = 0; e < kStyEntryCount; ++e) length += static_cast<std::size_t>(StyEntrySize(e, styles));
+  return length;
 }
 
 bool HasStyle(int entry, std::string_view styles) {
   return entry < kStyEntryCount && StyEntryPos(entry, styles) != 0 && StyEntrySize(entry, styles) != 0;
 }
 
-// The styles of an arrangement image while arrangements come and go: taken out once, and put back at the end.
+// The style part of an image, changed where it stands.
 class TargetStyles {
  public:
-  // Room for `expected` bytes is made at once, so that what is there moves once.
-  TargetStyles(Bytes& image, std::string_view empty_style, std::size_t expected)
-      : image_(image), empty_style_(empty_style), expected_(expected) {}
+  TargetStyles(Bytes& image, std::string_view empty_style)
+      : image_(image), base_(StyGroupBase(image)), empty_style_(empty_style) {}
 
-  // The styles to paste into; the template when the image has none, and null when there is no template either.
-  Bytes* ToPasteInto() {
-    if (!styles_ && StylePart(image_).size() < kStyHeaderLength) {
-      if (empty_style_.size() < kStyHeaderLength) return nullptr;
-      AttachStyles(image_, empty_style_, 1);
-      changed_ = true;
-    }
-    return &Styles();
-  }
-  Bytes& Styles() {
-    if (!styles_) styles_ = CompleteStyles(StylePart(image_), expected_);
-    return *styles_;
-  }
-  void Changed() {
+  std::string_view styles() const { return StylePart(image_); }
+  bool HasTemplate() const { return empty_style_.size() >= kStyHeaderLength; }
+  bool changed() const { return changed_; }
+
+  // Makes room for `more` bytes at once, so that what is there moves once.
+  void Expect(std::size_t more) { image_.reserve(image_.size() + more); }
+
+  // Attaches the template to an image without styles; false when there is no template either.
+  bool MakeReady() {
+    if (styles().size() >= kStyHeaderLength) return true;
+    if (!HasTemplate()) return false;
+    AttachStyles(image_, empty_style_, 1);
     changed_ = true;
-    PutByte(image_, kStyChangedPosition, 1);
+    return true;
   }
-  // True when something was put back.
-  bool PutBack() {
-    if (changed_ && styles_) PutStylePart(image_, *styles_);
-    return changed_;
+  StyPutResult Paste(int& mode, int source_entry, std::string_view source, int& place) {
+    return Put(mode, source_entry, source, place);
+  }
+  StyPutResult Cut(int entry) {
+    int mode = 1;
+    return Put(mode, 0, {}, entry);
   }
 
  private:
+  // What a damaged file doesn't hold of its styles is zero.
+  StyPutResult Put(int& mode, int source_entry, std::string_view source, int& place) {
+    const std::size_t before = image_.size();
+    const std::size_t whole = base_ - 1 + kStyHeaderLength + StylesLength(styles());
+    if (before >= base_ - 1 && before < whole) image_.resize(whole, '\0');
+    const StyPutResult result = StyPutEntryAt(mode, source_entry, source, place, image_, base_, empty_style_);
+    if (result == kStyPutDone) {
+      changed_ = true;
+      PutByte(image_, kStyChangedPosition, 1);
+    } else {
+      image_.resize(before);
+    }
+    return result;
+  }
+
   Bytes& image_;
+  std::size_t base_;
   std::string_view empty_style_;
-  std::size_t expected_;
-  std::optional<Bytes> styles_;
   bool changed_ = false;
 };
 
@@ -174,37 +176,58 @@ enum class Carried { kDone, kRefused, kEnds };
 constexpr int kLastStyleAsked = 16;  // one more than there are; it has no size, and ends the paste by that
 constexpr int kByName = 100;         // the destination that looks for a style of the same name, then for a free place
 
-// The style of a record goes along, and the record names the place that it has in the target.
-Carried CarryStyle(std::string_view clipboard, Bytes& record, Bytes& image, TargetStyles& target, ItemsDone& done) {
-  const int entry = ByteAt(record, arr_record::kStyleNumber + 1);
-  if (entry > kLastStyleAsked) return Carried::kEnds;
-  if (ByteAt(clipboard, kStyStatePosition) == 0) {
-    done.notices.push_back(ItemNotice::kStylesAbsent);
-    return Carried::kEnds;
-  }
-  const std::string_view source = StylePart(clipboard);
-  if (StyEntrySize(entry, source) == 0) return Carried::kEnds;
-  Bytes* styles = target.ToPasteInto();
-  if (styles == nullptr) {
-    NoteOnce(done, ItemNotice::kNoTemplate);
-    return Carried::kRefused;
-  }
-  int place = kByName;
+// The styles of a paste's arrangements, and where those went that were placed already.
+struct Carrying {
+  std::string_view clipboard;
+  TargetStyles styles;
+  std::array<int, kLastStyleAsked + 1> places;  // -1: not placed yet
+};
+
+// The place in the target of the record's style, found by its name or taken anew.
+Carried PlaceStyle(Carrying& carrying, int entry, Bytes& image, int& place, ItemsDone& done) {
+  const std::string_view source = StylePart(carrying.clipboard);
   int mode = 0;  // it answers in the mode, which is a paste's for each row anew
-  switch (StyPutEntry(mode, entry, source, place, *styles, {})) {
+  place = kByName;
+  switch (carrying.styles.Paste(mode, entry, source, place)) {
     case kStyPutDone:
-      target.Changed();
       PutByte(image, kStyStatePosition, 2);
-      break;
+      return Carried::kDone;
     case kStyPutKnown:
       place = mode;
-      break;
+      return Carried::kDone;
     case kStyPutNoPlace:
       done.notices.push_back(ItemNotice::kNoPlace);
       return Carried::kRefused;
-    case kStyPutTooLong:
+    default:
       done.notices.push_back(ItemNotice::kTooLong);
       return Carried::kRefused;
+  }
+}
+
+// The style of a record goes along, and the record names the place that it has in the target.
+Carried CarryStyle(Carrying& carrying, Bytes& record, Bytes& image, ItemsDone& done) {
+  const int entry = ByteAt(record, arr_record::kStyleNumber + 1);
+  if (entry > kLastStyleAsked) return Carried::kEnds;
+  if (ByteAt(carrying.clipboard, kStyStatePosition) == 0) {
+    done.notices.push_back(ItemNotice::kStylesAbsent);
+    return Carried::kEnds;
+  }
+  if (StyEntrySize(entry, StylePart(carrying.clipboard)) == 0) return Carried::kEnds;
+  if (!carrying.styles.MakeReady()) {
+    NoteOnce(done, ItemNotice::kNoTemplate);
+    return Carried::kRefused;
+  }
+  int& kept = carrying.places[static_cast<std::size_t>(entry)];
+  int place = kept;
+  if (place < 0) {
+    if (const Carried carried = PlaceStyle(carrying, entry, image, place, done); carried != Carried::kDone) {
+      return carried;
+    }
+    // It is found there again by its name. An empty one stands on a free place, which the next style may take, and
+    // what a damaged file shows behind its last style has no place at all.
+    const std::string_view name = StyEntryName(entry, StylePart(carrying.clipboard));
+    const bool stays = !name.empty() && name != kStyEmptyName && HasStyle(place, carrying.styles.styles());
+    if (stays) kept = place;
   }
   PutByte(record, arr_record::kStyleNumber + 1, place);
   PutByte(record, arr_record::kStyleLocation + 1, kUserStyleLocation);
@@ -214,13 +237,15 @@ Carried CarryStyle(std::string_view clipboard, Bytes& record, Bytes& image, Targ
 ItemsDone PasteArrangements(std::string_view clipboard, Bytes& image, const PasteTarget& rows,
                             std::string_view empty_style) {
   ItemsDone done;
-  TargetStyles styles(image, empty_style, StylesLength(clipboard));
+  Carrying carrying{clipboard, {image, empty_style}, {}};
+  carrying.places.fill(-1);
+  carrying.styles.Expect(empty_style.size() + StylePart(clipboard).size());
   TargetRows target(rows);
   for (const int row : MarkedRows(clipboard)) {
     const Bytes text = ItemRowText(clipboard, row);
     if (target.Ended() || !ShowsItem(ItemFamily::kArrangements, row, text)) break;
     Bytes record = Slice(clipboard, ArrRecordPosition(row), kArrRecordLength);
-    const Carried carried = UsesStyle(text) ? CarryStyle(clipboard, record, image, styles, done) : Carried::kDone;
+    const Carried carried = UsesStyle(text) ? CarryStyle(carrying, record, image, done) : Carried::kDone;
     if (carried == Carried::kEnds) break;
     if (carried == Carried::kRefused) continue;
     PutBytes(image, ArrRecordPosition(target.row()), record);
@@ -231,7 +256,7 @@ ItemsDone PasteArrangements(std::string_view clipboard, Bytes& image, const Past
     PutByte(image, kArrImageMarkPosition, kArrImageMark);
     PutByte(image, kChangedPosition, 1);
   }
-  done.styles_changed = styles.PutBack();
+  done.styles_changed = carrying.styles.changed();
   done.changed = done.styles_changed || !done.rows.empty();
   return done;
 }
@@ -246,33 +271,26 @@ bool IsStyleShared(std::string_view image, int row) {
   return false;
 }
 
-// The empty style takes the place of an entry that is there. False when there is no empty style.
-bool CutStyle(int entry, Bytes& styles, std::string_view empty_style, ItemsDone& done, bool& cut) {
-  cut = false;
-  if (!HasStyle(entry, styles)) return true;
-  if (empty_style.size() < kStyHeaderLength) {
+// The empty style takes the place of an entry that is there. True when it did.
+bool CutStyle(TargetStyles& target, int entry, ItemsDone& done) {
+  if (!HasStyle(entry, target.styles())) return false;
+  if (!target.HasTemplate()) {
     NoteOnce(done, ItemNotice::kNoTemplate);
     return false;
   }
-  int mode = 1;
-  const StyPutResult result = StyPutEntry(mode, 0, {}, entry, styles, empty_style);
+  const StyPutResult result = target.Cut(entry);
   if (result == kStyPutTooLong) done.notices.push_back(ItemNotice::kTooLong);
-  cut = result == kStyPutDone;
-  return true;
+  return result == kStyPutDone;
 }
 
-void CutStyleOf(int row, Bytes& image, TargetStyles& target, std::string_view empty_style, ItemsDone& done) {
+void CutStyleOf(int row, Bytes& image, TargetStyles& target, ItemsDone& done) {
   if (IsStyleShared(image, row)) return;
   if (ByteAt(image, kStyStatePosition) == 0) {
     done.notices.push_back(ItemNotice::kStylesAbsent);
     return;
   }
   const int entry = ByteAt(image, ArrRecordPosition(row) + arr_record::kStyleNumber);
-  bool cut = false;
-  CutStyle(entry, target.Styles(), empty_style, done, cut);
-  if (!cut) return;
-  target.Changed();
-  done.cut_styles.push_back(entry);
+  if (CutStyle(target, entry, done)) done.cut_styles.push_back(entry);
 }
 
 bool IsStyleLeft(std::string_view image) {
@@ -286,16 +304,16 @@ bool IsStyleLeft(std::string_view image) {
 
 ItemsDone CutArrangements(Bytes& image, std::string_view empty_style) {
   ItemsDone done;
-  TargetStyles styles(image, empty_style, 4 * kStyTemplateEntryLength);
+  TargetStyles styles(image, empty_style);
   for (const int row : MarkedRows(image)) {
-    if (UsesStyle(ItemRowText(image, row))) CutStyleOf(row, image, styles, empty_style, done);
+    if (UsesStyle(ItemRowText(image, row))) CutStyleOf(row, image, styles, done);
     PutBytes(image, ArrRecordPosition(row), Bytes(kArrRecordLength, '\0'));
     PutByte(image, kChangedPosition, 1);
     done.rows.push_back(row);
   }
   if (done.rows.empty()) return done;
   done.changed = true;
-  done.styles_changed = styles.PutBack();
+  done.styles_changed = styles.changed();
   if (!IsStyleLeft(image)) PutByte(image, kStyStatePosition, 0);
   return done;
 }
@@ -363,15 +381,10 @@ int FirstStyleEntry(const PasteTarget& target) {
   return entry;
 }
 
-void PutStyles(Bytes& image, const Bytes& styles, ItemsDone& done) {
-  if (done.styles_changed) PutStylePart(image, styles);
-  if (done.changed) PutByte(image, kStyChangedPosition, 1);
-}
-
 ItemsDone PasteStyles(std::string_view clipboard, Bytes& image, const PasteTarget& target) {
   ItemsDone done;
   const std::string_view source = StylePart(clipboard);
-  Bytes styles = CompleteStyles(StylePart(image), source.size());
+  TargetStyles styles(image, {});
   int place = FirstStyleEntry(target);
   for (const int row : MarkedRows(clipboard)) {
     const int entry = StyRowEntry(row);
@@ -380,14 +393,14 @@ ItemsDone PasteStyles(std::string_view clipboard, Bytes& image, const PasteTarge
     if (place >= kStyEntryCount || StyEntrySize(entry, source) == 0) break;
     // So would a gap in front of the place: the style would be lost at saving.
     int mode = 0;
-    const bool reachable = StyEntryPos(place, styles) != 0;
-    switch (reachable ? StyPutEntry(mode, entry, source, place, styles, {}) : kStyPutNoPlace) {
+    const bool reachable = StyEntryPos(place, styles.styles()) != 0;
+    switch (reachable ? styles.Paste(mode, entry, source, place) : kStyPutNoPlace) {
       case kStyPutDone:
         done.rows.push_back(StyEntryRow(place));
-        done.changed = done.styles_changed = true;
         break;
       case kStyPutTooLong:
         // Nothing has changed, and it counts as changed all the same; that is wanted.
+        PutByte(image, kStyChangedPosition, 1);
         done.notices.push_back(ItemNotice::kTooLong);
         done.changed = true;
         break;
@@ -397,24 +410,23 @@ ItemsDone PasteStyles(std::string_view clipboard, Bytes& image, const PasteTarge
     }
     ++place;
   }
-  PutStyles(image, styles, done);
+  done.styles_changed = styles.changed();
+  done.changed = done.changed || done.styles_changed;
   return done;
 }
 
 ItemsDone CutStyles(Bytes& image, std::string_view empty_style) {
   ItemsDone done;
-  Bytes styles = CompleteStyles(StylePart(image), 4 * kStyTemplateEntryLength);
+  TargetStyles styles(image, empty_style);
   for (const int row : MarkedRows(image)) {
     const int entry = StyRowEntry(row);
-    if (entry < 0 || !HasStyle(entry, styles)) continue;
-    bool cut = false;
-    if (!CutStyle(entry, styles, empty_style, done, cut)) break;
-    done.changed = true;
-    if (!cut) continue;
-    done.styles_changed = true;
-    done.rows.push_back(row);
+    if (entry >= 0 && CutStyle(styles, entry, done)) done.rows.push_back(row);
   }
-  PutStyles(image, styles, done);
+  // A group that would be too long counts as changed, as in a paste.
+  const bool too_long = std::find(done.notices.begin(), done.notices.end(), ItemNotice::kTooLong) != done.notices.end();
+  if (too_long) PutByte(image, kStyChangedPosition, 1);
+  done.styles_changed = styles.changed();
+  done.changed = done.styles_changed || too_long;
   return done;
 }
 

@@ -47,6 +47,16 @@ bool IsFree(int entry, std::string_view image) {
   return StyEntryPos(entry, image) == 0 || StyEntrySize(entry, image) == 0 || name == kStyEmptyName || name.empty();
 }
 
+// Where the image ends before its table says so, or the source does, which lacks zero bytes then.
+void ReplaceDamaged(Bytes& image, std::size_t offset, std::size_t old, const Bytes& style) {
+  if (style.size() > old) {
+    image.insert(std::min(offset + old, image.size()), style.size() - old, '\0');
+  } else if (offset + style.size() < image.size()) {
+    image.erase(offset + style.size(), old - style.size());
+  }
+  PutBytes(image, offset + 1, style);
+}
+
 }  // namespace
 
 StyReadResult StyReadImage(std::string_view file, Bytes& image) {
@@ -187,11 +197,18 @@ Bytes StyFileBytes(Bytes& image) {
 
 StyPutResult StyPutEntry(int& mode, int source_entry, std::string_view source, int& destination_entry,
                          Bytes& destination, std::string_view empty_style) {
+  return StyPutEntryAt(mode, source_entry, source, destination_entry, destination, 1, empty_style);
+}
+
+StyPutResult StyPutEntryAt(int& mode, int source_entry, std::string_view source, int& destination_entry, Bytes& image,
+                           std::size_t base, std::string_view empty_style) {
+  if (base < 1 || base > image.size() + 1) return kStyPutNoPlace;
   const bool paste = mode == 0;
   if (!paste) {
     source = empty_style;
     source_entry = 0;
   }
+  const std::string_view destination = std::string_view(image).substr(base - 1);
   int place = destination_entry;
   if (paste && place >= 100) {
     const std::string_view name = StyEntryName(source_entry, source);
@@ -210,16 +227,14 @@ StyPutResult StyPutEntry(int& mode, int source_entry, std::string_view source, i
   if (size > old && StyGroupSize(place, destination) + static_cast<int>(size - old) > kStyGroupLimit) {
     return kStyPutTooLong;
   }
-  // A copy: the source may be the destination itself.
-  const Bytes style = Slice(source, EntryOffset(source_entry, source) + 1, size);
-  const std::size_t offset = EntryOffset(place, destination);
-  if (size > old) {
-    destination.insert(std::min(offset + old, destination.size()), size - old, '\0');
-  } else if (offset + size < destination.size()) {
-    destination.erase(offset + size, old - size);
+  const std::size_t from = EntryOffset(source_entry, source);
+  const std::size_t offset = base - 1 + EntryOffset(place, destination);
+  if (from + size <= source.size() && offset + old <= image.size()) {
+    image.replace(offset, old, source.data() + from, size);
+  } else {
+    ReplaceDamaged(image, offset, old, Slice(source, from + 1, size));
   }
-  PutBytes(destination, offset + 1, style);
-  PutWordLowFirst(destination, SizePosition(Cells(place)), static_cast<int>(size));
+  PutWordLowFirst(image, base - 1 + SizePosition(Cells(place)), static_cast<int>(size));
   destination_entry = place;
   return kStyPutDone;
 }

@@ -94,6 +94,9 @@ enum StyPutResult : int { kStyPutDone = 0, kStyPutKnown = 1, kStyPutNoPlace = 2,
 // changes unless the result is kStyPutDone.
 StyPutResult StyPutEntry(int& mode, int source_entry, std::string_view source, int& destination_entry,
                          Bytes& destination, std::string_view empty_style);
+// The same in an image whose style part begins at `base`, so that nothing has to be taken out and put back.
+StyPutResult StyPutEntryAt(int& mode, int source_entry, std::string_view source, int& destination_entry, Bytes& image,
+                           std::size_t base, std::string_view empty_style);
 
 // Splits the 48 styles of an i30 file into three files of sixteen. `outputs` is only changed when the result is
 // kStyGood.

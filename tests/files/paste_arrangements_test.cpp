@@ -261,6 +261,34 @@ TEST(PasteArrangements, ATailOfZerosBehindTheLastStyleIsNoStyle) {
   EXPECT_EQ(ArrRecordAt(paste.image, 0), ArrItem("With Waltz", 1, 100));
 }
 
+// What stands behind the last style reads as the name of all the entries that aren't there. A style that takes the
+// first of them moves it on, and the next arrangement looks for it anew.
+TEST(PasteArrangements, ANameBehindTheLastStyleIsLookedForEachTime) {
+  const std::string first = StyImage({{"Kept", 40, 'k'}});
+  Paste paste{ArrImage(FourStyles(), 2), ArrImage(first + Field("Waltz", 16), 2)};
+  PutArr(paste.clipboard, 0, "One", 0);
+  PutArr(paste.clipboard, 1, "Two", 1);
+  PutArr(paste.clipboard, 2, "Three", 0);
+  EXPECT_EQ(paste.Run().rows, (Rows{0, 1, 2}));
+  EXPECT_EQ(ArrRecordAt(paste.image, 0), ArrItem("One", 1, 100));
+  EXPECT_EQ(ArrRecordAt(paste.image, 1), ArrItem("Two", 1, 101));
+  EXPECT_EQ(ArrRecordAt(paste.image, 2), ArrItem("Three", 2, 102));
+}
+
+// An empty style stands on a free place, which the next style takes.
+TEST(PasteArrangements, AnEmptyStyleIsPlacedEachTime) {
+  const std::string source = StyImage({{"- empty -", 50, 'e'}, {"Tango", 60, 't'}});
+  Paste paste{ArrImage(source, 2), ArrImage(StyImage({{"", 30, 'x'}, {"", 0}}), 2)};
+  PutArr(paste.clipboard, 0, "One", 0);
+  PutArr(paste.clipboard, 1, "Two", 1);
+  PutArr(paste.clipboard, 2, "Three", 0);
+  EXPECT_EQ(paste.Run().rows, (Rows{0, 1, 2}));
+  EXPECT_EQ(ArrRecordAt(paste.image, 0), ArrItem("One", 0, 100));
+  EXPECT_EQ(ArrRecordAt(paste.image, 1), ArrItem("Two", 0, 101));
+  EXPECT_EQ(ArrRecordAt(paste.image, 2), ArrItem("Three", 1, 102));
+  EXPECT_EQ(paste.image.substr(42622), StyImage({{"Tango", 60, 't'}, {"- empty -", 50, 'e'}}));
+}
+
 TEST(PasteArrangements, WhatADamagedTargetLacksIsZero) {
   Paste paste{ArrImage(FourStyles(), 2), ArrImage(StyImage({{"Other", 100, 'o'}}).substr(0, 250), 2)};
   PutArr(paste.clipboard, 0, "With Waltz", 0);
