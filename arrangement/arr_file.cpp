@@ -8,16 +8,18 @@
 #include "core/file_reading.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
+#include "files/api.h"
 #include "style/api.h"
 
 namespace zentaline {
 
 namespace {
 
-// The styles of a saved file: the empty template stands for no .sty at all.
+// The styles of a saved file: the empty template stands for no .sty at all, unless a window shows it.
 bool SaveStylePart(Application& app, Bytes& image) {
   const int state = ByteAt(image, kStyStatePosition);
-  if (state == 1 && !StyFileDelete(app, image)) return false;
+  const bool shown = StylesWindow(app, kKindSty, std::string(WindowPath(image))) != nullptr;
+  if (state == 1 && !shown && !StyFileDelete(app, image)) return false;
   // What a new file's window holds is written each time.
   const bool writes = ByteAt(image, kStyChangedPosition) == 1 || ByteAt(image, kKindPosition) == kKindNewArr;
   if (state == 2 && writes && !StyFileWrite(app, image)) return false;

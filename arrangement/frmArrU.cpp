@@ -188,7 +188,12 @@ void frmArrU::AttachSiblingStyles() {
     app().edits.Prepare(*this, [&](Bytes& image) { AttachStyles(image, styles, state); });
   };
   const Bytes& image = window_image();
-  if (ByteAt(image, kNoFilePosition) != 1) {
+  const ChildWindow* changed = number_ == kInstrumentWindow ? nullptr : ChangedStyles(app(), kKindSty, Path());
+  if (changed != nullptr && HasOwnPath()) {
+    // The disk has older ones.
+    attach(Bytes(StylePart(changed->window_image())), 2);
+    app().edits.SetAside(*this, kStyChangedPosition, 1);
+  } else if (ByteAt(image, kNoFilePosition) != 1) {
     switch (StyFileRead(app(), Path() + ".sty")) {
       case kStyGood:
         attach(app().style.StyleImage, 2);
@@ -211,10 +216,11 @@ void frmArrU::AttachSiblingStyles() {
   }
 }
 
+// Without a file of the window's own there is no style file to show.
 bool frmArrU::EnableStyles() {
   const bool attached = ByteAt(window_image(), kStyStatePosition) == 2;
   CommLoadSty.SetEnabled(attached);
-  CommShowSty.SetEnabled(attached);
+  CommShowSty.SetEnabled(attached && HasOwnPath());
   return attached;
 }
 
@@ -240,6 +246,10 @@ void frmArrU::ShowName() {
   const std::string caption =
       number_ == kInstrumentWindow ? "Arr User - " + name : "File Arr - " + name + " (" + std::to_string(number_) + ")";
   SetCaption(caption + ReadOnlySuffix(app(), ReadOnly()));
+}
+
+void frmArrU::FileSaved() {
+  EnableStyles();
 }
 
 void frmArrU::SettingsChanged() {

@@ -41,6 +41,7 @@ class frmArrU : public ArrFileListWindow {
 
   bool CanSave() const override;
   void ShowName() override;
+  void FileSaved() override;
   void SettingsChanged() override;
   void RecordsChanged() override;
   void ShowItems(const ItemsShown& shown) override;

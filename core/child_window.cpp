@@ -36,6 +36,10 @@ bool ChildWindow::NeverSaved() const {
   return ByteAt(window_image_, kNeverSavedPosition) == 1 || ByteAt(window_image_, kNoFilePosition) == kMustSaveAs;
 }
 
+bool ChildWindow::HasOwnPath() const {
+  return !NeverSaved() && ByteAt(window_image_, kNoFilePosition) == 0;
+}
+
 std::string ChildWindow::BaseName() const {
   return std::string(WindowBaseName(window_image_));
 }

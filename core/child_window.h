@@ -61,6 +61,8 @@ class ChildWindow : public ui::Form {
   virtual bool CanSave() const { return false; }
   // Whether the file has no name of its own yet, so that saving asks for one.
   virtual bool NeverSaved() const;
+  // Whether the window's path is that of its own file: not that of a new file, and not that of one it was made from.
+  bool HasOwnPath() const;
   // The list whose rows are items that can be copied; null when there is none.
   virtual ui::ListBox* ItemList() { return nullptr; }
   // Shows rows one by one, with what follows from them: selection and focus stay, and nothing is clicked.

@@ -117,6 +117,14 @@ void CopySelected(Application& app, ChildWindow& window);
 void CutSelected(Application& app, ChildWindow& window);
 void PasteCopied(Application& app, ChildWindow& window);
 
+// --- Windows that show the same styles: a style file's, and that of the arrangements of its name ---
+
+// The window of this kind of file, kKindSty or kKindArr, in which the styles of this name stand; null when there is
+// none. Arrangements have a style file attached; `base` is without extension. And the same when they aren't saved yet:
+// a window that opens takes them from there, since the disk has older ones.
+ChildWindow* StylesWindow(const Application& app, int kind, const std::string& base);
+const ChildWindow* ChangedStyles(const Application& app, int kind, const std::string& base);
+
 // CurrentFileDir and CurrentFileName; `path` is without extension.
 void SetCurrentFile(Application& app, const std::string& path);
 

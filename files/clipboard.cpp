@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "arrangement/arr_format.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/main_window.h"
@@ -69,38 +70,20 @@ void ShowNotice(Application& app, ItemNotice notice, const std::string& title) {
   }
 }
 
-// Whether the window's path is that of its own file: not that of a new file, and not that of one it was made from.
-bool HasOwnPath(const ChildWindow& window) {
-  return !window.NeverSaved() && ByteAt(window.window_image(), kNoFilePosition) == 0;
-}
-
-// The window that shows the same styles, null when there is none: of a style file the arrangements of its name, when
-// they have a style file attached, and the other way round. Neither may be what stands in the instrument.
-ChildWindow* SameStyles(const Application& app, const ChildWindow& window) {
-  const bool styles = ItemTableOf(window.window_image()).family == ItemFamily::kStyles;
-  const FileKind* other = FileKindOf(styles ? kKindArr : kKindSty);
-  if (other == nullptr || window.WindowNumber() == kInstrumentWindow || !HasOwnPath(window)) return nullptr;
-  ChildWindow* found = WindowOf(app, *other, std::string(WindowPath(window.window_image())));
-  if (found == nullptr || !HasOwnPath(*found) || (styles && ByteAt(found->window_image(), kStyStatePosition) != 2))
-    return nullptr;
-  return found;
-}
-
 // Both windows stay one file.
-void KeepInStep(Application& app, const ChildWindow& window, const EditWords& words) {
-  ChildWindow* other = SameStyles(app, window);
-  if (other == nullptr) return;
-  app.edits.Change(ImageOf(*other), words, [&window](Bytes& image) {
+void KeepInStep(Application& app, const ChildWindow& window, ChildWindow& other, const EditWords& words) {
+  app.edits.Change(ImageOf(other), words, [&window](Bytes& image) {
     PutStylePart(image, StylePart(window.window_image()));
     PutByte(image, kStyChangedPosition, 1);
   });
-  other->ShowItems({.styles = true});
+  other.ShowItems({.styles = true});
 }
 
-// What a paste or a cut has done is shown, then told.
-void ShowDone(Application& app, ChildWindow& window, ItemsDone done, const EditWords& words, bool cut) {
+// What a paste or a cut has done is shown, then told; `same` shows the same styles, if it isn't null.
+void ShowDone(Application& app, ChildWindow& window, ItemsDone done, const EditWords& words, bool cut,
+              ChildWindow* same) {
   window.ShowItems({cut, std::move(done.rows), std::move(done.cut_styles), done.styles_changed});
-  if (done.styles_changed) KeepInStep(app, window, words);
+  if (done.styles_changed && same != nullptr) KeepInStep(app, window, *same, words);
   if (app.main != nullptr) app.main->RefreshMenus();
   const std::string title = GetText(app, cut ? kTextCut : FamilyOf(window).paste_text);
   for (const ItemNotice notice : done.notices) ShowNotice(app, notice, title);
@@ -139,10 +122,12 @@ void CutSelected(Application& app, ChildWindow& window) {
   if (window.Kind() == kKindDatabase) return window.ButtonOf(WindowFunction::kDelete)->Press();
   CopyRows(app, window, *window.ItemList());
   const EditWords words{"Cut", FamilyOf(window).words};
+  // Asked before the cut: with the last style the arrangements have none attached any more.
+  ChildWindow* same = SameStyles(app, window);
   ItemsDone done = app.edits.Change(ImageOf(window), words,
                                     [&app](Bytes& image) { return CutItems(image, app.style.EmptyStyleImage); });
   app.edits.SetAside(window, ItemTableOf(window.window_image()).position, UnmarkedTable(window.window_image()));
-  ShowDone(app, window, std::move(done), words, true);
+  ShowDone(app, window, std::move(done), words, true, same);
 }
 
 void PasteCopied(Application& app, ChildWindow& window) {
@@ -150,10 +135,14 @@ void PasteCopied(Application& app, ChildWindow& window) {
   const ui::ListBox& list = *window.ItemList();
   const PasteTarget target{list.SelectedRows(), list.focus_row()};
   const EditWords words{"Paste", FamilyOf(window).words};
+  // Arrangements without styles take those of their name along first, when a window shows them.
+  const bool brings_styles = BringsStyles(app.files.ItemClipboard);
+  const ChildWindow* styles = brings_styles ? StylesToTake(app, window) : nullptr;
   ItemsDone done = app.edits.Change(ImageOf(window), words, [&](Bytes& image) {
+    if (styles != nullptr) AttachStyles(image, StylePart(styles->window_image()), 2);
     return PasteItems(app.files.ItemClipboard, image, target, app.style.EmptyStyleImage);
   });
-  ShowDone(app, window, std::move(done), words, false);
+  ShowDone(app, window, std::move(done), words, false, SameStyles(app, window));
 }
 
 }  // namespace zentaline

@@ -466,6 +466,12 @@ bool ShowsItem(ItemFamily family, int row, std::string_view text) {
   return StyRowEntry(row) >= 0 && text.substr(std::min(kRowNameOffset, text.size())) != kStyEmptyName;
 }
 
+bool BringsStyles(std::string_view clipboard) {
+  const std::vector<int> rows = MarkedRows(clipboard);
+  return ItemTableOf(clipboard).family == ItemFamily::kArrangements &&
+         std::any_of(rows.begin(), rows.end(), [clipboard](int row) { return UsesStyle(ItemRowText(clipboard, row)); });
+}
+
 Bytes MarkedTable(std::string_view image, const std::vector<Bytes>& texts, const std::vector<int>& selected) {
   Bytes rows = TableBytes(image);
   for (std::size_t i = 0; i < texts.size() && kRowTableRowLength * i < rows.size(); ++i) {

@@ -35,6 +35,9 @@ Bytes ItemRowText(std::string_view image, int row);
 // Whether a row of this text shows an item: more than its number, no gap between groups, no "- empty -".
 bool ShowsItem(ItemFamily family, int row, std::string_view text);
 
+// Whether one of the marked rows is an arrangement with a style of its file.
+bool BringsStyles(std::string_view clipboard);
+
 // The table's bytes after a copy: marks and texts of the list's rows, each text cut or filled with blanks to 20 bytes.
 // And after a cut: no marks; of programs the texts of what was marked are blank as well.
 Bytes MarkedTable(std::string_view image, const std::vector<Bytes>& texts, const std::vector<int>& selected);

@@ -115,7 +115,7 @@ void ShowImported(Application& app, const ImportKind& import, const Bytes& file,
 
 // Whether a window shows this file of styles.
 bool StylesOpen(Application& app, const std::string& base) {
-  return WindowOf(app, *FileKindOf(kKindSty), base) != nullptr;
+  return WindowOf(app, *FileKindOf(kKindSty), base) != nullptr || StylesWindow(app, kKindArr, base) != nullptr;
 }
 
 // False when there is no window left for it, or it can't be read.

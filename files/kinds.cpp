@@ -44,7 +44,13 @@ ChildWindow* StyWindow(const Application& app, int number) {
   return app.sty_windows[static_cast<std::size_t>(number)];
 }
 
+// What arrangements show of it and haven't saved yet is newer than the disk's.
 ChooseResult ReadSty(Application& app, const std::string& path) {
+  const std::string base = WithoutExtension(path);
+  if (const ChildWindow* changed = ChangedStyles(app, kKindArr, base)) {
+    TakeStyleFile(app, base, StylePart(changed->window_image()));
+    return kChosen;
+  }
   switch (StyFileRead(app, path)) {
     case kStyGood:
       return kChosen;

@@ -94,6 +94,13 @@ bool SavePart(Application& app, const Bytes& image, const std::string& base, int
   return RemoveDataFile(app, base + "." + std::string(ExtensionOf(other)));
 }
 
+// Whether styles would be written that stand in another window, or a file of them taken away.
+bool StylesTaken(const Application& app, const FileSaving& saving, const ChildWindow& window, const std::string& base,
+                 bool whole, int type) {
+  const bool with_arrangements = whole && saving.has_parts && ByteAt(window.window_image(), kStyStatePosition) != 0;
+  return (type == kTypeSty || with_arrangements) && StylesOpenElsewhere(app, window, base);
+}
+
 bool HasPart(const FileSaving& saving, const Bytes& image, int filter) {
   if (!saving.has_parts) return false;
   if (filter == kSaveSty) return ByteAt(image, kStyStatePosition) != 0;
@@ -112,7 +119,7 @@ bool SaveFile(Application& app, ChildWindow& window) {
   const FileKind* kind = SavedKind(window);
   if (kind == nullptr) return false;
   // The path of a window without a file of its own is another file's.
-  if (window.NeverSaved() || ByteAt(window.window_image(), kNoFilePosition) != 0) return SaveFileAs(app, window);
+  if (!window.HasOwnPath()) return SaveFileAs(app, window);
   if (kind->saving->keeps_read_only && window.ReadOnly()) {
     ShowMessage(app, kMessageReadOnlyFile, ShownPath(window.BaseName()), {});
     return false;
@@ -141,6 +148,10 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
     ShowNameNotValid(app, answer.path);
     return false;
   }
+  if (StylesTaken(app, saving, window, base, whole, type)) {
+    ShowMessage(app, kMessageOpenAlready, ShownPath(FileBaseName(base + ".sty")), {});
+    return false;
+  }
   if (!whole) {
     SavePart(app, image, base, answer.filter);
     // The window's own file isn't saved by that: it stays open, and changed.
@@ -151,17 +162,15 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
     return false;
   }
   const bool saved = SaveWholeAs(app, *kind, window, base);
+  if (saved) GiveStylesToArrangements(app, window);
   if (app.main != nullptr) app.main->RefreshMenus();
   return saved;
 }
 
 bool SaveBeforeClosing(Application& app, ChildWindow& window) {
-  const Bytes& image = window.window_image();
   switch (AskYesNoCancel(app, kAskFileSave, window.caption())) {
-    case ui::BoxAnswer::kYes: {
-      const bool has_file = ByteAt(image, kNoFilePosition) == 0 && !window.NeverSaved();
-      return has_file ? SaveFile(app, window) : SaveFileAs(app, window);
-    }
+    case ui::BoxAnswer::kYes:
+      return SaveFile(app, window);
     case ui::BoxAnswer::kNo:
       return true;
     default:

@@ -13,6 +13,8 @@ class ChildWindow;
 // Reads the .sty at `path`, which has its extension, into StyleImage; a path that ends in i40Sty, into EmptyStyleImage.
 // 0 done, 1 a wrong header or the file system's error (both shown), 2 absent or empty.
 int StyFileRead(Application& app, const std::string& path);
+// The same with the styles that a window shows, in place of what lies on the disk; `base` is without extension.
+void TakeStyleFile(Application& app, const std::string& base, std::string_view styles);
 // Writes the style part of a window's image to its path with ".sty": true when it is done, else the error was shown.
 bool StyFileWrite(Application& app, Bytes& image);
 // The same for a style window, of which the image itself stays untrimmed.

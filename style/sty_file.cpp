@@ -20,6 +20,11 @@ void ShowErrorReading(Application& app, const std::string& path) {
   ShowMessage(app, kMessageErrorReading, app.core.OperationTitle, ShownPath(FileBaseName(named)));
 }
 
+void SetCurrentStyles(StyleState& state, const std::string& base) {
+  state.CurrentStyDir = FileDirectory(base);
+  state.CurrentStyName = FileBaseName(base);
+}
+
 // Reads and checks; `take` makes of the bytes what is wanted.
 template <typename Take>
 int ReadStyles(Application& app, const std::string& path, Take take) {
@@ -48,11 +53,13 @@ int StyFileRead(Application& app, const std::string& path) {
   const int result = ReadStyles(app, path, [&](const Bytes& file) {
     return is_template ? StyReadTemplate(file, state.EmptyStyleImage) : StyReadImage(file, state.StyleImage);
   });
-  if (result == kStyGood && !is_template) {
-    state.CurrentStyDir = FileDirectory(path);
-    state.CurrentStyName = FileBaseName(WithoutExtension(path));
-  }
+  if (result == kStyGood && !is_template) SetCurrentStyles(state, WithoutExtension(path));
   return result;
+}
+
+void TakeStyleFile(Application& app, const std::string& base, std::string_view styles) {
+  app.style.StyleImage = styles;
+  SetCurrentStyles(app.style, base);
 }
 
 bool StyFileWrite(Application& app, Bytes& image) {

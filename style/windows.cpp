@@ -10,6 +10,7 @@
 #include "core/main_window.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
+#include "files/api.h"
 #include "style/api.h"
 #include "style/frmStyAB.h"
 #include "style/frmStyUN.h"
@@ -48,6 +49,10 @@ ChildWindow& OpenStyWindow(Application& app, int number, const std::string& path
   Bytes image = ImageFor(kKindSty, number, app.style.StyleImage, path);
   PutByte(image, kReadOnlyPosition, read_only ? 1 : 0);
   PutByte(image, kSlotStatePosition, record.state);
+  // Styles that arrangements hold and the disk doesn't.
+  const ChildWindow* changed = ChangedStyles(app, kKindArr, path);
+  const bool unsaved = changed != nullptr && StylePart(changed->window_image()) == app.style.StyleImage;
+  PutByte(image, kStyChangedPosition, unsaved ? 1 : 0);
   return Show(app, number, std::move(image));
 }
 

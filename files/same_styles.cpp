@@ -1,0 +1,68 @@
+// Windows that show the same styles: a style file's, and that of the arrangements of its name.
+#include "arrangement/arr_format.h"
+#include "core/application.h"
+#include "core/child_window.h"
+#include "core/window_image.h"
+#include "files/api.h"
+#include "files/dialogs.h"
+#include "style/sty_format.h"
+
+namespace zentaline {
+
+namespace {
+
+bool ShowsStyles(const ChildWindow& window) {
+  return window.Kind() == kKindSty || window.Kind() == kKindNewSty;
+}
+
+bool StylesAttached(const ChildWindow& window) {
+  return ShowsStyles(window) || ByteAt(window.window_image(), kStyStatePosition) == 2;
+}
+
+ChildWindow* NamedWindow(const Application& app, int kind, const std::string& base) {
+  ChildWindow* found = WindowOf(app, *FileKindOf(kind), base);
+  return found == nullptr || !found->HasOwnPath() ? nullptr : found;
+}
+
+}  // namespace
+
+ChildWindow* StylesWindow(const Application& app, int kind, const std::string& base) {
+  ChildWindow* found = NamedWindow(app, kind, base);
+  return found == nullptr || !StylesAttached(*found) ? nullptr : found;
+}
+
+const ChildWindow* ChangedStyles(const Application& app, int kind, const std::string& base) {
+  const ChildWindow* found = StylesWindow(app, kind, base);
+  return found == nullptr || ByteAt(found->window_image(), kStyChangedPosition) == 0 ? nullptr : found;
+}
+
+ChildWindow* SameStyles(const Application& app, const ChildWindow& window) {
+  if (window.WindowNumber() == kInstrumentWindow || !window.HasOwnPath() || !StylesAttached(window)) return nullptr;
+  return StylesWindow(app, ShowsStyles(window) ? kKindArr : kKindSty, std::string(WindowPath(window.window_image())));
+}
+
+ChildWindow* StylesToTake(const Application& app, const ChildWindow& arrangements) {
+  if (arrangements.WindowNumber() == kInstrumentWindow || !arrangements.HasOwnPath() || StylesAttached(arrangements)) {
+    return nullptr;
+  }
+  return StylesWindow(app, kKindSty, std::string(WindowPath(arrangements.window_image())));
+}
+
+bool StylesOpenElsewhere(const Application& app, const ChildWindow& window, const std::string& base) {
+  for (const int kind : {kKindArr, kKindSty}) {
+    const ChildWindow* found = StylesWindow(app, kind, base);
+    if (found != nullptr && found != &window && found != SameStyles(app, window)) return true;
+  }
+  return false;
+}
+
+void GiveStylesToArrangements(Application& app, const ChildWindow& window) {
+  if (!ShowsStyles(window) || !window.HasOwnPath()) return;
+  ChildWindow* found = NamedWindow(app, kKindArr, std::string(WindowPath(window.window_image())));
+  if (found == nullptr || StylesAttached(*found)) return;
+  app.edits.Change(ImageOf(*found), {"Attached", "Styles"},
+                   [&window](Bytes& image) { AttachStyles(image, StylePart(window.window_image()), 2); });
+  found->ShowItems({.styles = true});
+}
+
+}  // namespace zentaline
