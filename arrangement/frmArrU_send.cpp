@@ -42,7 +42,8 @@ void frmArrU::PressLoadArr() {
   SendModeSongPlay(app());
   SendModeArrPlay(app());
   SendArrangements();
-  if (number_ != kInstrumentWindow) SlotTakeFile(app(), Path());
+  // What has no file of its own leaves the instrument's entry as it is.
+  if (number_ != kInstrumentWindow && HasOwnPath()) SlotTakeFile(app(), Path());
   ContinueSearch(kFindAfterArr);
   ContinueClick(kClickArrSent);
 }

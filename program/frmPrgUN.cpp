@@ -224,7 +224,9 @@ void frmPrgUN::PressLoad() {
   SendPrgBankDump(app(), window_image());
   const bool pgg = ProgramExtension(window_image()) == "pgg";
   TellPrgInInstrument(app(), NameForInstrument(), pgg);
-  if (number_ != kInstrumentWindow) SlotTakePrg(app(), std::string(WindowPath(window_image())), pgg);
+  // What has no file of its own leaves the instrument's entry as it is.
+  const bool own = number_ != kInstrumentWindow && HasOwnPath();
+  if (own) SlotTakePrg(app(), std::string(WindowPath(window_image())), pgg);
   SetMonitorOn(app(), false);
   if (mode_before_ != kModeArrPlay) SendMode(app(), mode_before_);
   ShowWait(app(), 0);

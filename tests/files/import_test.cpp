@@ -205,6 +205,41 @@ TEST_F(Importing, OneOfTheTwoCanTakeTheNameOfTheSource) {
   EXPECT_THAT(desk_.program.Boxes(), ElementsAre(ShownBox{48, "Band.prg", "File already open"}));
 }
 
+// The path is the source's, which the instrument's own window couldn't read; what was never saved stays out of the
+// configuration.
+TEST_F(Importing, WhatHasNoFileLeavesTheInstrumentsEntriesAsTheyAre) {
+  CoreState& core = desk_.program.app.core;
+  desk_.Put("Own.arr", ArrBytes({{"Mine", 0, false, {}}}));
+  desk_.Put("Own.prg", PrgFile());
+  desk_.Open("Own.arr");
+  desk_.Press("frmArrU(1).CommLoadArr");
+  desk_.Wait(5000);
+  desk_.Press("frmArrU(1).CommShowPrg");
+  desk_.Press("frmPrgUN(1).CommLoad");
+  desk_.Wait(5000);
+  ASSERT_EQ(core.ArrWindows[9].path, desk_.folder.Path("Own"));
+  ASSERT_EQ(core.PrgWindows[9].path, desk_.folder.Path("Own"));
+
+  ImportBytes("mnuImportaArri30", "Song.arr", 1, I30Arr());
+  ASSERT_TRUE(desk_.Press("frmArrU(2).CommLoadArr"));
+  desk_.Wait(5000);
+  EXPECT_EQ(desk_.Text("LabelArr"), "Song");
+  EXPECT_EQ(core.ArrWindows[9].path, desk_.folder.Path("Own"));
+  ImportBytes("mnuImportaPrgi30", "Song.prg", 3, I30Prg());
+  ASSERT_TRUE(desk_.Press("frmPrgUN(2).CommLoad"));
+  desk_.Wait(5000);
+  EXPECT_EQ(desk_.Text("LabelPrg"), "Song.prg");
+  EXPECT_EQ(core.PrgWindows[9].path, desk_.folder.Path("Own"));
+  EXPECT_THAT(desk_.program.Boxes(), IsEmpty());
+  // Under a name of its own it goes there.
+  desk_.program.toolkit.files.push_back({false, desk_.folder.Path("Named.arr"), 1, false});
+  desk_.program.toolkit.FindForm("frmArrU(2)")->UserActivate();
+  desk_.Press("mnuSalvaAs");
+  desk_.Press("frmArrU(2).CommLoadArr");
+  desk_.Wait(5000);
+  EXPECT_EQ(core.ArrWindows[9].path, desk_.folder.Path("Named"));
+}
+
 TEST_F(Importing, WhatWasNeverSavedComesNeitherBackNorAmongTheRecentFiles) {
   ImportBytes("mnuImportaArri30", "Song.arr", 1, I30Arr());
   ImportBytes("mnuImportaPrgi30", "Band.prg", 3, I30Prg());
