@@ -80,6 +80,30 @@ TEST_F(FindId, WhatIsNoIdIsRefused) {
   }
 }
 
+// Of any text: at least three digits, of which the last two are a row's label, and nothing else but blanks around them.
+TEST_F(FindId, OfAnyTextOnlyWhatIsAnIdIsLookedFor) {
+  std::mt19937 random(7);
+  const std::string signs = "0123456789123456781234567812345678 -+.,xO\t\"%\\";
+  for (int round = 0; round < 600; ++round) {
+    std::string id;
+    for (int length = RandomNumber(random, 0, 7); length > 0; --length) {
+      id += signs[static_cast<std::size_t>(RandomNumber(random, 0, static_cast<int>(signs.size()) - 1))];
+    }
+    const std::size_t first = id.find_first_not_of(' ');
+    const std::string digits = first == std::string::npos ? "" : id.substr(first, id.find_last_not_of(' ') - first + 1);
+    const auto label = [&digits](std::size_t from_end) {
+      return digits[digits.size() - from_end] >= '1' && digits[digits.size() - from_end] <= '8';
+    };
+    const bool right =
+        digits.size() >= 3 && digits.find_first_not_of("0123456789") == std::string::npos && label(1) && label(2);
+    const std::vector<ShownBox> refused = {{48, kTitle, "ID error"}};
+    Find(id);
+    EXPECT_EQ(desk_.program.Boxes() == refused, !right) << id;
+    desk_.Wait(200);
+    desk_.program.Boxes();
+  }
+}
+
 TEST_F(FindId, AnIdThatNoFileHasIsUnknownHoweverGreatItIs) {
   for (const std::string id : {"1011", "011", "4111", "99911", "6553611", "429496729611", "1844674407370955161611",
                                "99999999999999999999999999999999999999911"}) {

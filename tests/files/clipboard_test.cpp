@@ -442,6 +442,28 @@ TEST_F(ClipboardTest, PastedStylesShowTheirNamesAndSizes) {
   EXPECT_EQ(desk.program.Boxes(), (Boxes{{48, "Paste Style", "Not more than 4 styles per file are allowed"}}));
 }
 
+TEST_F(ClipboardTest, AStyleOverOneOfTheSameSizeLeavesTheSizesAsTheyWere) {
+  desk.Put("Song.sty", SongStyles());
+  desk.Put("Other.sty", StyImage({{"A", 50}, {"B", 200, 'b'}, {"C", 70}, {"D", 80}}));
+  desk.OpenSty("Song.sty");
+  desk.OpenSty("Other.sty");
+  const auto sizes = [this] {
+    Texts texts;
+    for (const char* box :
+         {"Text1(0)", "Text1(1)", "Text1(2)", "Text1(3)", "Text1(4)", "Text2(0)", "Text2(1)", "Text3"})
+      texts.push_back(desk.Text(std::string("frmStyUN(1).") + box));
+    return texts;
+  };
+  const Texts before = sizes();
+  desk.SelectRows("frmStyUN(2)", {1});
+  desk.Press("mnuCopia");
+  desk.SelectRows("frmStyUN(1)", {1});
+  desk.Press("mnuIncolla");
+  EXPECT_EQ(desk.Find<ui::ListBox>("frmStyUN(1).List1")->RowText(1), "12  B");
+  EXPECT_EQ(sizes(), before);
+  EXPECT_EQ(before[1], "200 ");
+}
+
 TEST_F(ClipboardTest, ACutStyleIsAnEmptyOne) {
   desk.Put("Song.sty", SongStyles());
   desk.OpenSty("Song.sty");

@@ -433,6 +433,50 @@ TEST_F(Importing, AFullDiskLeavesNoHalfFileAndTheBoxSaysWhich) {
   EXPECT_EQ(desk_.Text("Label1"), "");
 }
 
+// Part n of a source of which nothing is known but its header: what it lacks is zero, and the three go on one behind
+// the other in its data.
+std::string AnyStyPart(const std::string& source, std::size_t n) {
+  const auto sum = [&source](std::size_t part) {
+    std::size_t bytes = 0;
+    for (std::size_t e = 16 * part; e < 16 * part + 16; ++e) {
+      const std::size_t at = 24 + 4 * e;
+      const auto byte = [&source](std::size_t i) {
+        return i < source.size() ? static_cast<unsigned char>(source[i]) : 0U;
+      };
+      bytes += byte(at) + 256U * byte(at + 1);
+    }
+    return bytes / 4 * 4;
+  };
+  std::size_t begin = 224;
+  for (std::size_t part = 0; part < n; ++part) begin += sum(part);
+  const std::string whole = source + Zeros(begin + sum(n) + 300);
+  return "KORG" + Hand({0x4D, 0, 4, 1}) + Zeros(12) + Hand({0, 0x1E}) + whole.substr(22 + 64 * n, 64) + Zeros(138) +
+         whole.substr(begin, sum(n));
+}
+
+TEST_F(Importing, StylesCutAnywhereOrOfNoiseBehindTheirHeaderGiveThreeFilesAllTheSame) {
+  std::vector<std::string> sources;
+  for (const std::size_t length : {8,   9,   20,  21,  22,  23,  24,  25,  26,  85,  86,  87,  88,  151, 152, 214,
+                                   215, 216, 223, 224, 225, 239, 240, 243, 244, 543, 544, 545, 863, 864, 865, 1183}) {
+    sources.push_back(I30Sty().substr(0, length));
+  }
+  sources.push_back(I30Sty() + "more");
+  for (unsigned seed = 1; seed <= 4; ++seed) sources.push_back(I30Sty().substr(0, 8) + Noise(seed, 300 + 20000 * seed));
+  for (const std::string& source : sources) {
+    SCOPED_TRACE(std::to_string(source.size()));
+    EXPECT_THAT(ImportBytes("mnuImportaStyi30", "Song.sty", 2, source), IsEmpty());
+    for (std::size_t n = 0; n < 3; ++n) {
+      const std::string name = "Song-" + std::to_string(n + 1);
+      EXPECT_TRUE(desk_.folder.Get(name + ".sty") == AnyStyPart(source, n)) << name;
+      ChildWindow* window = Sty(static_cast<int>(n) + 1);
+      ASSERT_NE(window, nullptr) << name;
+      EXPECT_TRUE(window->window_image().substr(669, 224) == AnyStyPart(source, n).substr(0, 224)) << name;
+      window->UserClose();
+    }
+    EXPECT_EQ(desk_.folder.Get("Song.sty"), source);
+  }
+}
+
 TEST_F(Importing, AFailedReadOfAStyleFileEndsTheWork) {
   desk_.Put("Song.sty", I30Sty());
   // The source is read, then each of the three.
