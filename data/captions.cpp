@@ -66,7 +66,7 @@ constexpr ControlText kCaptions[] = {
 
     {"frmEditDBArr", "frmEditDBArr", "Edit i40DBArr", "Edit i40DBArr"},
     {"frmEditDBArr", "Label2", "Cartella", "Folder"},
-    {"frmEditDBArr", "CommAddAll", "A&ggiungi Tutti", "Add All"},
+    {"frmEditDBArr", "CommAddAll", "A&ggiungi Tutti", "Add &All"},
     {"frmFindID", "Label1", "ID", "ID"},
     {"frmFindID", "CommOK", "OK", "OK"},
 
@@ -81,10 +81,10 @@ constexpr ControlText kCaptions[] = {
 
     {"frmEditPerf", "CommResetAll", "Reset di &tutto", "Reset &All"},
 
-    {"frmEditPrg", "SSTab1(0)", "Comune", "Common"},
-    {"frmEditPrg", "SSTab1(1)", "Oscillatore 1", "Oscillator 1"},
-    {"frmEditPrg", "SSTab1(2)", "Oscillatore 2", "Oscillator 2"},
-    {"frmEditPrg", "SSTab1(3)", "Effetti", "Effects"},
+    {"frmEditPrg", "SSTab1(0)", "&Comune", "&Common"},
+    {"frmEditPrg", "SSTab1(1)", "&Oscillatore 1", "&Oscillator 1"},
+    {"frmEditPrg", "SSTab1(2)", "O&scillatore 2", "O&scillator 2"},
+    {"frmEditPrg", "SSTab1(3)", "Effe&tti", "Effec&ts"},
     {"frmEditPrg", "LabelSilent", "In modo SINGLE l'oscillatore 2 tace.", "In SINGLE mode oscillator 2 is silent."},
 
     {"frmTastiera", "LabelChannel", "Canale &MIDI", "&MIDI Channel"},

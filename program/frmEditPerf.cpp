@@ -218,7 +218,7 @@ void frmEditPerf::LayOut() {
   std::vector<ui::Layout> cells;
   for (int row = 0; row < kPerfRows; ++row) {
     PerfLab[row].least_characters = {4, 1};
-    PerfPicture[row].least_characters = {24, 1};
+    PerfPicture[row].least_characters = {10, 1};
     CommDown[row].least_characters = CommUp[row].least_characters = {3, 1};
     cells.push_back(ui::Item(PerfLab1[row]));
     cells.push_back(ui::Item(CommDown[row]));

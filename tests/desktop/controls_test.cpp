@@ -378,6 +378,36 @@ TEST_F(Controls, APageIsTurnedByItsTab) {
   EXPECT_EQ(tabs->currentIndex(), 0);
 }
 
+class ToyPages : public Form {
+ public:
+  explicit ToyPages(Toolkit& the_toolkit) : Form(the_toolkit, FormKind::kChild, "frmPages") {
+    for (int page = 1; page <= 9; ++page) Tabs1.captions.push_back("User Scale &" + std::to_string(page));
+    Plus.SetCaption("+");
+    Plus.least_characters = {3, 1};
+    Words.SetCaption("+");
+    layout = Column({Pages(Tabs1, std::vector<Layout>(9)), Row({Item(Plus), Item(Words), Space()})});
+  }
+  Tabs Tabs1{*this, "Tabs1"};
+  Button Plus{*this, "Plus"};
+  Button Words{*this, "Words"};
+};
+
+TEST_F(Controls, AllTabsAreInSightWhereThereIsRoomAndNoneMakesTheWindowLarger) {
+  auto& form = static_cast<ToyPages&>(toolkit.Open(std::make_unique<ToyPages>(toolkit)));
+  Settle();
+  auto* tabs = Widget<QTabWidget>(form.Tabs1);
+  EXPECT_GE(tabs->sizeHint().width(), tabs->tabBar()->tabRect(8).right());
+  EXPECT_LT(tabs->minimumSizeHint().width(), tabs->tabBar()->tabRect(8).right());
+  EXPECT_EQ(tabs->tabText(4), "User Scale &5") << "its letter turns to it";
+}
+
+TEST_F(Controls, AButtonThatIsToldItsCharactersIsNoWider) {
+  auto& form = static_cast<ToyPages&>(toolkit.Open(std::make_unique<ToyPages>(toolkit)));
+  Settle();
+  EXPECT_LT(Widget<QWidget>(form.Plus)->width(), Widget<QWidget>(form.Words)->width());
+  EXPECT_EQ(Widget<QWidget>(form.Plus)->height(), Widget<QWidget>(form.Words)->height());
+}
+
 TEST_F(Controls, FocusSetByTheProgramAndByTheTabKeyAgreeWithTheModel) {
   child->Text1.SetFocus();
   EXPECT_TRUE(Widget<QWidget>(child->Text1)->hasFocus());

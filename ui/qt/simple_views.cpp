@@ -14,10 +14,20 @@ namespace zentaline::ui::qt {
 
 namespace {
 
+// A button that is told how many characters it needs is no wider than these, unlike those with words.
+class NarrowButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  QSize sizeHint() const override {
+    const QSize hint = QPushButton::sizeHint();
+    return minimumWidth() > 0 ? QSize(minimumWidth(), hint.height()) : hint;
+  }
+};
+
 class ButtonView : public View {
  public:
   ButtonView(Button& button, Gate& gate, QWidget* parent)
-      : View(button, gate, new QPushButton(parent)),
+      : View(button, gate, new NarrowButton(parent)),
         button_(button),
         widget_(static_cast<QPushButton*>(View::widget())) {
     widget_->setAutoDefault(false);
@@ -196,10 +206,17 @@ class PictureBoxView : public View {
   }
 };
 
+// Asks for the room that shows all of its tabs; with less it has arrows that turn to the others.
+class WholeTabs : public QTabWidget {
+ public:
+  using QTabWidget::QTabWidget;
+  QSize sizeHint() const override { return QTabWidget::sizeHint().expandedTo({tabBar()->sizeHint().width(), 0}); }
+};
+
 class TabsView : public View {
  public:
   TabsView(Tabs& tabs, Gate& gate, QWidget* parent)
-      : View(tabs, gate, new QTabWidget(parent)), tabs_(tabs), widget_(static_cast<QTabWidget*>(View::widget())) {
+      : View(tabs, gate, new WholeTabs(parent)), tabs_(tabs), widget_(static_cast<QTabWidget*>(View::widget())) {
     Watch(widget_->tabBar());
     connect(widget_, &QTabWidget::currentChanged, this,
             [this](int page) { User([this, page] { tabs_.UserSet(page); }); });
@@ -209,7 +226,7 @@ class TabsView : public View {
   void Refresh(Change change) override {
     if (change == Change::kText) {
       for (int page = 0; page < widget_->count() && page < static_cast<int>(tabs_.captions.size()); ++page) {
-        widget_->setTabText(page, ToQt(tabs_.captions[static_cast<std::size_t>(page)]));
+        widget_->setTabText(page, WithMnemonic(tabs_.captions[static_cast<std::size_t>(page)]));
       }
     }
     if (change == Change::kValue) widget_->setCurrentIndex(tabs_.page());
