@@ -213,11 +213,11 @@ using ui::Tight;
 
 constexpr ui::Size kNameSize = {18, 1};
 constexpr ui::Size kSoundSize = {17, 1};
-constexpr ui::Size kBarSize = {11, 1};
-constexpr ui::Size kValueSize = {5, 1};
+constexpr ui::Size kBarSize = {7, 1};
+constexpr ui::Size kValueSize = {4, 1};
 constexpr ui::Size kPictureSize = {24, 6};
 constexpr ui::Size kRoutingSize = {50, 12};
-constexpr ui::Size kPolaritySize = {5, 1};
+constexpr ui::Size kPolaritySize = {4, 1};
 constexpr ui::Size kEffectSize = {17, 1};
 
 }  // namespace
