@@ -2,10 +2,12 @@
 # Builds everything and runs the tests. The last line is the test runner's own summary; any failure makes the exit
 # status 1.
 #
-#   ./test.sh         the release build with all tests and the checks of the tree, the unit and transcript tests again
-#                     under the address, undefined and leak sanitizers, and a build without Qt and ALSA with its tests
-#   ./test.sh quick   the release build with its unit and transcript tests and the checks
-#   ./test.sh full    all of the first, the ALSA tests in a kernel with a sequencer, and short fuzz runs
+#   ./test.sh         the release build with the transcripts, the tests of the desktop and the checks of the tree, the
+#                     unit tests and the transcripts under the address, undefined and leak sanitizers, and the
+#                     transcripts of a build without Qt and ALSA
+#   ./test.sh quick   the release build with its unit tests and transcripts, and the checks
+#   ./test.sh full    all of the first, the unit tests of the release build too, the ALSA tests in a kernel with a
+#                     sequencer, and short fuzz runs
 #
 # Packages that are lacking are installed first.
 set -euo pipefail
@@ -49,7 +51,11 @@ build() { # build PRESET [OPTION...]
 }
 
 # run.sh prepares the release build without the tests; here they are wanted, and every part of the program with them.
-build release -DZENTALINE_TESTS=ON -DZENTALINE_BENCH=ON -DZENTALINE_QT=ON -DZENTALINE_ALSA=ON
+# Most of a build's time goes into the unit tests; the sanitizers' build has them where there is one.
+unit_tests=ON
+if [ "$scope" = default ]; then unit_tests=OFF; fi
+build release -DZENTALINE_TESTS=ON -DZENTALINE_UNIT_TESTS=$unit_tests -DZENTALINE_BENCH=ON -DZENTALINE_QT=ON \
+  -DZENTALINE_ALSA=ON
 
 labels=()
 folders=(release)

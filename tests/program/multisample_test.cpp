@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 #include "data/multisample.h"
 #include "program/windows.h"
 #include "tests/program/prg_desk.h"
@@ -27,9 +25,8 @@ class BoxesOfAnEditor : public ChildWindow {
 };
 
 std::string Number(int n) {
-  char text[8];
-  std::snprintf(text, sizeof text, "%03d", n);
-  return text;
+  const std::string digits = std::to_string(n);
+  return std::string(3 - digits.size(), '0') + digits;
 }
 
 // "Piano 0" to "Piano 99", then "Strings 100" and so on, with "Flute" at 300 and "Flugel" at 310. Behind the number
