@@ -21,7 +21,7 @@ libgmock-dev      -     need  need  the tests
 libbenchmark-dev  -     need  need  the benchmarks
 clang-format      -     want  want  the check of the code's form
 shellcheck        -     want  want  the check of the shell scripts
-clang             -     -     need  the fuzz programs
+clang             -     need  need  the build with the sanitizers, and the fuzz programs
 LIST
 }
 

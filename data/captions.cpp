@@ -119,7 +119,8 @@ constexpr ControlText kCaptions[] = {
 }  // namespace
 
 std::string_view Caption(std::string_view form, std::string_view control, int language_code) {
-  return FindControlText(kCaptions, form, control, language_code);
+  static const ControlTexts texts(kCaptions);
+  return texts.Find(form, control, language_code);
 }
 
 }  // namespace zentaline

@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace zentaline {
 
@@ -13,13 +14,17 @@ struct ControlText {
   std::string_view english;
 };
 
-// The text in a language, 1 Italian, anything else English; empty when the table has no row for the control.
-constexpr std::string_view FindControlText(std::span<const ControlText> table, std::string_view form,
-                                           std::string_view control, int language_code) {
-  for (const ControlText& row : table) {
-    if (row.form == form && row.control == control) return language_code == 1 ? row.italian : row.english;
-  }
-  return {};
-}
+// Finds the rows of a table. Every control of every window asks when the window opens.
+class ControlTexts {
+ public:
+  explicit ControlTexts(std::span<const ControlText> table);
+
+  // The text in a language, 1 Italian, anything else English; empty when the table has no row for the control. The
+  // first row counts.
+  std::string_view Find(std::string_view form, std::string_view control, int language_code) const;
+
+ private:
+  std::vector<const ControlText*> sorted_;
+};
 
 }  // namespace zentaline

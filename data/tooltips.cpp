@@ -543,8 +543,9 @@ constexpr ControlText kTips[] = {
 }  // namespace
 
 std::string_view ToolTip(std::string_view form, std::string_view control, int language_code) {
-  const std::string_view own = FindControlText(kTips, form, control, language_code);
-  return own.empty() ? FindControlText(kTips, form, control.substr(0, control.find('(')), language_code) : own;
+  static const ControlTexts texts(kTips);
+  const std::string_view own = texts.Find(form, control, language_code);
+  return own.empty() ? texts.Find(form, control.substr(0, control.find('(')), language_code) : own;
 }
 
 }  // namespace zentaline

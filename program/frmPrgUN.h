@@ -44,7 +44,7 @@ class frmPrgUN : public ProgramListWindow {
   std::string RowText(int row) const;
   void LayOut();
   bool IsEmptyRow(int row) const;
-  bool NeverSaved() const;
+  bool NeverSaved() const override;
   std::string NameForInstrument() const;
   // With the extension under which it stands on the disk.
   std::string FilePath() const;

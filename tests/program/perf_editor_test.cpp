@@ -18,7 +18,6 @@ using Strings = std::vector<std::string>;
 constexpr int kVibrato = 0;
 constexpr int kCutoff = 1;
 constexpr int kVdfEg = 2;
-constexpr int kRelease = 4;
 constexpr int kVelocity = 6;
 constexpr int kEffects = 7;
 constexpr std::size_t kMode = 19;
