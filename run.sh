@@ -51,19 +51,6 @@ if [ -x "$build/bin/zentaline-console" ]; then say "Building what has changed"; 
 cmake --build "$build" --target "${targets[@]}"
 exec 9>&-
 
-# copy_lacking FROM TO: file by file, what TO lacks. A copy that breaks off leaves no half file under the real name.
-copy_lacking() {
-  local file target
-  while IFS= read -r -d '' file; do
-    target=$2/${file#"$1"/}
-    if [ -e "$target" ] || [ -L "$target" ]; then continue; fi
-    mkdir -p "$(dirname "$target")"
-    cp "$file" "$target.part"
-    mv "$target.part" "$target"
-    say "New in the working directory: ${target#"$2"/}"
-  done < <(find "$1" -type f -print0 | sort -z)
-}
-
 tour() {
   local work
   work=$(mktemp -d)
@@ -71,7 +58,7 @@ tour() {
   trap "rm -rf '$work'" EXIT
   say "There is no display here. A tour of the program without a screen, on its built-in instrument:"
   say "an example is opened and played, and at the end stands what the instrument holds."
-  copy_lacking "$build/share/zentaline" "$work" >/dev/null
+  cp -r "$build/share/zentaline/." "$work"
   # A dump has thousands of bytes: its beginning and its length tell enough.
   "$build/bin/zentaline-console" --midi virtual --dir "$work" "$root/examples/tour.zts" |
     awk '$1 == "long" && NF > 18 {
@@ -97,38 +84,19 @@ if [ -z "${DISPLAY-}${WAYLAND_DISPLAY-}${QT_QPA_PLATFORM-}" ]; then
   exit
 fi
 
-# The program starts in its working directory, so that paths of the caller are made to hold there too.
-from_here() { case $1 in /*) printf '%s' "$1" ;; *) printf '%s' "$here/$1" ;; esac; }
-data_home=${XDG_DATA_HOME:-~/.local/share}
-work=$(from_here "${ZENTALINE_HOME:-$data_home/zentaline}")
-own_work='' midi='' arguments=()
-while [ $# -gt 0 ]; do
-  case $1 in
-    --dir=*) own_work=$(from_here "${1#--dir=}") ;;
-    --midi=*) midi=${1#--midi=} ;;
-    --dir | --midi)
-      if [ $# = 1 ]; then
-        say "$1 needs a value."
-        exit 2
-      fi
-      if [ "$1" = --dir ]; then own_work=$(from_here "$2"); else midi=$2; fi
-      shift ;;
-    -*) arguments+=("$1") ;;
-    *) arguments+=("$(from_here "$1")") ;;
+# A folder that somebody names is taken as it is.
+place=(--home) chosen=0
+for argument in "$@"; do
+  case $argument in
+    --dir | --dir=*) place=() ;;
+    --midi | --midi=*) chosen=1 ;;
+    --) break ;;
   esac
-  shift
 done
 
-if [ -n "$own_work" ]; then
-  # A folder that somebody names is taken as it is.
-  work=$own_work
-else
-  mkdir -p "$work"
-  copy_lacking "$build/share/zentaline" "$work"
-fi
-
-if [ -z "$midi" ]; then
-  midi=virtual
+service=()
+if [ "$chosen" = 0 ]; then
+  service=(--midi virtual)
   if ! found "$alsa"; then
     say "The program was built without ALSA: it plays to the instrument inside the program (--midi virtual)."
   elif [ ! -e /dev/snd/seq ]; then
@@ -137,10 +105,10 @@ if [ -z "$midi" ]; then
     say "The MIDI sequencer (/dev/snd/seq) is closed to you; the group audio may use it. The program plays to the"
     say "instrument inside it (--midi virtual)."
   else
-    midi=alsa
+    service=(--midi alsa)
   fi
 fi
 
-say "Starting Zentaline in $work"
-cd "$work"
-exec "$build/bin/zentaline" --midi "$midi" "${arguments[@]}"
+say "Starting Zentaline"
+cd "$here"
+exec "$build/bin/zentaline" "${place[@]}" "${service[@]}" "$@"

@@ -16,7 +16,14 @@ DesktopOptions ReadDesktopOptions(const std::vector<std::string>& arguments) {
     options.files.push_back(file);
     return std::string(file.empty() ? "a file has no name" : "");
   };
+  own.flag = [&](const std::string& name) {
+    if (name == "--home") options.home = true;
+    return name == "--home";
+  };
   ReadOptions(arguments, own, options);
+  if (options.error.empty() && options.home && !options.directory.empty()) {
+    options.error = "--home and --dir name two working directories";
+  }
   return options;
 }
 

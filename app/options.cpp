@@ -3,6 +3,15 @@
 namespace zentaline {
 
 void ReadOptions(const std::vector<std::string>& arguments, const OwnOptions& own, SharedOptions& options) {
+  const auto take = [&](const std::string& option, const std::string& value) {
+    if (value.empty()) {
+      options.error = option + " needs a value";
+    } else if (option == "--dir") {
+      options.directory = value;
+    } else {
+      options.error = own.midi(value);
+    }
+  };
   bool only_operands = false;
   for (std::size_t i = 0; i < arguments.size() && options.error.empty(); ++i) {
     const std::string& argument = arguments[i];
@@ -13,14 +22,10 @@ void ReadOptions(const std::vector<std::string>& arguments, const OwnOptions& ow
     } else if (argument == "--help" || argument == "-h") {
       options.help = true;
     } else if (argument == "--dir" || argument == "--midi") {
-      const std::string value = i + 1 < arguments.size() ? arguments[++i] : std::string();
-      if (value.empty()) {
-        options.error = argument + " needs a value";
-      } else if (argument == "--dir") {
-        options.directory = value;
-      } else {
-        options.error = own.midi(value);
-      }
+      take(argument, i + 1 < arguments.size() ? arguments[++i] : std::string());
+    } else if (argument.starts_with("--dir=") || argument.starts_with("--midi=")) {
+      const std::size_t sign = argument.find('=');
+      take(argument.substr(0, sign), argument.substr(sign + 1));
     } else if (!own.flag(argument)) {
       options.error = "there is no option " + argument;
     }

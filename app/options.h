@@ -9,7 +9,7 @@
 namespace zentaline {
 
 struct SharedOptions {
-  std::string directory = ".";
+  std::string directory;  // empty when none is named
   bool help = false;
   std::string error;  // what is wrong with the usage; empty when nothing is
 };

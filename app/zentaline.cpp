@@ -1,6 +1,7 @@
 // zentaline: the program on the desktop.
 #include <QApplication>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "app/desktop_options.h"
 #include "app/directory.h"
+#include "app/home.h"
 #include "base/posix_disk.h"
 #include "core/application.h"
 #include "core/main_window.h"
@@ -60,8 +62,16 @@ int main(int count, char** arguments) {
     std::error_code error;
     file = std::filesystem::absolute(file, error).lexically_normal().string();
   }
-  const std::string directory = zentaline::EnterDirectory(options.directory);
-  if (directory.empty()) return Misused("there is no such directory: " + options.directory);
+  std::string wanted = options.directory;
+  if (options.home) {
+    wanted = zentaline::HomeDirectory([](const char* name) -> const char* { return std::getenv(name); });
+    if (wanted.empty()) return Misused("there is no home directory; --dir names another");
+    const std::string failure = zentaline::CopyLacking(zentaline::FactoryDirectory(), wanted);
+    // It works without them, and says what it misses when it is asked for.
+    if (!failure.empty()) std::fprintf(stderr, "zentaline: %s\n", failure.c_str());
+  }
+  const std::string directory = zentaline::EnterDirectory(wanted);
+  if (directory.empty()) return Misused("there is no such directory: " + wanted);
 
   int qt_count = 1;
   const QApplication application(qt_count, arguments);

@@ -12,7 +12,8 @@ using Midi = DesktopOptions::Midi;
 
 TEST(DesktopOptions, WithoutArgumentsTheCurrentDirectoryAndTheMachinesServiceAreTaken) {
   const DesktopOptions options = ReadDesktopOptions({});
-  EXPECT_EQ(options.directory, ".");
+  EXPECT_EQ(options.directory, "");
+  EXPECT_FALSE(options.home);
   EXPECT_EQ(options.midi, Midi::kDefault);
   EXPECT_THAT(options.files, IsEmpty());
   EXPECT_EQ(options.error, "");
@@ -24,6 +25,21 @@ TEST(DesktopOptions, DirectoryServiceAndFilesAreRead) {
   EXPECT_EQ(options.midi, Midi::kVirtual);
   EXPECT_THAT(options.files, ElementsAre("a.arr", "-b.arr"));
   EXPECT_EQ(options.error, "");
+}
+
+TEST(DesktopOptions, AValueCanStandBehindASign) {
+  const DesktopOptions options = ReadDesktopOptions({"--dir=/my songs=new", "--midi=none"});
+  EXPECT_EQ(options.directory, "/my songs=new");
+  EXPECT_EQ(options.midi, Midi::kNone);
+  EXPECT_EQ(ReadDesktopOptions({"--dir="}).error, "--dir needs a value");
+  EXPECT_EQ(ReadDesktopOptions({"--midi=loud"}).error, "there is no MIDI service loud");
+}
+
+TEST(DesktopOptions, TheUsersOwnFolderAndANamedOneAreTwo) {
+  EXPECT_TRUE(ReadDesktopOptions({"--home", "a.arr"}).home);
+  EXPECT_EQ(ReadDesktopOptions({"--home"}).error, "");
+  EXPECT_EQ(ReadDesktopOptions({"--home", "--dir", "."}).error, "--home and --dir name two working directories");
+  EXPECT_EQ(ReadDesktopOptions({"--dir=/songs", "--home"}).error, "--home and --dir name two working directories");
 }
 
 TEST(DesktopOptions, EveryServiceHasItsName) {
