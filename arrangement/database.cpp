@@ -48,7 +48,7 @@ DatabaseFound ReadDatabase(Application& app, bool shows) {
     app.disk.Remove(app.core.DatabaseDir);
     return DatabaseFound::kAbsent;
   }
-  Bytes image = DBImageOf(file);
+  Bytes image = DBImageOf(std::move(file));
   const bool good = DBIsDatabase(image);
   if (good || !state.DBWindowOpen) app.edits.TakeDatabase(std::move(image));
   return good ? DatabaseFound::kGood : DatabaseFound::kBad;

@@ -35,8 +35,9 @@ void CopyEntry(Bytes& image, int to, int from) {
 
 }  // namespace
 
-Bytes DBImageOf(std::string_view file) {
-  return Slice(file, 1, kDbLength);
+Bytes DBImageOf(Bytes file) {
+  file.resize(kDbLength, '\0');
+  return file;
 }
 
 bool DBIsDatabase(std::string_view image) {
@@ -94,8 +95,12 @@ int DBFindName(std::string_view image, std::string_view name) {
 }
 
 int DBFindId(std::string_view image, int id) {
-  for (int index = kDbFirstIndex; DBEntryUsed(image, index); ++index) {
-    if (DBEntryId(image, index) == id) return index;
+  if (id < 0) return 0;
+  const char bytes[] = {static_cast<char>(id & 0xFF), static_cast<char>(id >> 8 & 0xFF)};
+  for (int index = kDbFirstIndex; index <= kDbLastIndex && id <= 0xFFFF; ++index) {
+    const std::size_t at = DBEntryPosition(index) - 1;
+    if (at + kDbEntryLength > image.size() || image[at] == '\0') break;
+    if (image[at + kDbEntryIdOffset] == bytes[0] && image[at + kDbEntryIdOffset + 1] == bytes[1]) return index;
   }
   return 0;
 }

@@ -32,7 +32,7 @@ constexpr std::size_t DBEntryPosition(int index) {
 }
 
 // The image of a file's bytes: exactly 27221, cut or filled with zero bytes. Only its beginning tells a good one.
-Bytes DBImageOf(std::string_view file);
+Bytes DBImageOf(Bytes file);
 bool DBIsDatabase(std::string_view image);
 
 // All entries free, no directory.

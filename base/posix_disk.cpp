@@ -91,9 +91,9 @@ int ReadAll(int file, std::size_t expected, std::size_t largest, Bytes& content)
       if (length == content.size()) content.resize(length + kChunk);
       const ssize_t count = Retry([&] { return read(file, content.data() + length, content.size() - length); });
       if (count < 0) return errno;
-      if (count == 0) break;
       length += static_cast<std::size_t>(count);
-      if (length > largest) break;
+      // A read that could have taken a byte more than the file was told to hold has come to its end.
+      if (count == 0 || length == expected || length > largest) break;
     }
     content.resize(length);
   } catch (const std::bad_alloc&) {
@@ -174,6 +174,13 @@ DiskResult FlushFolder(int folder) {
   if (!readable.Valid()) return DiskResult::kOk;
   const bool failed = Retry([&] { return fsync(readable.Number()); }) != 0;
   return failed && errno == EIO ? DiskResult::kInputOutput : DiskResult::kOk;
+}
+
+// Most file systems tell of what kind an entry is; what a link leads to has to be looked up.
+bool IsRegular(int folder, const dirent& entry) {
+  if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type == DT_REG;
+  struct stat info {};
+  return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISREG(info.st_mode);
 }
 
 bool EndsWithoutCase(std::string_view name, std::string_view ending) {
@@ -308,10 +315,7 @@ DiskResult PosixDisk::List(const std::string& folder, const std::string& ending,
     const dirent* entry = readdir(stream.get());
     if (entry == nullptr) break;
     if (!EndsWithoutCase(entry->d_name, ending)) continue;
-    struct stat info {};
-    if (fstatat(dirfd(stream.get()), entry->d_name, &info, 0) == 0 && S_ISREG(info.st_mode)) {
-      found.emplace_back(entry->d_name);
-    }
+    if (IsRegular(dirfd(stream.get()), *entry)) found.emplace_back(entry->d_name);
   }
   if (errno != 0) return DiskResultFromErrno(errno);
   std::sort(found.begin(), found.end());
