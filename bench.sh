@@ -70,7 +70,8 @@ awk '
   function number(word) { return word ~ /^-?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][-+]?[0-9]+)?$/ }
   BEGIN { printf "\n%-28s %12s %12s  %-7s  %s\n", "benchmark", "ratio", "limit", "verdict", "what is compared" }
   $3 == "skip" { printf "%-28s %12s %12s  %-7s  %s\n", $2, "-", "-", "left out", text(4); next }
-  !number($3) || ($4 != "<=" && $4 != ">=") || !number($5) {
+  # Nothing that is measured is negative: a program gives such a number when what it measured did not come about.
+  !number($3) || $3 < 0 || ($4 != "<=" && $4 != ">=") || !number($5) {
     printf "%-28s %12s %12s  %-7s  %s\n", $2, "?", "?", "FAILED", "no result line: " $0
     bad = 1
     next

@@ -69,6 +69,8 @@ Bytes Template() {
   for (std::size_t e = 0; e < kStyGroupEntries; ++e) {
     file[kStySizeOffset + 4 * e] = static_cast<char>(kStyTemplateEntryLength % 256);
     file[kStySizeOffset + 4 * e + 1] = static_cast<char>(kStyTemplateEntryLength / 256);
+    const std::size_t name = kStyHeaderLength + kStyTemplateEntryLength * e;
+    file.replace(name, kStyNameLength, Padded("- empty -", kStyNameLength));
   }
   return file;
 }
