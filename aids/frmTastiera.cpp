@@ -256,18 +256,17 @@ void frmTastiera::MoveChord(int note) {
 void frmTastiera::Sound(int note) {
   if (!IsPlayed(note)) return;
   app().aids.CurrentNote = note;
-  // The sound comes first.
-  SendNoteOn(app(), Combo1.row(), note, VScroll[kVelocityOn].value());
   sounding_[PlaceOf(note)] = true;
   ShowKey(note);
+  SendNoteOn(app(), Combo1.row(), note, VScroll[kVelocityOn].value());
   Text1.SetText(SoundedNoteName(note));
 }
 
 void frmTastiera::Silence(int note, int velocity) {
   if (!IsPlayed(note)) return;
-  SendNoteOff(app(), Combo1.row(), note, velocity);
   sounding_[PlaceOf(note)] = false;
   ShowKey(note);
+  SendNoteOff(app(), Combo1.row(), note, velocity);
 }
 
 void frmTastiera::AllNotesOff(int channel) {

@@ -166,15 +166,15 @@ void frmEditArr::Edit(EditorControl& control) {
   const EditorRow& row = *control.row;
   if (state.EditorFilling && !row.Has(kActsInFill)) return;
   if (row.array == kEffCombo && app().core.FormLoading) return;
-  const int shown = RecordEditor::Shown(control);
-  state.ArrSignFlag = CodedValue(control.field(), shown) < 0 ? 1 : 0;
-  // The sound comes first.
-  Send(control, shown);
   ClearNameHighlight();
   MarkChanged();
+  const int shown = RecordEditor::Shown(control);
+  state.ArrSignFlag = CodedValue(control.field(), shown) < 0 ? 1 : 0;
+  if (row.Has(kSendsShown)) Send(control, shown);
   Store(control, shown);
   rows_.ShowLabel(control);
   if (control.control == &HScroll1[0]) ShowSplitNote();
+  if (!row.Has(kSendsShown)) Send(control, shown);
 }
 
 void frmEditArr::Store(const EditorControl& control, int shown) {

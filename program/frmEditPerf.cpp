@@ -171,14 +171,19 @@ void frmEditPerf::ApplyTo(int row, int entry, int osc) {
   if (state.PerfSilent) return;
   const int bar = parameter.index + (osc == 2 ? kOscBarStep : 0);
   const bool by_bar = SetProgramBar(app(), parameter.bar, bar, value);
+  const EditWords words = {kPerfRowTable[static_cast<std::size_t>(row)].caption, PerfOwner(parameter, osc)};
+  const auto store = [&] {
+    // A reset brings back also what lies beyond the end of the bar.
+    if (!by_bar || state.PerfResetting) Store(position, value, words);
+    if (parameter.of_effect) CopyBalance(parameter, entry, words);
+  };
+  // An effect is stored before it is heard, an oscillator after.
+  if (parameter.of_effect) store();
   if (!by_bar) {
     if (!parameter.of_effect) SelectOscillator(app(), osc);
     SendPrgParam(app(), parameter.a, parameter.b, value);
   }
-  // A reset brings back also what lies beyond the end of the bar.
-  const EditWords words = {kPerfRowTable[static_cast<std::size_t>(row)].caption, PerfOwner(parameter, osc)};
-  if (!by_bar || state.PerfResetting) Store(position, value, words);
-  if (parameter.of_effect) CopyBalance(parameter, entry, words);
+  if (!parameter.of_effect) store();
 }
 
 // The value one step further. It may pass a bound: that stops further presses, not this one.

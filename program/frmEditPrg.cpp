@@ -164,19 +164,9 @@ bool frmEditPrg::Guarded() const {
   return app().program.ProgramFilling || app().core.FormLoading;
 }
 
-// The sound comes first.
 void frmEditPrg::Edit(EditorControl& control) {
-  if (Guarded()) return rows_.ShowLabel(control);
-  const int shown = RecordEditor::Shown(control);
-  Send(control, shown);
   rows_.ShowLabel(control);
-  rows_.Store(control, shown);
-  MarkChanged();
-  AfterEdit(control);
-  ClosePerformance();
-}
-
-void frmEditPrg::Send(const EditorControl& control, int shown) {
+  if (Guarded()) return;
   const EditorRow& row = *control.row;
   const bool of_effect = row.array == kEffCombo || row.array == kEffCheck || row.array == kEffHScroll;
   const bool of_oscillator = row.array == kOscCombo || row.array == kOscCheck || row.array == kOscHScroll;
@@ -184,7 +174,12 @@ void frmEditPrg::Send(const EditorControl& control, int shown) {
   if (of_oscillator) SelectOscillator(app(), control.block + 1);
   // The octaves, which stand on the common page.
   if (row.array == kBasCombo && row.index < 2) SelectOscillator(app(), row.index + 1);
+  const int shown = RecordEditor::Shown(control);
+  rows_.Store(control, shown);
+  MarkChanged();
   SendPrgParam(app(), row.message.a, row.message.b, SentValue(row, shown));
+  AfterEdit(control);
+  ClosePerformance();
 }
 
 void frmEditPrg::AfterEdit(const EditorControl& control) {
@@ -198,16 +193,16 @@ void frmEditPrg::AfterEdit(const EditorControl& control) {
 // The pans or the returns begin anew, and the instrument hears of each of them.
 void frmEditPrg::ChoosePlacement() {
   const bool returns = EffCombo[4].row() == prg_editor::kPlacementWithReturns;
-  const std::span<const EditorRow> rows =
-      returns ? std::span<const EditorRow>(prg_editor::kReturnRows) : std::span<const EditorRow>(prg_editor::kPanRows);
-  for (const EditorRow& row : rows) {
-    SendPrgParam(app(), row.message.a, row.message.b, returns ? kHalfReturn : kNoPan);
-  }
   for (std::size_t position : {rec::kOutputC, rec::kOutputD}) {
     const int value = returns ? kHalfReturn << 4 | kHalfReturn : kNoPan;
     Put(position, Bytes(1, static_cast<char>(value)), "Placement", "I/O");
   }
   ShowPans();
+  const std::span<const EditorRow> rows =
+      returns ? std::span<const EditorRow>(prg_editor::kReturnRows) : std::span<const EditorRow>(prg_editor::kPanRows);
+  for (const EditorRow& row : rows) {
+    SendPrgParam(app(), row.message.a, row.message.b, returns ? kHalfReturn : kNoPan);
+  }
 }
 
 // The instrument learns the name only with a bank.
@@ -237,11 +232,11 @@ void frmEditPrg::TypeSound(int oscillator) {
   }
   // The oscillator that is selected takes it: none is selected before.
   SendModeProgram(app());
-  SendPrgParam(app(), prg_editor::kMultisound.a, prg_editor::kMultisound.b, number);
   Bytes word(2, '\0');
   PutWordLowFirst(word, 1, number);
   Put(kSoundPositions[oscillator], word, kSoundNames[oscillator], "OSCILLATOR");
   MarkChanged();
+  SendPrgParam(app(), prg_editor::kMultisound.a, prg_editor::kMultisound.b, number);
   if (app().program.MultisoundTarget == oscillator) FollowMultisound(app());
   ClosePerformance();
 }

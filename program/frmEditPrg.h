@@ -84,7 +84,6 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   // What the user does.
   bool Guarded() const;
   void Edit(EditorControl& control) override;
-  void Send(const EditorControl& control, int shown);
   void AfterEdit(const EditorControl& control);
   void TypeName();
   void TypeSound(int oscillator);
