@@ -48,6 +48,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   Require(DBPurgeEntries(image, [](std::string_view) { return false; }) <= 998);
   Require(DBEntryCount(image) == 0);
-  Require(DBImageOf(rest).size() == kDbLength);
+  Require(DBImageOf(Bytes(rest)).size() == kDbLength);
   return 0;
 }
