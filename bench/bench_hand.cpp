@@ -15,6 +15,8 @@
 #include "bench/measure.h"
 #include "midi/messages.h"
 #include "midi/service.h"
+#include "midi/service.h"
+#include "tests/support/quiet_service.h"
 #include "ui/controls.h"
 #include "ui/qt/long_sender.h"
 #include "ui/qt/toolkit.h"
@@ -34,27 +36,12 @@ constexpr auto kLook = std::chrono::milliseconds(5);
 constexpr auto kPatience = std::chrono::seconds(60);
 
 // Takes a message as long as a cable does.
-class Wire : public MidiService {
+class Wire : public test::QuietService {
  public:
-  int midiOutGetNumDevs() override { return 1; }
-  int midiInGetNumDevs() override { return 0; }
-  int midiOutGetDevCapsA(int, MidiCaps&, std::uint32_t) override { return kMidiOk; }
-  int midiInGetDevCapsA(int, MidiCaps&, std::uint32_t) override { return kMidiOk; }
-  int midiOutOpen(MidiHandle&, int, int, int, int) override { return kMidiOk; }
-  int midiInOpen(MidiHandle&, int, int, int, int) override { return kMidiOk; }
-  int midiOutClose(MidiHandle) override { return kMidiOk; }
-  int midiInClose(MidiHandle) override { return kMidiOk; }
-  int midiOutShortMsg(MidiHandle, std::uint32_t) override { return kMidiOk; }
-  int midiOutPrepareHeader(MidiHandle, MidiHeader&, std::uint32_t) override { return kMidiOk; }
   int midiOutLongMsg(MidiHandle, MidiHeader& header, std::uint32_t) override {
     std::this_thread::sleep_for(std::chrono::microseconds(1000000LL * header.buffer_length / kBytesASecond));
     return kMidiOk;
   }
-  int midiOutUnprepareHeader(MidiHandle, MidiHeader&, std::uint32_t) override { return kMidiOk; }
-  int midiConnect(MidiHandle, MidiHandle, int) override { return kMidiOk; }
-  int midiDisconnect(MidiHandle, MidiHandle, int) override { return kMidiOk; }
-  int midiInStart(MidiHandle) override { return kMidiOk; }
-  int midiInStop(MidiHandle) override { return kMidiOk; }
 };
 
 class Main : public ui::Form {

@@ -7,24 +7,15 @@
 #include <thread>
 
 #include "midi/service.h"
+#include "tests/support/quiet_service.h"
 
 namespace zentaline::ui::qt {
 
 inline constexpr auto kPatience = std::chrono::seconds(60);  // with a machine that is busy with other things
 
 // Stops in the middle of a long message until it is told to go on, and tells how far it has come.
-class SlowService : public MidiService {
+class SlowService : public test::QuietService {
  public:
-  int midiOutGetNumDevs() override { return 1; }
-  int midiInGetNumDevs() override { return 0; }
-  int midiOutGetDevCapsA(int, MidiCaps&, std::uint32_t) override { return kMidiOk; }
-  int midiInGetDevCapsA(int, MidiCaps&, std::uint32_t) override { return kMidiOk; }
-  int midiOutOpen(MidiHandle&, int, int, int, int) override { return kMidiOk; }
-  int midiInOpen(MidiHandle&, int, int, int, int) override { return kMidiOk; }
-  int midiOutClose(MidiHandle) override { return kMidiOk; }
-  int midiInClose(MidiHandle) override { return kMidiOk; }
-  int midiOutShortMsg(MidiHandle, std::uint32_t) override { return kMidiOk; }
-  int midiOutPrepareHeader(MidiHandle, MidiHeader&, std::uint32_t) override { return kMidiOk; }
   int midiOutLongMsg(MidiHandle, MidiHeader& header, std::uint32_t) override {
     thread = std::this_thread::get_id();
     if (on_send) on_send();
@@ -33,11 +24,6 @@ class SlowService : public MidiService {
     if (progress_) progress_(header.buffer_length, header.buffer_length);
     return result;
   }
-  int midiOutUnprepareHeader(MidiHandle, MidiHeader&, std::uint32_t) override { return kMidiOk; }
-  int midiConnect(MidiHandle, MidiHandle, int) override { return kMidiOk; }
-  int midiDisconnect(MidiHandle, MidiHandle, int) override { return kMidiOk; }
-  int midiInStart(MidiHandle) override { return kMidiOk; }
-  int midiInStop(MidiHandle) override { return kMidiOk; }
   void SetProgress(MidiProgress progress) override { progress_ = std::move(progress); }
 
   void GoOn() { go_on_.release(); }
