@@ -15,7 +15,6 @@
 #include "bench/measure.h"
 #include "midi/messages.h"
 #include "midi/service.h"
-#include "midi/service.h"
 #include "tests/support/quiet_service.h"
 #include "ui/controls.h"
 #include "ui/qt/long_sender.h"
