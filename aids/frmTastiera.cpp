@@ -152,6 +152,7 @@ void frmTastiera::Load() {
   SetCaption(GetText(app(), kTextKeyboard));
   CommClose.SetCaption(GetText(app(), kTextClose));
   ChildWindow::Load();
+  app().keyboard = this;
   AidsState& aids = app().aids;
   aids.CurrentNote = kNoNote;
   aids.ChordState = 0;
@@ -177,6 +178,7 @@ void frmTastiera::TakeSettings() {
 }
 
 void frmTastiera::Unload() {
+  app().keyboard = nullptr;
   SendAllNotesOff(app(), Combo1.row());
   if (app().main != nullptr) app().main->Menu(MenuId::mnuTastiera).SetEnabled(true);
   ChildWindow::Unload();

@@ -69,16 +69,16 @@ void ShowNotebook(Application& app) {
 }
 
 void ShowKeyboard(Application& app) {
-  if (ui::Form* open = app.toolkit.FindForm("frmTastiera")) return app.toolkit.Activate(*open);
+  if (app.keyboard != nullptr) return app.toolkit.Activate(*app.keyboard);
   app.toolkit.Open(std::make_unique<frmTastiera>(app));
 }
 
 void ShowSplitNoteOnKeyboard(Application& app, int note) {
-  if (ui::Form* open = app.toolkit.FindForm("frmTastiera")) static_cast<frmTastiera*>(open)->ShowSplitNote(note);
+  if (app.keyboard != nullptr) static_cast<frmTastiera*>(app.keyboard)->ShowSplitNote(note);
 }
 
 void EndKeyboardNotes(Application& app) {
-  if (ui::Form* open = app.toolkit.FindForm("frmTastiera")) static_cast<frmTastiera*>(open)->EndNotes();
+  if (app.keyboard != nullptr) static_cast<frmTastiera*>(app.keyboard)->EndNotes();
 }
 
 }  // namespace zentaline

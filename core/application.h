@@ -64,6 +64,7 @@ struct Application {
   ChildWindow* perf_editor = nullptr;
   ChildWindow* gbl_window = nullptr;
   ChildWindow* bsq_window = nullptr;
+  ChildWindow* keyboard = nullptr;
 };
 
 }  // namespace zentaline

@@ -222,9 +222,9 @@ EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
     actions_.erase(actions_.begin() + static_cast<std::ptrdiff_t>(standing_ - 1));
     --standing_;
   }
-  DropOldest();
+  EditAction room = DropOldest();
   const auto place = actions_.begin() + static_cast<std::ptrdiff_t>(standing_++);
-  growing_ = &*actions_.emplace(place);
+  growing_ = &*actions_.insert(place, std::move(room));
   growing_->number = ++last_number_;
   growing_->cause = cause;
   growing_->kind = kind;
@@ -375,12 +375,20 @@ void Edits::DropTakenBack() {
   for (; actions_.size() > standing_; actions_.pop_back()) size_ -= SizeOf(actions_.back());
 }
 
-void Edits::DropOldest() {
+// The new action has the memory of the last one that went.
+EditAction Edits::DropOldest() {
+  EditAction room;
   while (standing_ > 0 && (actions_.size() >= kMostActions || size_ > kMostBytes)) {
-    size_ -= SizeOf(actions_.front());
+    room = std::move(actions_.front());
+    size_ -= SizeOf(room);
     actions_.pop_front();
     --standing_;
   }
+  room.changes.clear();
+  room.marks.clear();
+  room.words = {};
+  room.window = nullptr;
+  return room;
 }
 
 }  // namespace zentaline

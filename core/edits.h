@@ -181,7 +181,8 @@ class Edits {
   // Takes out all that touches a target, and what wouldn't fit without it.
   void Drop(const EditTarget& target);
   void DropTakenBack();
-  void DropOldest();
+  // Gives an empty action.
+  EditAction DropOldest();
 
   Application& app_;
   std::deque<EditAction> actions_;
