@@ -10,6 +10,7 @@
 #include "app/desktop_options.h"
 #include "app/directory.h"
 #include "app/home.h"
+#include "base/memory.h"
 #include "base/posix_disk.h"
 #include "core/application.h"
 #include "core/main_window.h"
@@ -49,6 +50,7 @@ std::unique_ptr<MidiService> MakeService(DesktopOptions::Midi midi) {
 }  // namespace
 
 int main(int count, char** arguments) {
+  zentaline::KeepFreedMemory();
   DesktopOptions options = zentaline::ReadDesktopOptions({arguments + 1, arguments + count});
   if (!options.error.empty()) return Misused(options.error);
   if (options.help) {

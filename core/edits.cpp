@@ -17,8 +17,9 @@ constexpr std::size_t kMostActions = 2000;
 constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
 // Differences that are no further apart are one piece.
-constexpr std::size_t kGap = 16;
+constexpr std::size_t kGap = 64;
 constexpr std::size_t kBlock = 64;
+constexpr std::size_t kWord = 8;
 
 // Of the newest pieces of an action, for one that is written again.
 constexpr std::size_t kSearched = 8;
@@ -47,7 +48,9 @@ bool Overlap(const EditChange& change, std::size_t position, std::size_t length)
   return change.position < position + length && position < change.position + change.after.size();
 }
 
+// From `at` on, `end` when there is none; what is the same is passed over in words.
 std::size_t NextDifference(std::string_view a, std::string_view b, std::size_t at, std::size_t end) {
+  while (at + kWord <= end && std::memcmp(a.data() + at, b.data() + at, kWord) == 0) at += kWord;
   while (at < end && a[at] == b[at]) ++at;
   return at;
 }
@@ -294,19 +297,15 @@ void Edits::NoteMarks(ChildWindow& window, std::string_view before) {
 // Both are of one length.
 void Edits::NoteRuns(const EditTarget& target, std::size_t from, std::string_view before, std::string_view after,
                      const EditWords& words) {
-  for (std::size_t at = 0; at < after.size();) {
-    if (at + kBlock <= after.size() && SameBlock(before, after, at)) {
-      at += kBlock;
-      continue;
-    }
-    const std::size_t begin = NextDifference(before, after, at, std::min(at + kBlock, after.size()));
-    if (begin == std::min(at + kBlock, after.size())) {
-      at = begin;
-      continue;
-    }
+  for (std::size_t at = 0;;) {
+    const std::size_t begin = NextDifference(before, after, at, after.size());
+    if (begin == after.size()) return;
     std::size_t end = begin + 1;
-    for (std::size_t next = end; next - end < kGap && next < after.size(); ++next) {
-      if (before[next] != after[next]) end = next + 1;
+    for (;;) {
+      const std::size_t gap_end = std::min(end + kGap, after.size());
+      const std::size_t next = NextDifference(before, after, end, gap_end);
+      if (next == gap_end) break;
+      end = next + 1;
     }
     NotePiece(target, from + begin + 1, before.substr(begin, end - begin), after.substr(begin, end - begin), words);
     at = end;

@@ -41,10 +41,32 @@ StyReadResult ReadRecords(std::string_view file, std::string_view magic, std::si
   return kStyGood;
 }
 
-// What has no size isn't there, whatever stands behind the last style of a damaged file.
-bool IsFree(int entry, std::string_view image) {
-  const std::string_view name = StyEntryName(entry, image);
-  return StyEntryPos(entry, image) == 0 || StyEntrySize(entry, image) == 0 || name == kStyEmptyName || name.empty();
+std::string_view NameAt(std::size_t offset, std::string_view image) {
+  return TrimRight(image.substr(std::min(offset, image.size()), kStyNameLength));
+}
+
+// Where a style of this name stands, and the first free entry; the count for none. What has no size isn't there, nor
+// what comes after it, whatever stands behind the last style of a damaged file.
+struct Places {
+  int named = kStyEntryCount;
+  int free = kStyEntryCount;
+};
+
+Places FindPlaces(std::string_view wanted, std::string_view image) {
+  Places places;
+  std::size_t offset = kStyHeaderLength;
+  for (int e = 0; e < kStyEntryCount; ++e) {
+    const std::string_view name = NameAt(offset, image);
+    if (name == wanted) {
+      places.named = e;
+      break;
+    }
+    const std::size_t size = SizeAt(Cells(e), image);
+    const bool is_free = size == 0 || name == kStyEmptyName || name.empty();
+    if (is_free) places.free = std::min(places.free, e);
+    offset += size;
+  }
+  return places;
 }
 
 // Where the image ends before its table says so, or the source does, which lacks zero bytes then.
@@ -80,8 +102,7 @@ Bytes BuildStyWindowImage(std::string_view style_image) {
 }
 
 std::string_view StyEntryName(int entry, std::string_view image) {
-  const std::size_t offset = std::min(EntryOffset(entry, image), image.size());
-  return TrimRight(image.substr(offset, kStyNameLength));
+  return NameAt(EntryOffset(entry, image), image);
 }
 
 int StyEntrySize(int entry, std::string_view image) {
@@ -211,14 +232,12 @@ StyPutResult StyPutEntryAt(int& mode, int source_entry, std::string_view source,
   const std::string_view destination = std::string_view(image).substr(base - 1);
   int place = destination_entry;
   if (paste && place >= 100) {
-    const std::string_view name = StyEntryName(source_entry, source);
-    for (int e = 0; e < kStyEntryCount; ++e) {
-      if (StyEntryName(e, destination) != name) continue;
-      mode = e;
+    const Places places = FindPlaces(StyEntryName(source_entry, source), destination);
+    if (places.named < kStyEntryCount) {
+      mode = places.named;
       return kStyPutKnown;
     }
-    place = 0;
-    while (place < kStyEntryCount && !IsFree(place, destination)) ++place;
+    place = places.free;
   }
   if (place < 0 || place >= kStyEntryCount) return kStyPutNoPlace;
 
