@@ -7,7 +7,7 @@
 #                     transcripts of a build without Qt and ALSA
 #   ./test.sh quick   the release build with its unit tests and transcripts, and the checks
 #   ./test.sh full    all of the first, the unit tests of the release build too, the ALSA tests in a kernel with a
-#                     sequencer, and short fuzz runs
+#                     sequencer, the package installed into a fresh system, and short fuzz runs
 #
 # Packages that are lacking are installed first.
 set -euo pipefail
@@ -79,6 +79,9 @@ add_test_line() {
 
 if [ "$scope" = full ]; then
   add_test_line kernel.alsa_tests 1200 "$root/tests/alsa/run-in-kernel" "$root/build/release/tests/alsa_tests"
+  say "Making the package"
+  ./package.sh
+  add_test_line package 1200 "$root/tests/package/run" "$root"/build/package/zentaline_*.deb
   build fuzz
   for program in build/fuzz/bin/fuzz_*; do
     [ -x "$program" ] || continue

@@ -1,27 +1,34 @@
 # shellcheck shell=bash
 # The Debian packages that the project's commands use, and how they get onto the machine. Sourced, not run.
 #
-#   install_packages run|test|full    installs what that command lacks; 1 when a needed package can't be had
+#   install_packages run|test|full|package    installs what that command lacks; 1 when a needed package can't be had
 #
 # need: the command can't do without it.  want: it says what is left out and goes on, and does not try that one again
 # while the file build/packages-left-out names it.
 
 packages_list() {
   cat <<'LIST'
-# package         run   test  full  what for
-cmake             need  need  need  the build
-ninja-build       need  need  need  the build
-g++               need  need  need  the compiler
-qt6-base-dev      want  need  need  the desktop program
-qt6-wayland       want  -     -     the desktop program on Wayland
-libasound2-dev    want  need  need  the MIDI ports of this machine
-ccache            -     want  want  building again in less time
-libgtest-dev      -     need  need  the tests
-libgmock-dev      -     need  need  the tests
-libbenchmark-dev  -     need  need  the benchmarks
-clang-format      -     want  want  the check of the code's form
-shellcheck        -     want  want  the check of the shell scripts
-clang             -     need  need  the build with the sanitizers, and the fuzz programs
+# package              run   test  full  package  what for
+cmake                  need  need  need  need     the build
+ninja-build            need  need  need  need     the build
+g++                    need  need  need  need     the compiler
+qt6-base-dev           want  need  need  need     the desktop program
+qt6-wayland            want  -     -     -        the desktop program on Wayland
+qt6-translations-l10n  want  need  need  -        the words of Qt's own dialogs
+libasound2-dev         want  need  need  need     the MIDI ports of this machine
+ccache                 -     want  want  want     building again in less time
+libgtest-dev           -     need  need  -        the tests
+libgmock-dev           -     need  need  -        the tests
+libbenchmark-dev       -     need  need  -        the benchmarks
+clang-format           -     want  want  -        the check of the code's form
+shellcheck             -     want  want  -        the check of the shell scripts
+clang                  -     need  need  -        the build with the sanitizers, and the fuzz programs
+lowdown                -     -     need  need     the man pages
+lintian                -     -     need  need     the examination of the package
+appstream              -     -     need  need     the examination of what software catalogues show
+desktop-file-utils     -     -     need  need     the examination of the desktop entry
+file                   -     -     need  need     the libraries that the package depends on
+mmdebstrap             -     -     need  -        a fresh system to install the package into
 LIST
 }
 
@@ -69,11 +76,11 @@ packages_reason() {
 }
 
 install_packages() {
-  local command=$1 package run test full purpose weight missing=() failed=0 left_out=build/packages-left-out
+  local command=$1 package run test full deb purpose weight missing=() failed=0 left_out=build/packages-left-out
   local -A weight_of=() purpose_of=()
-  while read -r package run test full purpose; do
+  while read -r package run test full deb purpose; do
     [ "$package" != '#' ] || continue
-    case $command in run) weight=$run ;; test) weight=$test ;; *) weight=$full ;; esac
+    case $command in run) weight=$run ;; test) weight=$test ;; full) weight=$full ;; *) weight=$deb ;; esac
     [ "$weight" != - ] || continue
     weight_of[$package]=$weight purpose_of[$package]=$purpose
     if package_is_installed "$package"; then continue; fi

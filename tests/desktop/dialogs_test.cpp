@@ -132,6 +132,10 @@ TEST_F(Dialogs, AFileIsReplacedOnlyAfterAYes) {
 
 TEST_F(Dialogs, TheDialogSpeaksTheProgramsLanguage) {
   toolkit.SetWordSource(ItalianWords);
+  const auto own_word = [] { return QCoreApplication::translate("QFileSystemModel", "Date Modified"); };
+  EXPECT_EQ(own_word(), "Date Modified");
+  toolkit.Open(std::make_unique<Form>(toolkit, FormKind::kChild, "frmPlain"));
+  EXPECT_EQ(own_word(), "Data di modifica");
   Run([] {
     EXPECT_EQ(Dialog()->labelText(QFileDialog::Accept), "&Apri");
     EXPECT_EQ(Dialog()->findChild<QCheckBox*>("read_only")->text(), "Apri in sola &lettura");

@@ -155,7 +155,9 @@ void QtToolkit::MainClosed() {
 }
 
 void QtToolkit::ShowForm(Form& form) {
-  windows_.Show(form, words_());
+  const Words& words = words_();
+  translation_.Speak(words.language);
+  windows_.Show(form, words);
 }
 
 void QtToolkit::HideForm(Form& form) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ui/qt/printing.h"
+#include "ui/qt/translation.h"
 #include "ui/qt/windows.h"
 #include "ui/qt/words.h"
 #include "ui/toolkit.h"
@@ -61,6 +62,7 @@ class QtToolkit : public Toolkit {
   QElapsedTimer clock_;
   QTimer due_;
   Printing printing_;
+  Translation translation_;
   Windows windows_{*this};
   std::vector<std::pair<Form*, QEventLoop*>> modal_loops_;
   bool waiting_ = false;

@@ -4,6 +4,7 @@ namespace zentaline::ui::qt {
 
 const Words& EnglishWords() {
   static const Words words{
+      .language = "en",
       .ok = "OK",
       .cancel = "Cancel",
       .yes = "&Yes",
@@ -38,6 +39,7 @@ const Words& EnglishWords() {
 
 const Words& ItalianWords() {
   static const Words words{
+      .language = "it",
       .ok = "OK",
       .cancel = "Annulla",
       .yes = "&Sì",

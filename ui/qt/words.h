@@ -6,6 +6,7 @@
 namespace zentaline::ui::qt {
 
 struct Words {
+  std::string language;  // its two letters
   std::string ok;
   std::string cancel;
   std::string yes;
