@@ -9,6 +9,7 @@ namespace zentaline {
 
 struct Application;
 class ChildWindow;
+struct EditStep;
 
 // Reads the .arr into ArrFileImage: 0 read, 1 the file system's error was shown, 2 a bad file (shown), 3 absent or
 // empty. `path` has its extension.
@@ -47,6 +48,8 @@ void FillArrEditor(Application& app);
 void OpenArrEditor(Application& app, ChildWindow& source, int index);
 // Closes the editor when its record came from this window; false when it refuses.
 bool CloseArrEditorOf(Application& app, const ChildWindow& source);
+// The record under edit has gone a step back or forth; the editor shows it, and the instrument follows.
+void ShowArrEditorStep(Application& app, const EditStep& step);
 // A row, 0 to 63, of a program window goes to the armed part; `image` is the window's. Nothing happens while no part is
 // armed.
 void PickProgram(Application& app, const Bytes& image, int row);
@@ -72,5 +75,11 @@ void FindArrangement(Application& app, const std::string& text, const std::strin
 // 1 when there is no database, else 0; shows what it finds unless SilentStart.
 int DBCheck(Application& app);
 int DBCheckSilently(Application& app);
+
+// A change of the database is taken back or brought forth: whether the file still is what the list knows; writes it as
+// the step has left it, false when that failed, which was shown; and shows it.
+bool DatabaseFits(Application& app);
+bool WriteDatabaseStep(Application& app);
+void ShowDatabaseStep(Application& app);
 
 }  // namespace zentaline

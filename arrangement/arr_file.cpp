@@ -73,6 +73,8 @@ int StoreEditRecord(Application& app) {
   } else if (result == kArrStored) {
     if (app.arrangement.ArrNameChanged) ShowRecordName(*window, ByteAt(record, arr_edit::kIndex));
     window->Activated();
+    // What was done one by one is one action on the file now.
+    app.edits.ForgetRecord(kArrRecordUnderEdit);
   }
   return result;
 }

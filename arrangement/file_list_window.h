@@ -34,6 +34,9 @@ class ArrFileListWindow : public ArrListWindow {
   // The base name as it is kept of a file that was sent.
   std::string NameForInstrument() const;
 
+  void RowShown(int row) override;
+  void ForgetSent(bool records, bool styles) override;
+
   virtual ui::Timer& ClickTimer() = 0;
   virtual bool LoadsStylesOnClick() const = 0;
   // The row has no arrangement.

@@ -38,6 +38,8 @@ class frmArrU : public ArrFileListWindow {
   bool searching() const { return searching_; }
   // The editor has gone: CommEdit is usable again on a written row.
   void EditorClosed();
+  // Its file's number in the database may be another one.
+  void ShowIdAgain();
 
   bool CanSave() const override;
   void ShowName() override;
@@ -57,6 +59,7 @@ class frmArrU : public ArrFileListWindow {
   void ShowNothing() override;
   void RowChosen(int row) override;
   void ShowSelected(int row) override;
+  void RowShown(int row) override;
   void SelectRow(int row) override;
 
  private:

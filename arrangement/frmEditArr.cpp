@@ -140,6 +140,7 @@ void frmEditArr::ShowTexts() {
     return Utf8FromBytes(TrimRight(Slice(record(), position, kArrNameLength)));
   };
   Text1[kNameBox].SetText(text_at(arr_edit::kRecord));
+  name_shown_ = Text1[kNameBox].text();
   Text1[kStyleBox].SetText(text_at(arr_edit::kStyleName));
   Label[1].SetCaption(StyleText(ByteAt(record(), ArrEditPosition(arr_record::kStyleNumber)),
                                 ByteAt(record(), ArrEditPosition(arr_record::kStyleLocation))));
@@ -170,14 +171,14 @@ void frmEditArr::Edit(EditorControl& control) {
   MarkChanged();
   const int shown = RecordEditor::Shown(control);
   state.ArrSignFlag = CodedValue(control.field(), shown) < 0 ? 1 : 0;
-  if (row.Has(kSendsShown)) Send(control, shown);
+  if (row.Has(kSendsShown)) Send(control, SentValue(row, shown));
   Store(control, shown);
   rows_.ShowLabel(control);
   if (control.control == &HScroll1[0]) ShowSplitNote();
-  if (!row.Has(kSendsShown)) Send(control, shown);
+  if (!row.Has(kSendsShown)) Send(control, SentValue(row, shown));
 }
 
-void frmEditArr::Store(const EditorControl& control, int shown) {
+void frmEditArr::Store(EditorControl& control, int shown) {
   ArrangementState& state = app().arrangement;
   // A fill shows the record, and leaves a byte that it can't show as it is.
   if (state.EditorFilling) return;
@@ -185,18 +186,20 @@ void frmEditArr::Store(const EditorControl& control, int shown) {
     // Nothing has been written yet while it is 0.
     const auto position = static_cast<std::size_t>(state.ArrEditPos);
     if (position != 0) Put(position, shown, {control.field().name});
-    return;
+    return rows_.NoteShown(control);
   }
   rows_.Store(control, shown);
   if (MovesPosition(control.row->array)) state.ArrEditPos = static_cast<int>(control.position());
 }
 
-void frmEditArr::Send(const EditorControl& control, int shown) {
-  const EditMessage& message = control.row->message;
-  const int stored = CodedValue(control.field(), shown) & control.field().place.mask;
-  if (!message.IsSent() || stored > message.greatest || message.SilentIn(control.block)) return;
-  const int id = message.a + (OfPart(*control.row) ? kPartIdStep * control.block : 0);
-  SendArrParam(app(), 0, id, control.row->Has(kSendsShown) ? shown : stored, app().arrangement.ArrSignFlag);
+// The value as it goes out, negative below zero.
+void frmEditArr::Send(const EditorControl& control, int sent) {
+  const EditorRow& row = *control.row;
+  const EditMessage& message = row.message;
+  const int value = row.Has(kSendsShown) ? sent : sent & control.field().place.mask;
+  if (!message.IsSent() || value > message.greatest || message.SilentIn(control.block)) return;
+  const int id = message.a + (OfPart(row) ? kPartIdStep * control.block : 0);
+  SendArrParam(app(), 0, id, value, app().arrangement.ArrSignFlag);
 }
 
 // The list tells which of the four drum maps the bar shows, during a fill too; the next kick or snare then goes there.
@@ -228,6 +231,8 @@ void frmEditArr::TypeName() {
   Bytes name;
   if (!BytesFromUtf8(Text1[kNameBox].text(), name)) return;
   app().edits.Put(kArrRecordUnderEdit, arr_edit::kRecord, Padded(name, kArrNameLength), {"Name"});
+  app().edits.NoteShown(Text1[kNameBox], {0, name_shown_}, {0, Text1[kNameBox].text()});
+  name_shown_ = Text1[kNameBox].text();
   ShowTitle();
   state.ArrNameChanged = true;
   MarkChanged();

@@ -6,12 +6,15 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "arrangement/arr_format.h"
 #include "arrangement/editor_tables.h"
 #include "core/child_window.h"
 #include "core/edits.h"
 #include "core/record_editor.h"
+#include "core/undo.h"
 #include "ui/control_array.h"
 
 namespace zentaline {
@@ -68,6 +71,10 @@ class frmEditArr : public ChildWindow, private RecordEditorHost {
   void Fill();
   void PickProgram(const Bytes& image, int row);
   void PickStyle(const Bytes& image, int row, const std::string& row_text);
+  // The record has gone a step back or forth: shows it silently, and sends what has changed in it.
+  void ShowStep(const EditStep& step) override;
+  // The same for a record that its file has now.
+  void TakeOver(Bytes record);
   // Writes the split point's name into Label1(3), and tells the keyboard on the screen.
   void ShowSplitNote();
 
@@ -101,14 +108,22 @@ class frmEditArr : public ChildWindow, private RecordEditorHost {
   // What is shown, and what the user does.
   std::string ValueText(const EditorControl& control, int shown) const override;
   void Edit(EditorControl& control) override;
-  void Store(const EditorControl& control, int shown);
-  void Send(const EditorControl& control, int shown);
+  void Store(EditorControl& control, int shown);
+  void Send(const EditorControl& control, int sent);
   void ChooseVariation();
   void TypeInList(ui::ComboBox& list);
   void ShowPart(int part);
   void ShowTitle();
   void ShowTexts();
   void TypeName();
+
+  // Steps back and forth, in frmEditArr_step.cpp.
+  void ShowMapOf(const EditAction& action);
+  void SendChanged(const std::vector<EditorControl*>& changed, std::string_view before);
+  void SendRecord(const EditorControl& control);
+  void SendPicked(int part);
+  // A text that belongs to the action that runs.
+  void ShowPicked(ui::TextBox& box, const std::string& text);
 
   // Arming, and mute and solo, which are carried out by mutes at the instrument: in frmEditArr_press.cpp.
   void PressTextBox(int index);
@@ -127,6 +142,7 @@ class frmEditArr : public ChildWindow, private RecordEditorHost {
   // Writes a byte of the record.
   void Put(std::size_t position, int value, const EditWords& words);
   std::size_t NamePosition(int part) const;
+  std::size_t MapPosition(int variation) const;
 
   RecordEditor rows_;
   EditorControl* drum_map_ = nullptr;  // of HScroll1(1)
@@ -135,6 +151,7 @@ class frmEditArr : public ChildWindow, private RecordEditorHost {
     std::optional<ui::Colour> fore;
   };
   std::array<Colours, kTextBoxes> saved_colours_;
+  std::string name_shown_;  // in its box, before it is typed over
 };
 
 }  // namespace zentaline

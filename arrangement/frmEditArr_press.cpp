@@ -131,7 +131,7 @@ void frmEditArr::PressSolo(int part) {
 
 void frmEditArr::ConnectTextBoxes() {
   Text1[kNameBox].max_length = kArrNameLength;
-  Text1[kNameBox].bytes_only = true;
+  Text1[kNameBox].bytes_only = Text1[kNameBox].of_record = true;
   Text1[kNameBox].on_change = [this] { TypeName(); };
   for (int box = 0; box < kTextBoxes; ++box) {
     Text1[box].read_only = box != kNameBox;
@@ -190,9 +190,14 @@ void frmEditArr::PickProgram(const Bytes& image, int row) {
   Put(block + part_block::kBankCode, picked.bank_code, words);
   app().edits.Put(kArrRecordUnderEdit, NamePosition(part), Padded(picked.name, kArrNameLength), words);
   const int box = kFirstPartBox + 2 * part;
-  Text1[box].SetText(Utf8FromBytes(picked.name));
-  Text1[box + 1].SetText(ProgramNumberText(place.letter, place.index));
+  ShowPicked(Text1[box], Utf8FromBytes(picked.name));
+  ShowPicked(Text1[box + 1], ProgramNumberText(place.letter, place.index));
   MarkChanged();
+}
+
+void frmEditArr::ShowPicked(ui::TextBox& box, const std::string& text) {
+  app().edits.NoteShown(box, {0, box.text()}, {0, text});
+  box.SetText(text);
 }
 
 void frmEditArr::PickStyle(const Bytes& image, int row, const std::string& row_text) {
@@ -208,9 +213,11 @@ void frmEditArr::PickStyle(const Bytes& image, int row, const std::string& row_t
   Put(ArrEditPosition(arr_record::kStyleNumber), source->first + place, words);
   Put(ArrEditPosition(arr_record::kStyleLocation), source->location, words);
   app().edits.Put(kArrRecordUnderEdit, arr_edit::kStyleName, Padded(name, kArrNameLength), words);
-  Text1[kStyleBox].SetText(Utf8FromBytes(TrimRight(name)));
+  ShowPicked(Text1[kStyleBox], Utf8FromBytes(TrimRight(name)));
   // By the style's number, not by the list's row with its gaps.
-  Label[1].SetCaption(StyleText(source->first + place, source->location));
+  const std::string shown = StyleText(source->first + place, source->location);
+  app().edits.NoteShown(Label[1], {0, Label[1].caption()}, {0, shown});
+  Label[1].SetCaption(shown);
   MarkChanged();
 }
 

@@ -22,11 +22,8 @@ namespace zentaline {
 
 namespace {
 
-// Rows 0 and 1 are the banks, which have no entry and can't be deleted; the entries follow, from index 3 on.
-constexpr int kBankRows = 2;
-
 constexpr int EntryIndex(int row) {
-  return row - kBankRows + kDbFirstIndex;
+  return row - frmEditDBArr::kBankRows + kDbFirstIndex;
 }
 
 constexpr char kColumn = '\t';

@@ -34,6 +34,10 @@ class frmEditDBArr : public ChildWindow {
   // kept so.
   void ShowRows(bool after_addition);
   void ReloadSoon() { Timer[1].Start(); }
+  // The same after a step back or forth, on the first row that is another one.
+  void ShowStepRows();
+
+  static constexpr int kBankRows = 2;  // they have no entry and can't be deleted; the entries follow, from index 3 on
 
   void Load() override;
   void Unload() override;

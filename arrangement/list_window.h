@@ -21,8 +21,16 @@ class ArrListWindow : public ChildWindow {
 
   ui::ListBox* ItemList() override { return &List1; }
   void ShowItems(const ItemsShown& shown) override;
+  void ShowStep(const EditStep& step) override;
 
  protected:
+  // A step back or forth has put the list on a row, silently: what the window shows of it.
+  virtual void RowShown(int row) { (void)row; }
+  // The records, or the styles, have gone a step back or forth.
+  virtual void ForgetSent(bool records, bool styles) {
+    (void)records;
+    (void)styles;
+  }
   // The image carries everything; `number` tells windows of one class apart.
   ArrListWindow(Application& app, std::string name, std::string number, Bytes image);
 

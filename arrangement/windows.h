@@ -15,6 +15,9 @@ int ArrBankFileId(int kind);
 MenuId ArrBankEntry(int kind);
 // Whether there is a place for another new file.
 void RefreshNewArrEntry(Application& app);
+// Records of the window have changed by a step back or forth: the editor shows its own one as it is now, and the
+// instrument hears of it.
+void TakeOverArrRecord(Application& app, const ChildWindow& source);
 // The editor has gone: a written record can be edited again.
 void ArrEditorClosed(Application& app);
 

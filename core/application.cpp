@@ -23,6 +23,11 @@ Application::Application(ui::Toolkit& the_toolkit, MidiService& the_service, Dis
   core.NotebookFile = JoinPath(directory, "Zentaline-Notebook.txt");
   core.MultisampleFile = JoinPath(directory, "i40Multisample");
   core.DatabaseDir = JoinPath(directory, "i40DBArr");
+  toolkit.on_event_end = [this] { undo.EventEnded(); };
+}
+
+Application::~Application() {
+  toolkit.on_event_end = nullptr;
 }
 
 bool Application::Start() {

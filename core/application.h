@@ -9,6 +9,7 @@
 #include "base/disk.h"
 #include "core/edits.h"
 #include "core/state.h"
+#include "core/undo.h"
 #include "files/state.h"
 #include "global/state.h"
 #include "midi/service.h"
@@ -25,6 +26,7 @@ class MainWindow;
 struct Application {
   // All three are borrowed and outlive the application. `directory` is where the program's files are.
   Application(ui::Toolkit& the_toolkit, MidiService& the_service, Disk& the_disk, const std::string& directory);
+  ~Application();
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
 
@@ -50,6 +52,7 @@ struct Application {
   AidsState aids;
 
   Edits edits{*this};  // what can be saved changes through it
+  Undo undo{*this};    // and is taken back by it
 
   bool reopening_chain = false;  // the timers that bring windows back are running
 

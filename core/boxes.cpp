@@ -31,16 +31,24 @@ std::string WithName(std::string_view text, std::string_view name) {
 
 void ShowMessage(Application& app, int code, const std::string& title, const std::string& name) {
   const std::string text = code == 1 ? name : WithName(GetText(app, MessageTextId(code)), name);
+  const Undo::Hold hold(app);
   app.toolkit.MessageBox(ui::BoxStyle::kOk, title, text);
 }
 
 ui::BoxAnswer AskYesNo(Application& app, int code, const std::string& name, const std::string& title) {
+  const Undo::Hold hold(app);
   return app.toolkit.MessageBox(ui::BoxStyle::kYesNo, title.empty() ? ActiveCaption(app) : title,
                                 QuestionText(app, YesNoTexts(code), name));
 }
 
 ui::BoxAnswer AskYesNoCancel(Application& app, int code, const std::string& title, const std::string& name) {
+  const Undo::Hold hold(app);
   return app.toolkit.MessageBox(ui::BoxStyle::kYesNoCancel, title, QuestionText(app, YesNoCancelTexts(code), name));
+}
+
+ui::FileDialogAnswer AskForFile(Application& app, const ui::FileDialogRequest& request) {
+  const Undo::Hold hold(app);
+  return app.toolkit.FileDialog(request);
 }
 
 void ShowWait(Application& app, int code, const std::string& name) {

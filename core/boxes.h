@@ -27,6 +27,9 @@ ui::BoxAnswer AskYesNo(Application& app, int code, const std::string& name = {},
 // A question with Yes, No and Cancel, codes 0 to 3.
 ui::BoxAnswer AskYesNoCancel(Application& app, int code, const std::string& title, const std::string& name = {});
 
+// The file dialog.
+ui::FileDialogAnswer AskForFile(Application& app, const ui::FileDialogRequest& request);
+
 // The wait label, codes 1 to 9; code 0 clears it.
 void ShowWait(Application& app, int code, const std::string& name = {});
 

@@ -1,17 +1,20 @@
 // What all child windows have in common: their image, and what the main window asks of the one in front.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "base/bytes.h"
+#include "core/edit_tally.h"
 #include "core/state.h"
 #include "ui/form.h"
 
 namespace zentaline {
 
 struct Application;
+struct EditStep;
 
 // A button's function, which a menu entry may share.
 enum class WindowFunction {
@@ -67,6 +70,9 @@ class ChildWindow : public ui::Form {
   virtual ui::ListBox* ItemList() { return nullptr; }
   // Shows rows one by one, with what follows from them: selection and focus stay, and nothing is clicked.
   virtual void ShowItems(const ItemsShown& shown) { (void)shown; }
+  // Bytes of the window's image have been taken back or brought forth: shows them silently, with the row or the control
+  // that they belong to; the instrument follows where it follows the window's own controls.
+  virtual void ShowStep(const EditStep& step) { (void)step; }
   // Whether another window takes this one along at its closing, and asks for it.
   virtual bool GoesWithAnother() const { return false; }
   // The caption by the image.
@@ -122,6 +128,7 @@ class ChildWindow : public ui::Form {
 
   Application& app_;
   Bytes window_image_;
+  std::array<EditTally, 3> tallies_;  // of its marks, for Edits
   struct FirstRoom {
     ui::Font font;
     ui::Size characters;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/bytes.h"
+#include "core/edit_tally.h"
 
 namespace zentaline {
 
@@ -31,6 +32,7 @@ class EditedFlag {
  private:
   friend class Edits;
   bool value_ = false;
+  EditTally tally_;
 };
 
 }  // namespace zentaline

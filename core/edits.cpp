@@ -5,6 +5,7 @@
 
 #include "core/application.h"
 #include "core/child_window.h"
+#include "core/edit_listener.h"
 #include "core/window_image.h"
 
 namespace zentaline {
@@ -12,9 +13,6 @@ namespace zentaline {
 namespace {
 
 using Thing = EditTarget::Thing;
-
-constexpr std::size_t kMostActions = 2000;
-constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
 // Differences that are no further apart are one piece.
 constexpr std::size_t kGap = 64;
@@ -147,27 +145,52 @@ void Edits::Mark(ChildWindow& window, std::size_t position, int value) {
   const EditMark mark{ImageOf(window), position};
   NoteMark(mark, ByteAt(window.window_image_, position), value & 0xFF);
   SetMark(mark, value);
+  NoteSet(mark, value != 0);
 }
 
 void Edits::Mark(const EditTarget& record, bool changed) {
   bool& flag = FlagOf(record);
   NoteMark({record}, flag ? 1 : 0, changed ? 1 : 0);
   flag = changed;
+  NoteSet({record}, changed);
+}
+
+// A mark that is taken away stands for what it is about as it is now.
+void Edits::NoteSet(const EditMark& mark, bool set) {
+  if (set) {
+    if (!bytes_changed_) set_.push_back(mark);
+  } else if (EditTally* tally = TallyOf(mark.target, mark.position)) {
+    tally->Save(0);
+    std::erase(set_, mark);
+  }
 }
 
 // --- What is no action ---
 
 void Edits::TakeImage(ChildWindow& window, Bytes image) {
   window.window_image_ = std::move(image);
+  window.tallies_ = {};
+  if (std::find(opened_.begin(), opened_.end(), &window) == opened_.end()) opened_.push_back(&window);
 }
 
 void Edits::TakeRecord(const EditTarget& record, Bytes bytes) {
   ForgetRecord(record);
   BytesOf(record) = std::move(bytes);
+  if (listener_ != nullptr) listener_->Taken(record);
 }
 
 void Edits::ForgetRecord(const EditTarget& record) {
   Drop(record);
+  TallyOf(record, 0)->Save(FlagOf(record) ? 1 : 0);
+}
+
+void Edits::TakeOver(const EditTarget& record, Bytes bytes) {
+  BytesOf(record) = std::move(bytes);
+  if (listener_ != nullptr) listener_->Taken(record);
+}
+
+void Edits::ForgetDatabase() {
+  Drop(kDatabaseImage);
 }
 
 // Actions fit only as long as they find what they left.
@@ -199,9 +222,19 @@ void Edits::TakeSaved(ChildWindow& window, Bytes image, bool whole) {
   Add(whole ? EditAction::Kind::kSave : EditAction::Kind::kFailedSave, app_.toolkit.cause()).window = &window;
   NoteDifference(ImageOf(window), before, {});
   growing_ = nullptr;
+  untold_ = false;
+  TallySaved(window);
+  if (listener_ != nullptr) listener_->Saved(window, whole);
 }
 
 void Edits::Closed(ChildWindow& window) {
+  Settle();
+  std::erase(opened_, &window);
+  std::erase_if(set_, [&](const EditMark& mark) { return mark.target == ImageOf(window); });
+  for (EditAction& action : actions_) {
+    std::erase_if(action.shown, [&](const EditShown& shown) { return &shown.control->form() == &window; });
+  }
+  if (listener_ != nullptr) listener_->Closed(window);
   Drop(ImageOf(window));
 }
 
@@ -221,6 +254,7 @@ EditAction& Edits::Current() {
 }
 
 EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
+  Settle();
   if (standing_ > 0 && SaysNothing(actions_[standing_ - 1])) {
     actions_.erase(actions_.begin() + static_cast<std::ptrdiff_t>(standing_ - 1));
     --standing_;
@@ -236,8 +270,11 @@ EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
 
 void Edits::NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
                       const EditWords& words) {
+  if (most_actions_ == 0) return;
   EditAction& action = Current();
   if (action.changes.empty()) DropTakenBack();
+  bytes_changed_ = untold_ = true;
+  ++changes_;
   if (action.words.what.empty()) action.words = words;
   // A bar that goes on moving writes the same bytes again.
   std::size_t searched = 0;
@@ -256,8 +293,9 @@ void Edits::NotePiece(const EditTarget& target, std::size_t position, std::strin
 }
 
 void Edits::NoteMark(const EditMark& mark, int before, int after) {
-  if (before == after) return;
+  if (before == after || most_actions_ == 0) return;
   EditAction& action = Current();
+  untold_ = true;
   for (EditMarkChange& noted : action.marks) {
     if (noted.mark != mark) continue;
     noted.after = after;
@@ -315,24 +353,30 @@ void Edits::NoteRuns(const EditTarget& target, std::size_t from, std::string_vie
 // --- The list ---
 
 const EditAction* Edits::StepBack() {
-  growing_ = nullptr;
+  Settle();
   if (standing_ == 0) return nullptr;
   const EditAction& action = actions_[--standing_];
+  ++changes_;
+  if (action.IsStep()) Count(action, -1);
   for (auto change = action.changes.rbegin(); change != action.changes.rend(); ++change) {
     Replace(BytesOf(change->target), change->position, change->after.size(), change->before);
   }
   for (const EditMarkChange& each : action.marks) SetMark(each.mark, each.before);
+  if (listener_ != nullptr) listener_->TakenBack(action);
   return &action;
 }
 
 const EditAction* Edits::StepForward() {
-  growing_ = nullptr;
+  Settle();
   if (standing_ == actions_.size()) return nullptr;
   const EditAction& action = actions_[standing_++];
+  ++changes_;
+  if (action.IsStep()) Count(action, 1);
   for (const EditChange& change : action.changes) {
     Replace(BytesOf(change.target), change.position, change.before.size(), change.after);
   }
   for (const EditMarkChange& each : action.marks) SetMark(each.mark, each.after);
+  if (listener_ != nullptr) listener_->BroughtForth(action);
   return &action;
 }
 
@@ -355,36 +399,53 @@ void Edits::Drop(const EditTarget& target) {
   for (std::size_t i = standing_; i < actions_.size(); ++i) look(i, lost);
 
   if (std::find(goes.begin(), goes.end(), true) == goes.end()) return;
+  ++changes_;
+  const std::int64_t growing = growing_ == nullptr ? 0 : growing_->number;
+  growing_ = nullptr;
   std::deque<EditAction> kept;
+  std::vector<EditAction> unreached;
   std::size_t standing = 0;
   for (std::size_t i = 0; i < actions_.size(); ++i) {
+    EditAction& action = actions_[i];
     if (goes[i]) {
-      size_ -= SizeOf(actions_[i]);
+      size_ -= SizeOf(action);
+      if (!action.counted && action.IsStep()) Count(action, 1);
+      if (listener_ != nullptr) listener_->Left(action);
+      if (i >= standing_) unreached.push_back(std::move(action));
       continue;
     }
-    kept.push_back(std::move(actions_[i]));
+    kept.push_back(std::move(action));
+    if (kept.back().number == growing) growing_ = &kept.back();
     if (i < standing_) ++standing;
   }
   actions_ = std::move(kept);
   standing_ = standing;
-  if (growing_ != nullptr) growing_ = standing_ > 0 ? &actions_[standing_ - 1] : nullptr;
+  if (growing_ == nullptr) untold_ = false;
+  for (const EditAction& gone : unreached) LoseUnreached(gone);
 }
 
 void Edits::DropTakenBack() {
-  for (; actions_.size() > standing_; actions_.pop_back()) size_ -= SizeOf(actions_.back());
+  LoseForward();
+  for (; actions_.size() > standing_; actions_.pop_back()) {
+    size_ -= SizeOf(actions_.back());
+    if (listener_ != nullptr) listener_->Left(actions_.back());
+  }
 }
 
 // The new action has the memory of the last one that went.
 EditAction Edits::DropOldest() {
   EditAction room;
-  while (standing_ > 0 && (actions_.size() >= kMostActions || size_ > kMostBytes)) {
+  while (standing_ > 0 && (actions_.size() >= most_actions_ || size_ > most_bytes_)) {
     room = std::move(actions_.front());
     size_ -= SizeOf(room);
+    if (listener_ != nullptr) listener_->Left(room);
     actions_.pop_front();
     --standing_;
   }
   room.changes.clear();
   room.marks.clear();
+  room.shown.clear();
+  room.counted = false;
   room.words = {};
   room.window = nullptr;
   return room;

@@ -2,7 +2,8 @@
 // records under edit, the database, and what the instrument holds of global parameters. A change is noted with what it
 // is in a musician's words and with the user's action that made it, so that it can be taken back; with it are noted the
 // marks that say that something is changed. The door refuses nothing: whoever comes through it has asked whether the
-// file is read-only.
+// file is read-only. An EditListener (core/edit_listener.h) is told of each window that opens, is saved and closes, and
+// of each action when the event that made it ends, when it is taken back, brought forth, and leaves the list.
 #pragma once
 
 #include <cstddef>
@@ -14,12 +15,14 @@
 #include <vector>
 
 #include "base/bytes.h"
+#include "core/edit_tally.h"
 #include "ui/toolkit.h"
 
 namespace zentaline {
 
 struct Application;
 class ChildWindow;
+class EditListener;
 
 // Where bytes stand.
 struct EditTarget {
@@ -66,6 +69,19 @@ struct EditMarkChange {
   int after;
 };
 
+// What a control showed before an action and after it: the value of a bar, the row of a list, whether a button can be
+// used, or the text of a box, of a label, or of a list's row.
+struct EditValue {
+  int number = 0;
+  std::string text = {};
+};
+struct EditShown {
+  ui::Control* control;
+  int row;  // of a list whose rows are texts; -1 for the control itself
+  EditValue before;
+  EditValue after;
+};
+
 // What one action of the user's changed, or what a save did.
 struct EditAction {
   enum class Kind : unsigned char {
@@ -80,9 +96,13 @@ struct EditAction {
   EditWords words = {};
   std::vector<EditChange> changes = {};  // in their order
   std::vector<EditMarkChange> marks = {};
+  std::vector<EditShown> shown = {};
+  bool counted = false;  // in the tallies of what it changed
 
   // An event that only set marks is noted, but is no action.
   bool ChangesBytes() const;
+  // Whether it is a step that can be taken back.
+  bool IsStep() const { return kind == Kind::kUser && ChangesBytes(); }
 };
 
 class Edits {
@@ -110,6 +130,9 @@ class Edits {
   void Mark(ChildWindow& window, std::size_t position, int value);
   // EditorChanged or ProgramChanged.
   void Mark(const EditTarget& record, bool changed);
+  // What a control showed before the change that the running event has made, and shows now. Nothing is noted of an
+  // event that has changed no byte.
+  void NoteShown(ui::Control& control, EditValue before, EditValue after, int row = -1);
 
   // --- What is no action ---
 
@@ -136,6 +159,11 @@ class Edits {
   void TakeSaved(ChildWindow& window, Bytes image, bool whole);
   // The window has closed; its actions go, and with them what wouldn't fit any more.
   void Closed(ChildWindow& window);
+  // The file's own record is another one, which the editor takes over; its actions stay, since the step back or forth
+  // that changed the file leads to where they fit.
+  void TakeOver(const EditTarget& record, Bytes bytes);
+  // The database on the disk is no longer what the actions left.
+  void ForgetDatabase();
 
   // --- The list ---
 
@@ -146,6 +174,23 @@ class Edits {
   // shown or sent. Null when there is none.
   const EditAction* StepBack();
   const EditAction* StepForward();
+  // The step that is taken back next, or brought forth; null when there is none. And how many there are.
+  const EditAction* NextBack() const;
+  const EditAction* NextForward() const;
+  int BackCount() const;
+  int ForwardCount() const;
+  // The marks of what the entry touched say whether it is away from what was saved; StepBack and StepForward alone give
+  // them the values that they had.
+  void SetTrueMarks(const EditAction& action);
+  // Grows with whatever may change what can be taken back.
+  std::int64_t changes() const { return changes_; }
+  // No more than so many actions, and no more bytes in them; none at all with 0 of both.
+  void SetLimits(std::size_t actions, std::size_t bytes);
+
+  // One listener at most, null for none; core/edit_listener.h says what it is told and when.
+  void SetListener(EditListener* listener) { listener_ = listener; }
+  // The outermost event, or a timer's handler, has ended.
+  void EventEnded();
 
  private:
   // Notes at its end what has changed since its beginning.
@@ -173,10 +218,26 @@ class Edits {
   void NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
                  const EditWords& words);
   void NoteMark(const EditMark& mark, int before, int after);
+  void NoteSet(const EditMark& mark, bool set);
   void NoteDifference(const EditTarget& target, std::string_view before, const EditWords& words);
   void NoteRuns(const EditTarget& target, std::size_t from, std::string_view before, std::string_view after,
                 const EditWords& words);
   void NoteMarks(ChildWindow& window, std::string_view before);
+
+  // The newest entry doesn't grow any more.
+  void Settle();
+  // Adds `one` to the tallies of what the entry changed.
+  void Count(const EditAction& action, int one);
+  EditTally* TallyOf(const EditTarget& target, std::size_t position);
+  void StayMarked(const EditMark& mark);
+  int MarkValue(const EditMark& mark);
+  void TallySaved(ChildWindow& window);
+  // Tells the listener of the newest entry if it has changed.
+  void Tell();
+  // What was taken back can't be brought forth: a save that lies there isn't reached any more.
+  void LoseForward();
+  void LoseUnreached(const EditMark& part);
+  void LoseUnreached(const EditAction& gone);
 
   // Takes out all that touches a target, and what wouldn't fit without it.
   void Drop(const EditTarget& target);
@@ -190,6 +251,14 @@ class Edits {
   std::size_t size_ = 0;  // of the bytes in the list
   std::int64_t last_number_ = 0;
   EditAction* growing_ = nullptr;  // the newest entry that stands, while it can still grow
+  std::size_t most_actions_ = 2000;
+  std::size_t most_bytes_ = std::size_t{64} << 20;
+  std::int64_t changes_ = 0;
+  bool untold_ = false;         // growing_ has changed since the listener was told
+  bool bytes_changed_ = false;  // by the event that runs
+  std::vector<EditMark> set_;   // that this event has set, so far without changing a byte
+  std::vector<ChildWindow*> opened_;
+  EditListener* listener_ = nullptr;
 };
 
 }  // namespace zentaline

@@ -79,6 +79,8 @@ void frmMain::ConnectMenus() {
     mnuDevMIDIOut(device).on_click = [this, device] { ChooseMidiOut(app(), device); };
     mnuDevMIDIIn(device).on_click = [this, device] { ChooseMidiIn(app(), device); };
   }
+  Menu(mnuAnnulla).on_click = [this] { app().undo.TakeBack(); };
+  Menu(mnuRipeti).on_click = [this] { app().undo.BringForth(); };
   Menu(mnuIngrandisci).on_click = [this] { Enlarge(); };
   using ItemsCommand = void (*)(Application&, ChildWindow&);
   for (const auto& [entry, command] : std::initializer_list<std::pair<MenuId, ItemsCommand>>{
@@ -160,6 +162,7 @@ void frmMain::Load() {
   ShowRecentFiles();
   ShowArrUEntry();
   ShowPrgUEntry();
+  for (const MenuId entry : {mnuAnnulla, mnuRipeti}) Menu(entry).SetEnabled(false);
   Menu(mnuGlobalParam).SetEnabled(app().core.settings.GlobalSetInInstrument == 1);
   // The start is silent: where there is no database nothing is missing yet.
   EnableDatabaseEntries(DBCheckSilently(app()) == 0);

@@ -31,6 +31,8 @@ enum class MenuId {
   mnuStampaTabella,
   mnuExit,
   mnuModifica,
+  mnuAnnulla,
+  mnuRipeti,
   mnuIngrandisci,
   mnuTaglia,
   mnuCopia,

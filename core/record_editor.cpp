@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/undo.h"
 #include "record/field_text.h"
 
 namespace zentaline {
@@ -33,6 +34,20 @@ int RawAfter(const EditorRow& row, int raw, int shown) {
 
 int SentValue(const EditorRow& row, int shown) {
   return row.Has(kSendsShown) || row.Has(kStoresRow) ? shown : CodedValue(*row.field, shown);
+}
+
+int SentOfRaw(const EditorRow& row, int raw) {
+  const Field& field = *row.field;
+  const int bits = raw >> field.place.shift & field.place.mask;
+  if (row.Has(kStoresRow)) return bits;
+  const int shown = field_coding::Decoded(field, raw);
+  if (shown != kNotShown) return SentValue(row, shown);
+  return field.coding == FieldCoding::kBits ? bits : raw;
+}
+
+bool Differ(const Field& field, int raw, int other) {
+  const int bits = field.coding == FieldCoding::kWord ? 0xFFFF : field_check::BitsOf(field, 0);
+  return ((raw ^ other) & bits) != 0;
 }
 
 std::string RecordEditorHost::ValueText(const EditorControl& control, int shown) const {
@@ -125,6 +140,7 @@ void RecordEditor::Show(EditorControl& bound, bool raises) {
       raises ? list.SetRow(shown) : list.ShowRow(shown);
     }
   }
+  bound.shown = Shown(bound);
   ShowLabel(bound);
 }
 
@@ -143,10 +159,62 @@ int RecordEditor::Shown(const EditorControl& bound) {
   }
 }
 
-void RecordEditor::Store(const EditorControl& bound, int shown) {
+void RecordEditor::Store(EditorControl& bound, int shown) {
   const Field& field = bound.field();
   const int raw = RawAt(field, edits_.Read(target_), bound.start);
   edits_.Put(target_, bound.position(), RawBytes(field, RawAfter(*bound.row, raw, shown)), {field.name, bound.owner});
+  NoteShown(bound);
+}
+
+void RecordEditor::NoteShown(EditorControl& bound) {
+  const int shown = Shown(bound);
+  edits_.NoteShown(*bound.control, {bound.shown}, {shown});
+  bound.shown = shown;
+}
+
+bool RecordEditor::ShowAgain(const ui::Control& control, int shown) {
+  EditorControl* bound = Of(control);
+  if (bound == nullptr) return false;
+  zentaline::ShowAgain(*bound->control, {shown}, -1);
+  bound->shown = shown;
+  ShowLabel(*bound);
+  return true;
+}
+
+void RecordEditor::NotePositions() {
+  for (std::size_t i = 0; i < controls_.size(); ++i) {
+    const std::size_t position = controls_[i].position();
+    at_.resize(std::max(at_.size(), position + controls_[i].field().Width()));
+    for (std::size_t byte = 0; byte < controls_[i].field().Width(); ++byte) at_[position + byte].push_back(i);
+  }
+}
+
+std::vector<EditorControl*> RecordEditor::Changed(const EditAction& action, std::string_view before) {
+  if (at_.empty()) NotePositions();
+  std::vector<std::size_t> found;
+  for (const EditChange& change : action.changes) {
+    if (change.target != target_) continue;
+    const std::size_t end = std::min(change.position + change.after.size(), at_.size());
+    for (std::size_t at = change.position; at < end; ++at) found.insert(found.end(), at_[at].begin(), at_[at].end());
+  }
+  std::sort(found.begin(), found.end());
+  found.erase(std::unique(found.begin(), found.end()), found.end());
+  std::vector<EditorControl*> changed;
+  for (const std::size_t i : found) AddIfChanged(changed, controls_[i], before);
+  return changed;
+}
+
+std::vector<EditorControl*> RecordEditor::Changed(std::string_view before) {
+  std::vector<EditorControl*> changed;
+  for (EditorControl& bound : controls_) AddIfChanged(changed, bound, before);
+  return changed;
+}
+
+void RecordEditor::AddIfChanged(std::vector<EditorControl*>& changed, EditorControl& bound,
+                                std::string_view before) const {
+  const Field& field = bound.field();
+  const int now = RawAt(field, edits_.Read(target_), bound.start);
+  if (Differ(field, now, RawAt(field, before, bound.start))) changed.push_back(&bound);
 }
 
 EditorControl* RecordEditor::Of(const ui::Control& control) {

@@ -69,6 +69,10 @@ int ShownIn(const EditorRow& row, int raw);
 int RawAfter(const EditorRow& row, int raw, int shown);
 // What goes out, negative below zero.
 int SentValue(const EditorRow& row, int shown);
+// The same for what the record holds: what the control sent when it stored these raw bytes, or would have sent.
+int SentOfRaw(const EditorRow& row, int raw);
+// Whether two raw values differ in what is the field's own.
+bool Differ(const Field& field, int raw, int other);
 
 // A row with the controls that stand for it.
 struct EditorControl {
@@ -79,6 +83,7 @@ struct EditorControl {
   ui::Control* control;
   ui::Label* value = nullptr;  // shows the value of a bar
   ui::Label* name = nullptr;   // of a control that doesn't carry its name itself
+  int shown = 0;               // what the control showed when it was shown or stored last
 
   const Field& field() const { return *row->field; }
   std::size_t position() const { return start + field().place.offset; }
@@ -119,7 +124,14 @@ class RecordEditor {
 
   static int Shown(const EditorControl& bound);
   // The value goes into the record by the row.
-  void Store(const EditorControl& bound, int shown);
+  void Store(EditorControl& bound, int shown);
+  // The record was changed by others: the control's new value belongs to the action that did it.
+  void NoteShown(EditorControl& bound);
+  // Shows silently what the control showed at a step; false when it isn't one of these.
+  bool ShowAgain(const ui::Control& control, int shown);
+  // The controls whose fields differ from what the record was before the step, in the order in which they were bound.
+  std::vector<EditorControl*> Changed(const EditAction& action, std::string_view before);
+  std::vector<EditorControl*> Changed(std::string_view before);
 
   std::deque<EditorControl>& controls() { return controls_; }
   EditorControl* Of(const ui::Control& control);
@@ -127,6 +139,8 @@ class RecordEditor {
  private:
   void SetUp(EditorControl& bound);
   void Show(EditorControl& bound, bool raises);
+  void NotePositions();
+  void AddIfChanged(std::vector<EditorControl*>& changed, EditorControl& bound, std::string_view before) const;
 
   ui::Form& form_;
   RecordEditorHost& host_;
@@ -135,6 +149,7 @@ class RecordEditor {
   std::deque<EditorControl> controls_;
   std::unordered_map<const ui::Control*, EditorControl*> of_;
   std::vector<std::unique_ptr<ui::Label>> names_;
+  std::vector<std::vector<std::size_t>> at_;  // by position of the record: which controls show it
 };
 
 }  // namespace zentaline

@@ -31,6 +31,8 @@ constexpr NumberRow kNumbers[] = {
     {"LanguageCode", [](const Application& app) -> long { return app.core.LanguageCode; }},
     {"LanguageOffset", [](const Application& app) -> long { return app.core.LanguageOffset; }},
     {"WarningAnswer", [](const Application& app) -> long { return app.core.WarningAnswer; }},
+    {"UndoCount", [](const Application& app) -> long { return app.edits.BackCount(); }},
+    {"RedoCount", [](const Application& app) -> long { return app.edits.ForwardCount(); }},
     {"OpenChildCount", [](const Application& app) -> long { return app.core.OpenChildCount; }},
     {"MidiOutHandle", [](const Application& app) -> long { return app.midi.MidiOutHandle; }},
     {"MidiInHandle", [](const Application& app) -> long { return app.midi.MidiInHandle; }},

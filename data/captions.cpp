@@ -22,6 +22,8 @@ constexpr ControlText kCaptions[] = {
     {"frmMain", "mnuImportaPrgi30", "prg (i30)", "prg (i30)"},
     {"frmMain", "mnuImportaArri5", "arr (vecchia serie i)", "arr (old i-series)"},
     {"frmMain", "mnuImportaPcgi5", "pcg (vecchia serie i)", "pcg (old i-series)"},
+    {"frmMain", "mnuAnnulla", "&Annulla", "&Undo"},
+    {"frmMain", "mnuRipeti", "&Ripeti", "&Redo"},
     {"frmMain", "mnuLoadAll", "Carica Tutto", "Load All"},
     {"frmMain", "mnuShowSty", "Visualizza Style", "Show Style"},
     {"frmMain", "mnuEditPerf", "Modifica Performance", "Edit Performance"},

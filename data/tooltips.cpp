@@ -93,6 +93,8 @@ constexpr ControlText kTips[] = {
 
     // Edit menu.
     {"frmMain", "mnuModifica", "Modificare, copiare e trasmettere le righe selezionate", "Edit, copy and send the selected rows"},
+    {"frmMain", "mnuAnnulla", "Riporta tutto a prima dell'ultima modifica; lo strumento segue", "Takes the last change back; the instrument follows"},
+    {"frmMain", "mnuRipeti", "Fa di nuovo la modifica annullata", "Makes the change again that was taken back"},
     {"frmMain", "mnuIngrandisci", "Ingrandisce la finestra, o la riporta com'era", "Makes the window larger, or as it was before"},
     {"frmMain", "mnuTaglia", "Toglie le righe selezionate e le tiene per incollarle", "Takes the selected rows away and keeps them for pasting"},
     {"frmMain", "mnuCopia", "Tiene una copia delle righe selezionate per incollarla", "Keeps a copy of the selected rows for pasting"},

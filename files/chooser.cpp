@@ -191,7 +191,7 @@ ChooseResult OpenChooser(Application& app, int kind) {
   request.filter = PresetFilter(kind, app.files.OldFormatWanted);
   request.directory = PresetDirectory(app.files, request.filter);
   request.read_only = app.core.settings.RdOnly;
-  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(request);
+  const ui::FileDialogAnswer answer = AskForFile(app, request);
   if (answer.cancelled || answer.path.empty()) return kChooseFailed;
   app.files.ReadOnlyAnswer = answer.read_only;
   app.files.ChosenPath = answer.path;

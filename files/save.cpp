@@ -137,7 +137,7 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
   const FileKind* kind = SavedKind(window);
   if (kind == nullptr) return false;
   const FileSaving& saving = *kind->saving;
-  const ui::FileDialogAnswer answer = app.toolkit.FileDialog(SaveRequest(app, *kind, window));
+  const ui::FileDialogAnswer answer = AskForFile(app, SaveRequest(app, *kind, window));
   if (answer.cancelled || answer.path.empty()) return false;
   // The selected filter decides what is written.
   const bool whole = IsWhole(saving.type(image), answer.filter);

@@ -84,10 +84,26 @@ void frmGbl::ResetScale(int scale) {
   const std::size_t start = kWindowFilePosition + kUserScaleBlock.StartOf(scale);
   app().edits.Put(ImageOf(*this), start, Bytes(kNotesOfScale, '\0'),
                   {"Reset", kScaleNames[static_cast<std::size_t>(scale)]});
-  for (int note = 0; note < kNotesOfScale; ++note)
-    rows_.Show(*scale_bars_[static_cast<std::size_t>(kNotesOfScale * scale + note)]);
+  for (int note = 0; note < kNotesOfScale; ++note) {
+    EditorControl& bar = *scale_bars_[static_cast<std::size_t>(kNotesOfScale * scale + note)];
+    const int shown = bar.shown;
+    rows_.Show(bar);
+    app().edits.NoteShown(*bar.control, {shown}, {bar.shown});
+  }
   MarkChanged();
   CommLoadGbl.Press();
+}
+
+void frmGbl::ShowStep(const EditStep& step) {
+  for (const EditShown& each : step.action.shown) rows_.ShowAgain(*each.control, step.Shown(each).number);
+  ShowDamper();
+  if (step.action.kind == EditAction::Kind::kUser) Send();
+  ShowPlace(*this, step);
+}
+
+void frmGbl::ShowDamper() {
+  const bool plus = ShownAt(gbl_editor::kDamper, window_image(), kWindowFilePosition) == 1;
+  for (const int i : {0, 1}) GblOption1[i].ShowValue(plus == (i == 0));
 }
 
 void frmGbl::MarkChanged() {

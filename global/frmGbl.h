@@ -9,6 +9,7 @@
 
 #include "core/child_window.h"
 #include "core/record_editor.h"
+#include "core/undo.h"
 #include "global/gbl_editor_tables.h"
 #include "ui/control_array.h"
 #include "ui/picture.h"
@@ -45,6 +46,8 @@ class frmGbl : public ChildWindow, private RecordEditorHost {
 
   // Shows the block in all controls; nothing is sent.
   void FillGlobalWindow();
+  // The block has gone a step back or forth; it goes out once.
+  void ShowStep(const EditStep& step) override;
 
   bool CanSave() const override { return true; }
   bool NeverSaved() const override { return !HasFile(); }
@@ -74,6 +77,7 @@ class frmGbl : public ChildWindow, private RecordEditorHost {
   void ChooseDamper(bool plus);
   void ResetScale(int scale);
   void Send();
+  void ShowDamper();
   void MarkChanged();
   bool HasFile() const;
 

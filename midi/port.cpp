@@ -1,5 +1,6 @@
 // The port layer: the only code that calls the MIDI service.
 #include <algorithm>
+#include <optional>
 
 #include "core/application.h"
 #include "core/boxes.h"
@@ -11,6 +12,9 @@
 namespace zentaline {
 
 namespace {
+
+// Messages that are longer hold the program up.
+constexpr std::size_t kLongestAtOnce = 256;
 
 constexpr char kErrorBoxTitle[] = "Zentaline - Zentaline Console v 4.0 ";
 
@@ -85,6 +89,9 @@ void SendShort(Application& app) {
 int SendLong(Application& app) {
   MidiState& midi = app.midi;
   if (!midi.LongOutputOk || !midi.OutputOpen) return midi.MidiResult;
+  // It takes the time that the cable takes.
+  std::optional<Undo::Hold> hold;
+  if (midi.SysExBuffer.size() > kLongestAtOnce) hold.emplace(app);
   if (midi.MonitorOn) {
     MonitorLog(app, {});
     MonitorLog(app, midi.SysExBuffer);

@@ -11,6 +11,7 @@ namespace zentaline {
 
 struct Application;
 class ChildWindow;
+struct EditStep;
 
 // Both read into ProgramFileBuffer. 0 good, 1 the file system's error was shown, 2 a wrong file (shown), 3 absent.
 // The first takes a path with its extension, and either signature.
@@ -63,6 +64,8 @@ void OpenPerfEditor(Application& app, ChildWindow& bank);
 void ShowMultisamples(Application& app);
 // Shows EditRecord in the program editor, if it is open; nothing is sent or written.
 void FillProgramEditor(Application& app);
+// The program under edit has gone a step back or forth; the editors show it, and the instrument follows.
+void ShowProgramStep(Application& app, const EditStep& step);
 // Opens the program editor on a record, 0 to 63, of a bank, or brings it to the front with it.
 void OpenProgramEditor(Application& app, ChildWindow& bank, int index);
 // Closes the editors whose record came from this window; false when one refuses.

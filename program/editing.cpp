@@ -67,6 +67,8 @@ int CommitProgram(Application& app) {
                      PutEditRecord(image, record);
                      PutByte(image, kPrgChangedPosition, 1);
                    });
+  // What was done one by one is one action on the bank now.
+  app.edits.ForgetRecord(kPrgRecordUnderEdit);
   app.edits.Mark(kPrgRecordUnderEdit, false);
   ShowProgramName(*bank, ByteAt(record, edit_record::kIndex));
   if (app.main != nullptr) app.main->RefreshMenus();

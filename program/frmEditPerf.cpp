@@ -89,6 +89,7 @@ bool frmEditPerf::QueryClose() {
 void frmEditPerf::Unload() {
   app().program.PerfOpen = false;
   app().perf_editor = nullptr;
+  if (app().prg_editor == nullptr) app().edits.ForgetRecord(kPrgRecordUnderEdit);
   ChildWindow::Unload();
 }
 
@@ -126,20 +127,52 @@ void frmEditPerf::Refresh() {
 // --- Pressing ---
 
 void frmEditPerf::Press(int row, int way) {
+  const RowShown before = ShownOf(row);
   SetCount(row, Count(row) + way);
   Apply(row);
   if (Count(row) >= kPerfMost) CommUp[row].SetEnabled(false);
   if (Count(row) <= -kPerfMost) CommDown[row].SetEnabled(false);
   ShowBar(row);
+  NoteShown(row, before);
+}
+
+frmEditPerf::RowShown frmEditPerf::ShownOf(int row) const {
+  return {Count(row), CommUp[row].enabled(), CommDown[row].enabled()};
+}
+
+void frmEditPerf::NoteShown(int row, const RowShown& before) {
+  const RowShown now = ShownOf(row);
+  Edits& edits = app().edits;
+  edits.NoteShown(PerfLab[row], {before.count}, {now.count});
+  edits.NoteShown(CommUp[row], {before.up}, {now.up});
+  edits.NoteShown(CommDown[row], {before.down}, {now.down});
+}
+
+// The program has gone a step back or forth, and the rows with it.
+void frmEditPerf::ShowStep(const EditStep& step) {
+  for (const EditShown& each : step.action.shown) {
+    if (&each.control->form() != this) continue;
+    const EditValue& value = step.Shown(each);
+    if (each.control->kind() != ui::ControlKind::kLabel) {
+      ShowAgain(*each.control, value, each.row);
+      continue;
+    }
+    const int row = each.control->index();
+    SetCount(row, value.number);
+    app().program.PerfStepValue[static_cast<std::size_t>(row)] = value.number;
+    ShowBar(row);
+  }
 }
 
 void frmEditPerf::Reset(int row) {
+  const RowShown before = ShownOf(row);
   const ScopedValue resetting(app().program.PerfResetting, true);
   SetCount(row, 0);
   CommUp[row].SetEnabled(true);
   CommDown[row].SetEnabled(true);
   Apply(row);
   ShowBar(row);
+  NoteShown(row, before);
 }
 
 void frmEditPerf::Apply(int row) {

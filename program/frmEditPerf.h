@@ -6,6 +6,7 @@
 
 #include "core/child_window.h"
 #include "core/edits.h"
+#include "core/undo.h"
 #include "program/perf_tables.h"
 #include "ui/control_array.h"
 #include "ui/picture.h"
@@ -27,6 +28,7 @@ class frmEditPerf : public ChildWindow {
 
   // Shows a program that was just taken up: all counts at 0, and no button of a limit that it stands at.
   void Refresh();
+  void ShowStep(const EditStep& step) override;
 
   void Load() override;
   // The bank that the program came from asks for it.
@@ -43,6 +45,15 @@ class frmEditPerf : public ChildWindow {
   void SetCount(int row, int count);
   // The count's picture; the sound comes first.
   void ShowBar(int row);
+
+  // For steps back and forth: what a press changes of its row.
+  struct RowShown {
+    int count;
+    bool up;
+    bool down;
+  };
+  RowShown ShownOf(int row) const;
+  void NoteShown(int row, const RowShown& before);
 
   void Press(int row, int way);
   void Reset(int row);

@@ -81,6 +81,7 @@ bool frmEditPrg::QueryClose() {
 void frmEditPrg::Unload() {
   app().program.PrgEditorOpen = false;
   app().prg_editor = nullptr;
+  if (app().perf_editor == nullptr) app().edits.ForgetRecord(kPrgRecordUnderEdit);
   app().program.MultisoundTarget = 0;
   CloseMultisamples(app());
   ProgramEditorClosed(app());
@@ -97,6 +98,7 @@ void frmEditPrg::Fill() {
   const ScopedValue filling(app().program.ProgramFilling, true);
   SetCaption("Edit Program  " + EditedProgramTitle(app()));
   BasText[0].ShowText(Utf8FromBytes(TrimRight(Slice(record(), rec::kName, rec::kNameLength))));
+  name_shown_ = BasText[0].text();
   for (int oscillator : {1, 2}) ShowSound(oscillator);
   rows_.Show();
   ShowPans();
@@ -168,12 +170,7 @@ void frmEditPrg::Edit(EditorControl& control) {
   rows_.ShowLabel(control);
   if (Guarded()) return;
   const EditorRow& row = *control.row;
-  const bool of_effect = row.array == kEffCombo || row.array == kEffCheck || row.array == kEffHScroll;
-  const bool of_oscillator = row.array == kOscCombo || row.array == kOscCheck || row.array == kOscHScroll;
-  if (!of_effect) SendModeProgram(app());
-  if (of_oscillator) SelectOscillator(app(), control.block + 1);
-  // The octaves, which stand on the common page.
-  if (row.array == kBasCombo && row.index < 2) SelectOscillator(app(), row.index + 1);
+  AnnounceProgramParam(app(), row, control.block);
   const int shown = RecordEditor::Shown(control);
   rows_.Store(control, shown);
   MarkChanged();
@@ -205,12 +202,61 @@ void frmEditPrg::ChoosePlacement() {
   }
 }
 
+// --- Steps back and forth ---
+
+void frmEditPrg::ShowStep(const EditStep& step) {
+  const auto& shown = step.action.shown;
+  // Other rows for the pans come before what they showed.
+  const bool placed =
+      std::any_of(shown.begin(), shown.end(), [&](const auto& each) { return each.control == &EffCombo[4]; });
+  for (const EditShown& each : shown) {
+    if (each.control != &EffCombo[4]) continue;
+    rows_.ShowAgain(*each.control, step.Shown(each).number);
+    ShowPans();
+  }
+  for (const EditShown& each : shown) {
+    if (&each.control->form() != this || (placed && each.control == &EffCombo[4])) continue;
+    const EditValue& value = step.Shown(each);
+    if (!rows_.ShowAgain(*each.control, value.number)) ShowAgain(*each.control, value, each.row);
+  }
+  name_shown_ = BasText[0].text();
+  for (int oscillator : {1, 2}) {
+    const std::size_t position = kSoundPositions[oscillator];
+    if (WordLowFirst(record(), position) != WordLowFirst(step.record_before, position)) ShowSound(oscillator);
+  }
+}
+
+// Behind the messages: the sound comes first.
+void frmEditPrg::ShowAround(const EditStep& step) {
+  bool of_effects = false;
+  for (const EditShown& each : step.action.shown) {
+    const EditorControl* bound = rows_.Of(*each.control);
+    if (bound == nullptr) continue;
+    ShowPictureOf(*bound->row, bound->block);
+    of_effects |= bound->row->array >= kEffCombo;
+    if (each.control == &BasCombo[2]) ShowSilence();
+  }
+  if (of_effects) {
+    ShowEffects();
+    ShowRouting();
+  }
+  for (int oscillator : {1, 2}) {
+    const std::size_t position = kSoundPositions[oscillator];
+    if (WordLowFirst(record(), position) == WordLowFirst(step.record_before, position)) continue;
+    if (app().program.MultisoundTarget == oscillator) FollowMultisound(app());
+    if (toolkit().active_child() == this) ShowPlace(*this, BasText[oscillator]);
+  }
+  if (toolkit().active_child() == this) ShowPlace(*this, step);
+}
+
 // The instrument learns the name only with a bank.
 void frmEditPrg::TypeName() {
   if (Guarded()) return;
   Bytes name;
   if (!BytesFromUtf8(BasText[0].text(), name)) return;
   Put(rec::kName, Padded(name, rec::kNameLength), "Program Name", {});
+  app().edits.NoteShown(BasText[0], {0, name_shown_}, {0, BasText[0].text()});
+  name_shown_ = BasText[0].text();
   MarkChanged();
   ClosePerformance();
 }

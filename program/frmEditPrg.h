@@ -10,6 +10,7 @@
 
 #include "core/child_window.h"
 #include "core/record_editor.h"
+#include "core/undo.h"
 #include "program/envelope_picture.h"
 #include "program/prg_editor_tables.h"
 #include "ui/control_array.h"
@@ -51,6 +52,9 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   // Shows EditRecord; nothing is sent or written.
   void Fill();
   void SetBar(int array, int index, int value);
+  // The record has gone a step back or forth: its controls, and what stands around them.
+  void ShowStep(const EditStep& step) override;
+  void ShowAround(const EditStep& step);
   void Load() override;
   // The bank asks for it.
   bool GoesWithAnother() const override { return true; }
@@ -121,6 +125,7 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   std::vector<std::unique_ptr<EnvelopePicture>> envelopes_;  // in the order of kEnvelopes
   std::vector<std::unique_ptr<ui::Label>> labels_;
   std::vector<std::unique_ptr<ui::Frame>> frames_;
+  std::string name_shown_;              // in its box, before it is typed over
   std::array<ui::Label*, 2> silent_{};  // on the pages of the oscillators; the first one is never seen
 };
 

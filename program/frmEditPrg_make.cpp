@@ -145,6 +145,7 @@ ui::Label* frmEditPrg::ValueOf(int array, int index) const {
 void frmEditPrg::ConnectTexts() {
   BasText[0].max_length = program_record::kNameLength;
   BasText[0].bytes_only = true;
+  for (int box = 0; box <= kOscillators; ++box) BasText[box].of_record = true;
   BasText[0].on_change = [this] { TypeName(); };
   for (int oscillator : {1, 2}) {
     ui::TextBox& box = BasText[oscillator];

@@ -105,7 +105,7 @@ std::string frmPrgUN::RowText(int row) const {
 
 // A row that lost its program keeps its number alone.
 void frmPrgUN::ShowItems(const ItemsShown& shown) {
-  for (const int row : shown.rows) List1.SetRowText(row, shown.cut ? PanelNumberText(row) : RowText(row));
+  for (const int row : shown.rows) ShowRowText(row, shown.cut ? PanelNumberText(row) : RowText(row));
   if (!shown.cut && !shown.rows.empty()) CommLoad.SetEnabled(true);
   ShowEditButton();
   ShowName();

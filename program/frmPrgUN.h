@@ -23,11 +23,12 @@ class frmPrgUN : public ProgramListWindow {
   // Whether the editor can be opened on the row that is selected.
   void ShowEditButton();
   void ShowItems(const ItemsShown& shown) override;
+  void ShowStep(const EditStep& step) override;
   void FileSaved() override { channel_chosen_ = false; }
   // The row that is selected, -1 when there is none, or it is empty or a link.
   int SelectedProgram() const;
   // Rewrites the name in a row from its record; nobody hears it.
-  void ShowProgramName(int row) { List1.SetRowText(row, RowText(row)); }
+  void ShowProgramName(int row) { ShowRowText(row, RowText(row)); }
 
   void Load() override;
   void Resized() override;
@@ -42,6 +43,8 @@ class frmPrgUN : public ProgramListWindow {
  private:
   void FillRows();
   std::string RowText(int row) const;
+  // By the action that runs.
+  void ShowRowText(int row, std::string text);
   void LayOut();
   bool IsEmptyRow(int row) const;
   bool NeverSaved() const override;

@@ -30,6 +30,11 @@ bool AskToSaveProgram(Application& app, const ChildWindow& editor);
 // "Bank.prg / Name", for the captions of the editors.
 std::string EditedProgramTitle(const Application& app);
 
+// A bank's records have gone a step back or forth: the editors show their own one as it is now.
+void TakeOverProgram(Application& app, const ChildWindow& bank);
+// What goes out before the message of a row: the mode, and the oscillator.
+void AnnounceProgramParam(Application& app, const EditorRow& row, int block);
+
 // --- The program editor ---
 
 // Whether the record under edit is row 0 to 63 of this bank.

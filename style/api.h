@@ -27,6 +27,10 @@ std::string StylePartOfI30(const std::string& path, int part);
 // Splits an i30 file, `path` with its extension, into three .sty beside it: 0 done, 1 and 2 as StyFileRead.
 int StyImportI30(Application& app, const std::string& path);
 
+// Styles of this base name, as it is kept of a file that was sent, have changed: what the instrument holds counts as
+// unknown.
+void ForgetStylesSent(Application& app, const std::string& name);
+
 // Shows StyleImage in window 1 to 8, whose slot is marked open already; `path` is without extension.
 ChildWindow& OpenStyWindow(Application& app, int number, const std::string& path, bool read_only);
 // The whole of mnuNuovoSty: a new file of four empty styles, which has no name yet.

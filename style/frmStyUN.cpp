@@ -1,6 +1,8 @@
 #include "style/frmStyUN.h"
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "arrangement/api.h"
 #include "base/scoped_value.h"
@@ -8,11 +10,13 @@
 #include "core/boxes.h"
 #include "core/main_window.h"
 #include "core/send_steps.h"
+#include "core/undo.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
 #include "files/api.h"
 #include "midi/api.h"
+#include "style/api.h"
 #include "style/windows.h"
 
 namespace zentaline {
@@ -141,6 +145,24 @@ void frmStyUN::ShowItems(const ItemsShown&) {
     if (List1.RowText(row) != text) List1.SetRowText(row, std::move(text));
   }
   ShowSizes();
+}
+
+// And the first row that is another one now.
+void frmStyUN::ShowStep(const EditStep& step) {
+  std::vector<std::string> before;
+  for (int row = 0; row < kStyRowCount; ++row) before.push_back(List1.RowText(row) + SizeText(row));
+  ShowItems({});
+  for (int row = 0; row < kStyRowCount && step.action.changes.front().target == ImageOf(*this); ++row) {
+    if (List1.RowText(row) + SizeText(row) == before[static_cast<std::size_t>(row)]) continue;
+    List1.ShowRow(row);
+    break;
+  }
+  ForgetStylesSent(app(), CutText(BaseName(), kInstrumentNameLength));
+}
+
+std::string frmStyUN::SizeText(int row) const {
+  const int entry = StyRowEntry(row);
+  return entry < 0 ? std::string() : Text1[entry].text();
 }
 
 // Number and name; the number alone where there is no style, and a blank between two groups.

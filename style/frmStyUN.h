@@ -34,6 +34,7 @@ class frmStyUN : public ChildWindow {
   void ShowName() override;
   ui::ListBox* ItemList() override { return &List1; }
   void ShowItems(const ItemsShown& shown) override;
+  void ShowStep(const EditStep& step) override;
 
   void Load() override;
   bool QueryClose() override;
@@ -55,6 +56,7 @@ class frmStyUN : public ChildWindow {
   void FillRows();
   void ShowSizes();
   std::string RowText(int row) const;
+  std::string SizeText(int row) const;
 
   void ClickRow();
   void PressLoadSty();

@@ -6,6 +6,7 @@
 #include "core/send_steps.h"
 #include "data/message_codes.h"
 #include "midi/api.h"
+#include "style/api.h"
 
 namespace zentaline {
 
@@ -44,6 +45,12 @@ StyleStep PressLoadStyles(Application& app, const StyleTimers& timers, const Byt
   }
   EndStyles(app, timers, name);
   return StyleStep::kEnded;
+}
+
+void ForgetStylesSent(Application& app, const std::string& name) {
+  if (app.style.StyInInstrument != name) return;
+  app.style.StyInInstrument.clear();
+  if (app.main != nullptr) app.main->LabelSty.SetCaption({});
 }
 
 bool LoadingStyles(const StyleTimers& timers) {

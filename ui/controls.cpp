@@ -141,13 +141,18 @@ int ListBox::Row() const {
 
 void ListBox::SetRow(int row) {
   if (row >= rows()) return;
+  ShowRow(row);
+  if (row >= 0) Click();
+}
+
+void ListBox::ShowRow(int row) {
+  if (row >= rows()) return;
   std::fill(selected_.begin(), selected_.end(), false);
   if (row >= 0) {
     selected_[static_cast<std::size_t>(row)] = true;
     focus_row_ = row;
   }
   Changed(Change::kRow);
-  if (row >= 0) Click();
 }
 
 bool ListBox::Selected(int row) const {
@@ -395,6 +400,11 @@ void Tabs::SetPage(int page) {
   if (std::exchange(page_, page) == page) return;
   Changed(Change::kValue);
   Call(on_change);
+}
+
+void Tabs::ShowPage(int page) {
+  if (page < 0 || page >= static_cast<int>(captions.size())) return;
+  if (std::exchange(page_, page) != page) Changed(Change::kValue);
 }
 
 bool Tabs::UserSet(int page) {

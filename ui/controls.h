@@ -68,6 +68,7 @@ class TextBox : public Control {
   bool right_aligned = false;
   bool flat = false;        // without a frame of its own, filling its place in a column of others
   bool bytes_only = false;  // takes only characters that Windows-1252 holds
+  bool of_record = false;   // part of what the program can take back: it takes nothing back by itself
   Handler on_change;
   // Replaces the whole text. Refused when read-only, too long, or with a character that can't be taken.
   bool UserType(const std::string& text);
@@ -111,6 +112,7 @@ class ListBox : public Control {
   // Selects this row alone and raises a click, also when it was selected already. -1 takes the selection away,
   // silently.
   void SetRow(int row);
+  void ShowRow(int row);  // raises nothing
   bool Selected(int row) const;
   // All selected rows, ascending.
   std::vector<int> SelectedRows() const;
@@ -230,6 +232,7 @@ class Tabs : public Control {
   std::vector<std::string> captions;
   int page() const { return page_; }
   void SetPage(int page);
+  void ShowPage(int page);  // raises nothing
   Handler on_change;
   bool UserSet(int page);
 

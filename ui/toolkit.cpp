@@ -102,6 +102,7 @@ void Toolkit::DropForms() {
 void Toolkit::LeaveEvent() {
   if (--event_depth_ > 0) return;
   cause_ = kNoCause;
+  if (on_event_end) on_event_end();
   if (!closed_.empty()) const auto dying = std::exchange(closed_, {});
 }
 

@@ -80,6 +80,8 @@ class Toolkit {
   // scroll bar, and the typing in one text box, are one action while nothing else is done and no pause is longer than
   // kLongestPauseInMove. kNoCause while nothing runs.
   Cause cause();
+  // Called when the outermost event, or the handler of a timer outside of any, has ended.
+  Handler on_event_end;
   // The hand takes hold of something in a control, as a handle of a picture: until it lets go, all moves of the control
   // are one action, however long it takes.
   void HandTakes(const Control& control);

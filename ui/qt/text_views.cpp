@@ -1,5 +1,6 @@
 #include "ui/qt/text_views.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -15,10 +16,33 @@ namespace {
 
 constexpr int kNoLimit = 32767;  // characters; Qt's own
 
+// What the program takes back, and a text that can only be read, leave the keys for it to the menu.
+class Line : public QLineEdit {
+ public:
+  Line(const TextBox& box, QWidget* parent) : QLineEdit(parent), box_(box) {}
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool key = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (key && (box_.of_record || box_.read_only) && TakesBack(*static_cast<QKeyEvent*>(event))) {
+      event->ignore();
+      return false;
+    }
+    return QLineEdit::event(event);
+  }
+
+ private:
+  static bool TakesBack(const QKeyEvent& key) {
+    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+  }
+
+  const TextBox& box_;
+};
+
 class LineView : public View {
  public:
   LineView(TextBox& box, Gate& gate, QWidget* parent)
-      : View(box, gate, new QLineEdit(parent)), box_(box), widget_(static_cast<QLineEdit*>(View::widget())) {
+      : View(box, gate, new Line(box, parent)), box_(box), widget_(static_cast<QLineEdit*>(View::widget())) {
     // Files that are dropped on it are meant for the main window.
     widget_->setAcceptDrops(false);
     if (box.right_aligned) widget_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
