@@ -18,6 +18,7 @@
 #include "core/main_window.h"
 #include "core/undo.h"
 #include "core/window_image.h"
+#include "files/api.h"
 #include "style/api.h"
 
 namespace zentaline {
@@ -57,6 +58,7 @@ void ArrListWindow::ShowStep(const EditStep& step) {
     List1.ShowRow(row);
     RowShown(row);
   }
+  if (styles) FollowStyles(app(), *this, step.action);
   if (records) TakeOverArrRecord(app(), *this);
   ForgetSent(records, styles);
 }

@@ -13,6 +13,7 @@
 namespace zentaline {
 
 struct Application;
+struct EditAction;
 class ChildWindow;
 
 enum ChooseResult : int { kChosen = 0, kChooseFailed = 1, kChooseOpenAlready = 2, kChooseEmpty = 3 };
@@ -124,6 +125,10 @@ void PasteCopied(Application& app, ChildWindow& window);
 // a window that opens takes them from there, since the disk has older ones.
 ChildWindow* StylesWindow(const Application& app, int kind, const std::string& base);
 const ChildWindow* ChangedStyles(const Application& app, int kind, const std::string& base);
+
+// The styles of a window have gone a step back or forth: the window that shows the same ones goes along where the
+// action didn't touch it, as when it opened later. Both stay one file.
+void FollowStyles(Application& app, const ChildWindow& window, const EditAction& action);
 
 // CurrentFileDir and CurrentFileName; `path` is without extension.
 void SetCurrentFile(Application& app, const std::string& path);

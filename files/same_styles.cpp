@@ -2,6 +2,7 @@
 #include "arrangement/arr_format.h"
 #include "core/application.h"
 #include "core/child_window.h"
+#include "core/undo.h"
 #include "core/window_image.h"
 #include "files/api.h"
 #include "files/dialogs.h"
@@ -54,6 +55,17 @@ bool StylesOpenElsewhere(const Application& app, const ChildWindow& window, cons
     if (found != nullptr && found != &window && found != SameStyles(app, window)) return true;
   }
   return false;
+}
+
+void FollowStyles(Application& app, const ChildWindow& window, const EditAction& action) {
+  ChildWindow* same = SameStyles(app, window);
+  if (same == nullptr || StylePart(same->window_image()) == StylePart(window.window_image())) return;
+  if (ChangesWithin(action, ImageOf(*same), 0, std::string::npos)) return;
+  app.edits.Prepare(*same, [&](Bytes& image) {
+    PutStylePart(image, StylePart(window.window_image()));
+    PutByte(image, kStyChangedPosition, ByteAt(window.window_image(), kStyChangedPosition));
+  });
+  same->ShowItems({.styles = true});
 }
 
 void GiveStylesToArrangements(Application& app, const ChildWindow& window) {
