@@ -41,7 +41,10 @@ int CountLines(std::string_view text) {
 
 frmGuida::frmGuida(Application& app) : ChildWindow(app, "frmGuida", {}) {
   Text1.multi_line = Text1.read_only = true;
-  Text1.on_key = [this](const ui::Key& key) { KeyInText(key); };
+  Text1.on_key = [this](const ui::Key& key) {
+    KeyInText(key);
+    return false;
+  };
   Timer1.SetInterval(1);
   Timer1.on_timer = [this] { Text1.SetFocus(); };
   layout = ui::Tight(ui::Column({ui::Item(Text1, 1)}));

@@ -44,6 +44,8 @@ int StoreEditRecord(Application& app);
 
 // Shows ArrEditRecord in the editor, if it is open.
 void FillArrEditor(Application& app);
+// ArrEditRecord has gone into its file as it is: that is what the editor's bars go back to.
+void ArrRecordKept(Application& app);
 // Opens the editor on a record of a file window, 0 to 63.
 void OpenArrEditor(Application& app, ChildWindow& source, int index);
 // Closes the editor when its record came from this window; false when it refuses.

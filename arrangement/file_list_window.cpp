@@ -73,12 +73,15 @@ void ArrFileListWindow::AskAboutEdits() {
   ArrangementState& state = app().arrangement;
   if (!state.EditorOpen || !state.EditorChanged) return;
   if (AskYesNo(app(), kAskArrKeep) != ui::BoxAnswer::kYes) return;
-  if (StoreEditRecord(app()) == kArrStored) app().edits.Mark(kArrRecordUnderEdit, false);
+  if (StoreEditRecord(app()) != kArrStored) return;
+  app().edits.Mark(kArrRecordUnderEdit, false);
+  ArrRecordKept(app());
 }
 
-void ArrFileListWindow::KeyInList(const ui::Key& key) {
-  if (key.name != ui::Key::kDelete || RefusesChanges()) return;
-  if (app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
+bool ArrFileListWindow::KeyInList(const ui::Key& key) {
+  if (key.name != ui::Key::kDelete) return false;
+  if (!RefusesChanges() && app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
+  return true;
 }
 
 }  // namespace zentaline

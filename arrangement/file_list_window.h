@@ -29,7 +29,7 @@ class ArrFileListWindow : public ArrListWindow {
   // The question about an arrangement under edit; what is kept goes back into its image, and what isn't stays in the
   // editor until it shows another record.
   void AskAboutEdits();
-  void KeyInList(const ui::Key& key);
+  bool KeyInList(const ui::Key& key);
 
   // The base name as it is kept of a file that was sent.
   std::string NameForInstrument() const;

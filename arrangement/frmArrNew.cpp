@@ -29,7 +29,7 @@ frmArrNew::frmArrNew(Application& app, int number, Bytes image)
     ClickRow();
     RefreshMenus();
   };
-  List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
+  List1.on_key = [this](const ui::Key& key) { return KeyInList(key); };
   Timer.on_timer = TimerList1.on_timer = [this] { List1.Click(); };
   CommLoadArr.on_click = [this] { PressLoadArr(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
@@ -127,7 +127,7 @@ bool frmArrNew::HasRows() const {
 
 // A list without rows has nothing that could get lost, whatever happened in it.
 bool frmArrNew::QueryClose() {
-  return !HasRows() || !CanSave() || SaveBeforeClosing(app(), *this);
+  return !Unsaved() || SaveBeforeClosing(app(), *this);
 }
 
 void frmArrNew::Unload() {

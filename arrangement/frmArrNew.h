@@ -24,6 +24,7 @@ class frmArrNew : public ArrFileListWindow {
   ui::Timer TimerLoadSty{*this, "TimerLoadSty"};
 
   bool CanSave() const override;
+  bool Unsaved() const override { return CanSave() && HasRows(); }
   bool NeverSaved() const override { return !saved_; }
   void FileSaved() override;
   void ShowName() override;

@@ -80,7 +80,7 @@ frmArrU::frmArrU(Application& app, int number, Bytes image)
     ClickRow();
     RefreshMenus();
   };
-  List1.on_key = [this](const ui::Key& key) { PressKey(key); };
+  List1.on_key = [this](const ui::Key& key) { return PressKey(key); };
   CommLoadArr.on_click = [this] { PressLoadArr(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
   CommShowSty.on_click = [this] { ShowFile(this->app(), kKindSty, Path() + ".sty", ReadOnly()); };
@@ -344,12 +344,13 @@ void frmArrU::ShowId(const std::string& row_label) {
   Text1.SetText(id > 0 ? std::to_string(id) + row_label : std::string());
 }
 
-void frmArrU::PressKey(const ui::Key& key) {
-  if (key.name == ui::Key::kSpace && app().core.settings.AutoPrgSel && !app().arrangement.EditorOpen &&
+bool frmArrU::PressKey(const ui::Key& key) {
+  if (key.name != ui::Key::kSpace) return KeyInList(key);
+  if (app().core.settings.AutoPrgSel && !app().arrangement.EditorOpen &&
       ByteAt(window_image(), kPrgAttachedPosition) == 1) {
-    return ShowUserPrograms(app(), Path(), ByteAt(window_image(), kPggPosition) == 1);
+    ShowUserPrograms(app(), Path(), ByteAt(window_image(), kPggPosition) == 1);
   }
-  KeyInList(key);
+  return true;
 }
 
 // --- The main window asks ---

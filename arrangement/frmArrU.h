@@ -87,7 +87,7 @@ class frmArrU : public ArrFileListWindow {
   void ContinueSearch(int step);
   // A wait text stands for work that is still due.
   bool Sending() const;
-  void PressKey(const ui::Key& key);
+  bool PressKey(const ui::Key& key);
 
   std::string ProgramsForInstrument() const;
 

@@ -46,6 +46,10 @@ void frmEditArr::MarkChanged() {
   app().edits.Mark(kArrRecordUnderEdit, true);
 }
 
+bool frmEditArr::Unsaved() const {
+  return app().arrangement.EditorChanged;
+}
+
 void frmEditArr::Put(std::size_t position, int value, const EditWords& words) {
   app().edits.PutByte(kArrRecordUnderEdit, position, value, words);
 }

@@ -69,6 +69,7 @@ class frmEditArr : public ChildWindow, private RecordEditorHost {
 
   // Shows ArrEditRecord.
   void Fill();
+  void Keep() { rows_.Keep(); }
   void PickProgram(const Bytes& image, int row);
   void PickStyle(const Bytes& image, int row, const std::string& row_text);
   // The record has gone a step back or forth: shows it silently, and sends what has changed in it.
@@ -79,6 +80,7 @@ class frmEditArr : public ChildWindow, private RecordEditorHost {
   void ShowSplitNote();
 
   void Load() override;
+  bool Unsaved() const override;
   // The window that the record came from asks for it.
   bool GoesWithAnother() const override { return true; }
   bool QueryClose() override;

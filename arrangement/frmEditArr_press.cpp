@@ -141,6 +141,7 @@ void frmEditArr::ConnectTextBoxes() {
     if (box == kNameBox) continue;
     Text1[box].on_key = [this, box](const ui::Key& key) {
       if (key.name == ui::Key::kSpace || key.name == ui::Key::kEnter) PressTextBox(box);
+      return false;
     };
   }
 }
@@ -225,6 +226,10 @@ void frmEditArr::PickStyle(const Bytes& image, int row, const std::string& row_t
 
 void FillArrEditor(Application& app) {
   if (frmEditArr* editor = Editor(app)) editor->Fill();
+}
+
+void ArrRecordKept(Application& app) {
+  if (frmEditArr* editor = Editor(app)) editor->Keep();
 }
 
 void OpenArrEditor(Application& app, ChildWindow& source, int index) {

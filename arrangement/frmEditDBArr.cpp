@@ -65,6 +65,7 @@ void frmEditDBArr::Connect() {
   List1.on_double_click = CommApri.on_click = [this] { Timer[2].Start(); };
   List1.on_key = [this](const ui::Key& key) {
     if (key.name == ui::Key::kDelete) TimerCancella.Start();
+    return key.name == ui::Key::kDelete;
   };
   List1.on_context = on_context = [this] { PopupEditMenu(); };
   CommDelete.on_click = [this] { TimerCancella.Start(); };

@@ -1,8 +1,8 @@
 // How soon the instrument is where the hand is: a bar whose every change costs a block is dragged through a hundred
 // positions in a second, on a wire of the speed of a MIDI cable. Measured from the end of the drag to the last byte.
+#include <QAbstractSlider>
 #include <QApplication>
 #include <QEventLoop>
-#include <QScrollBar>
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
@@ -75,7 +75,7 @@ Drag Measure(Window& window, ui::qt::LongSender& sender, const std::string& bloc
     ++drag.sent;
     gone = Clock::now();
   };
-  auto* bar = static_cast<QScrollBar*>(static_cast<ui::qt::View*>(window.Bar.view)->widget());
+  auto* bar = static_cast<QAbstractSlider*>(static_cast<ui::qt::View*>(window.Bar.view)->widget());
   Clock::time_point end;
   for (int move = 1; move <= kMoves; ++move) {
     QTimer::singleShot(kDrag * move / kMoves, Qt::PreciseTimer, bar, [&, move] {

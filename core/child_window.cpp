@@ -55,6 +55,7 @@ void ChildWindow::Activated() {
 
 void ChildWindow::Load() {
   ++app_.core.OpenChildCount;
+  if (app_.main != nullptr) app_.main->ChildrenChanged();
   DressForm(app_, *this);
   if (WindowRecord* record = Record(); record != nullptr && record->width > 0) {
     SetPlacement(PlacementOf(app_, *record));
@@ -70,7 +71,10 @@ void ChildWindow::Unload() {
   app_.edits.Closed(*this);
   KeepPlace();
   if (FormState* state = FormPlace(); state != nullptr && !app_.core.Closing) state->state = 0;
-  if (app_.main != nullptr) app_.main->RefreshMenus();
+  if (app_.main != nullptr) {
+    app_.main->RefreshMenus();
+    app_.main->ChildrenChanged();
+  }
 }
 
 void ChildWindow::SizeAtFirst(const ui::Font& font, ui::Size characters) {

@@ -62,6 +62,8 @@ class ChildWindow : public ui::Form {
   virtual bool Offers(WindowFunction function);
   // Whether there is something that mnuSalva and mnuSalvaAs would save.
   virtual bool CanSave() const { return false; }
+  // Whether it holds something that would be lost.
+  virtual bool Unsaved() const { return CanSave(); }
   // Whether the file has no name of its own yet, so that saving asks for one.
   virtual bool NeverSaved() const;
   // Whether the window's path is that of its own file: not that of a new file, and not that of one it was made from.

@@ -136,6 +136,7 @@ void frmMain::ConnectMenus() {
     Menu(bank.entry).on_click = [this, kind = bank.kind] { ShowProgramBank(app(), kind); };
   }
   Menu(mnuWCascade).on_click = [this] { Cascade(); };
+  Menu(mnuWTile).on_click = [this] { Tile(); };
   Menu(mnuBloccoNote).on_click = [this] { ShowNotebook(app()); };
   Menu(mnuGuida).on_click = [this] { ShowGuide(app()); };
   Menu(mnuInfo).on_click = [this] { toolkit().OpenModal(std::make_unique<frmAbout>(app())); };
@@ -158,6 +159,7 @@ void frmMain::Load() {
   LabelPrg.SetCaption(ShownPath(app().program.PrgInInstrument));
   DressForm(app(), *this);
   ShowDeviceMenus();
+  ShowOutput();
   ShowToggles();
   ShowRecentFiles();
   ShowArrUEntry();
@@ -169,10 +171,12 @@ void frmMain::Load() {
   if (app().disk.Exists(app().core.InternalSty)) StyFileRead(app(), app().core.InternalSty);
   app().core.OperationTitle = GetText(app(), kTextOpeningOut);
   SendStoredMode(app());
+  toolkit().on_settled = [this] { Settled(); };
   app().reopening_chain = true;
   Timer0.Start();
   Timer2.Start();
   RefreshMenus();
+  ChildrenChanged();
 }
 
 void frmMain::FilesDropped(const std::vector<std::string>& paths) {
@@ -216,6 +220,27 @@ void frmMain::Cascade() {
   }
 }
 
+// All windows beside each other, the one in front first; the last ones share the room that is left in their row.
+void frmMain::Tile() {
+  const std::vector<Form*> stacked = toolkit().stacked_children();
+  const int count = static_cast<int>(stacked.size());
+  if (count == 0) return;
+  int columns = 1;
+  while (columns * columns < count) ++columns;
+  const int rows = (count + columns - 1) / columns;
+  for (int i = 0; i < count; ++i) {
+    const int row = i / columns;
+    const int in_row = std::min(columns, count - row * columns);
+    const int column = i % columns;
+    const ui::Size room = inner_size();
+    const int left = room.width * column / in_row;
+    const int top = room.height * row / rows;
+    auto& child = static_cast<ChildWindow&>(*stacked[static_cast<std::size_t>(count - 1 - i)]);
+    child.SetPlacement({left, top, room.width * (column + 1) / in_row - left, room.height * (row + 1) / rows - top});
+    child.Resized();
+  }
+}
+
 void frmMain::ForEachChild(const std::function<void(ChildWindow&)>& action) {
   for (Form* form : toolkit().forms()) {
     if (form->kind() == ui::FormKind::kChild) action(static_cast<ChildWindow&>(*form));
@@ -247,6 +272,7 @@ void frmMain::Unload() {
   for (Form* form : toolkit().forms()) {
     if (form != this) form->CloseWithoutAsking();
   }
+  toolkit().on_settled = nullptr;
   app().main = nullptr;
 }
 

@@ -16,6 +16,7 @@ class frmMain : public MainWindow {
  public:
   explicit frmMain(Application& app);
 
+  bool Reopens() const override;
   void OpenWhenReady(std::vector<std::string> paths) override;
 
   void Load() override;
@@ -30,6 +31,7 @@ class frmMain : public MainWindow {
   void ChooseLanguage(int code);
   void Enlarge();
   void Cascade();
+  void Tile();
   void ForEachChild(const std::function<void(ChildWindow&)>& action);
 
   // Reopening: the rest of the load. What the last run had open comes back, one window a tick.

@@ -78,6 +78,18 @@ bool frmMain::ComesBack(WindowKind form, MenuId entry) const {
   return app().core.FormStates[static_cast<std::size_t>(form)].state != 0 && Menu(entry).enabled();
 }
 
+// Where nothing comes back the main window is ready at once, although the chain takes its time.
+bool frmMain::Reopens() const {
+  if (!app().reopening_chain) return false;
+  const auto was_open = [](const WindowRecord& record) { return record.state != 0; };
+  const CoreState& core = app().core;
+  return std::any_of(std::begin(kAutoWindows), std::end(kAutoWindows),
+                     [this](const auto& row) { return ComesBack(row.form, row.entry); }) ||
+         std::any_of(core.ArrWindows.begin(), core.ArrWindows.end(), was_open) ||
+         std::any_of(core.PrgWindows.begin(), core.PrgWindows.end(), was_open) ||
+         std::any_of(core.StyWindows.begin(), core.StyWindows.end(), was_open);
+}
+
 void frmMain::FinishLoad() {
   Timer0.Stop();
   Timer2.Stop();
@@ -116,6 +128,7 @@ void frmMain::ChainEnded() {
   ShowArrUEntry();
   ShowPrgUEntry();
   RefreshMenus();
+  ChildrenChanged();
   OpenWhenReady(std::exchange(files_to_open_, {}));
 }
 

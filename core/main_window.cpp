@@ -1,5 +1,6 @@
 #include "core/main_window.h"
 
+#include <optional>
 #include <utility>
 
 #include "core/application.h"
@@ -13,15 +14,32 @@ namespace zentaline {
 
 using enum MenuId;
 
-MainWindow::MainWindow(Application& app) : Form(app.toolkit, ui::FormKind::kMain, "frmMain"), app_(app) {
+namespace {
+
+constexpr ui::Colour kMissingColour = 0x70D7FF;  // amber: the notes go nowhere
+
+}  // namespace
+
+MainWindow::MainWindow(Application& app)
+    : Form(app.toolkit, ui::FormKind::kMain, "frmMain"), app_(app), welcome_(*this, app) {
   MakeMenus();
-  for (ui::Label* label : {&LabelNomeAppl, &Label1, &LabelMode, &LabelArr, &LabelSty, &LabelPrg}) {
+  for (ui::Label* label : {&LabelNomeAppl, &Label1, &LabelMode, &LabelArr, &LabelSty, &LabelPrg, &LabelPort}) {
     label->sunken = label->literal = true;
   }
   Label1.least_characters = {30, 1};
   LabelMode.least_characters = {10, 1};
-  layout = ui::Inside(Picture1, ui::Row({ui::Item(LabelNomeAppl), ui::Item(Label1, 2), ui::Item(LabelMode),
-                                         ui::Item(LabelArr, 1), ui::Item(LabelSty, 1), ui::Item(LabelPrg, 1)}));
+  LabelPort.on_mouse = [this](const ui::MouseEvent& event) {
+    if (event.what == ui::MouseEvent::kUp && !event.right) PopupOutputs();
+  };
+  LabelPort.on_key = [this](const ui::Key& key) {
+    if (key.name == ui::Key::kEnter) PopupOutputs();
+    return key.name == ui::Key::kEnter;
+  };
+  layout = ui::Inside(Picture1,
+                      ui::Row({ui::Item(LabelNomeAppl), ui::Item(Label1, 2), ui::Item(LabelMode), ui::Item(LabelArr, 1),
+                               ui::Item(LabelSty, 1), ui::Item(LabelPrg, 1), ui::Item(LabelPort, 1)}));
+  wait_field = &Label1;
+  free_area = welcome_.LayOut();
 }
 
 void MainWindow::MakeMenus() {
@@ -46,6 +64,14 @@ void MainWindow::MakeMenus() {
     auto& in = in_devices_[static_cast<std::size_t>(i)];
     in = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuMIDIIn), "mnuDevMIDIIn", i);
     out->literal = in->literal = true;
+  }
+  for (int i = 0; i < kMostWindows; ++i) {
+    auto& window = window_list_[static_cast<std::size_t>(i)];
+    window = std::make_unique<ui::MenuEntry>(*this, &Menu(mnuWindow), "mnuWindowList", i);
+    window->literal = window->numbered = true;
+    window->separator_before = i == 0;
+    window->SetVisible(false);
+    window->on_click = [this, i] { ActivateListed(i); };
   }
   // They tell the name of a file too.
   Menu(mnuArrU).literal = Menu(mnuPrgU).literal = true;
@@ -81,11 +107,75 @@ void MainWindow::ShowDeviceMenus() {
   Menu(mnuMIDIThru).SetChecked(midi.ThruOn);
 }
 
+std::string MainWindow::OutputWords(const char* words, const std::string& device) const {
+  return WithName(Caption(name(), words, app_.Language()), device);
+}
+
+// After a failed send everything is dropped until the output is chosen again: one box is soon forgotten.
+void MainWindow::ShowOutput() {
+  const MidiState& midi = app_.midi;
+  const bool fails = midi.OutputOpen && !(midi.LongOutputOk && midi.ShortOutputOk);
+  const auto row = static_cast<std::size_t>(midi.MidiOutDevice) % midi.MidiOutCaps.size();
+  const std::string device = midi.OutputOpen ? midi.MidiOutCaps[row].product_name : std::string();
+  LabelPort.SetCaption(OutputWords(fails             ? "LabelPort.failed"
+                                   : midi.OutputOpen ? "LabelPort.open"
+                                                     : "LabelPort.none",
+                                   device));
+  LabelPort.SetBackColour(midi.OutputOpen && !fails ? std::nullopt : std::optional(kMissingColour));
+  welcome_.ShowOutput(OutputWords(fails             ? "LabelWelcome.failed"
+                                  : midi.OutputOpen ? "LabelWelcome.open"
+                                                    : "LabelWelcome.none",
+                                  device),
+                      midi.MidiOutCount > 0);
+}
+
+void MainWindow::PopupOutputs() {
+  if (Menu(mnuMIDIOut).Usable()) toolkit().PopupMenu(Menu(mnuMIDIOut));
+}
+
+void MainWindow::ForgetWhatWasSent() {
+  app_.arrangement.ArrInInstrument.clear();
+  app_.style.StyInInstrument.clear();
+  app_.program.PrgInInstrument.clear();
+  for (ui::Label* label : {&LabelArr, &LabelSty, &LabelPrg}) label->SetCaption({});
+}
+
+void MainWindow::ChildrenChanged() {
+  welcome_.Show();
+}
+
 void MainWindow::ShowToggles() {
   for (const Toggle& toggle : kToggles) Menu(toggle.entry).SetChecked(app_.core.settings.*toggle.flag);
   Picture1.SetVisible(app_.core.settings.VisBarraStato);
   Menu(mnuItaliano).SetChecked(app_.core.LanguageCode == 1);
   Menu(mnuInglese).SetChecked(app_.core.LanguageCode == 2);
+}
+
+void MainWindow::Settled() {
+  for (ui::Form* form : toolkit().stacked_children()) form->SetModified(static_cast<ChildWindow*>(form)->Unsaved());
+  if (toolkit().TakeWindowsChanged()) ShowWindowList();
+}
+
+void MainWindow::ShowWindowList() {
+  int i = 0;
+  for (const ui::Form* form : toolkit().forms()) {
+    if (form->kind() != ui::FormKind::kChild || i == kMostWindows) continue;
+    ui::MenuEntry& entry = mnuWindowList(i++);
+    entry.SetCaption(form->caption());
+    entry.SetChecked(form == toolkit().active_child());
+    entry.SetVisible(true);
+  }
+  for (; i < kMostWindows && mnuWindowList(i).visible(); ++i) {
+    mnuWindowList(i).SetVisible(false);
+    mnuWindowList(i).SetChecked(false);
+    mnuWindowList(i).SetCaption({});
+  }
+}
+
+void MainWindow::ActivateListed(int i) {
+  for (ui::Form* form : toolkit().forms()) {
+    if (form->kind() == ui::FormKind::kChild && i-- == 0) return toolkit().Activate(*form);
+  }
 }
 
 void MainWindow::ShowRecentFiles() {
@@ -95,6 +185,7 @@ void MainWindow::ShowRecentFiles() {
     mnuRecentFile(i).SetVisible(!caption.empty());
     mnuRecentFile(i).SetEnabled(CanOpenRecent(app_, i));
   }
+  welcome_.ShowRecentFiles();
 }
 
 void MainWindow::EnableDatabaseEntries(bool usable) {

@@ -98,6 +98,7 @@ constexpr std::array<MenuRow, kMenuCount> kRows = {{
     {mnuWindow, kBar, "mnuWindow", 4, "", false},
     {mnuBloccoNote, mnuWindow, "mnuBloccoNote", 128, "", false},
     {mnuWCascade, mnuWindow, "mnuWCascade", 9, "", kLine},
+    {mnuWTile, mnuWindow, "mnuWTile", 0, "", false},
     {mnuHelp, kBar, "mnuHelp", 0, "", false},
     {mnuGuida, mnuHelp, "mnuGuida", 47, "F1", false},
     {mnuInfo, mnuHelp, "mnuInfo", 5, "", kLine},

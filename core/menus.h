@@ -93,6 +93,7 @@ enum class MenuId {
   mnuWindow,
   mnuBloccoNote,
   mnuWCascade,
+  mnuWTile,
   mnuHelp,
   mnuGuida,
   mnuInfo,

@@ -1,6 +1,7 @@
 #include "core/record_editor.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "core/undo.h"
@@ -80,6 +81,14 @@ void RecordEditor::SetUp(EditorControl& bound) {
       bar.on_change = edit;
       bar.shown = [this, &bound](int value) { return host_.ValueText(bound, value); };
       bar.value_label = bound.value;
+      bar.kept_value = [this, &bound]() -> std::optional<int> {
+        if (kept_.empty()) return std::nullopt;
+        const int kept = ShownIn(*bound.row, RawAt(bound.field(), kept_, bound.start));
+        return kept == kNotShown ? std::nullopt : std::optional(kept);
+      };
+      for (ui::Label* label : {bound.name, bound.value}) {
+        if (label != nullptr) label->bar = &bar;
+      }
       break;
     }
     case ui::ControlKind::kCheckBox: {
@@ -117,7 +126,12 @@ void RecordEditor::Show() {
   for (EditorControl& bound : controls_) Show(bound, false);
 }
 
+void RecordEditor::Keep() {
+  kept_ = edits_.Read(target_);
+}
+
 void RecordEditor::Fill() {
+  Keep();
   for (EditorControl& bound : controls_) Show(bound, bound.row->Has(kActsInFill));
 }
 

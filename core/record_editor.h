@@ -120,6 +120,8 @@ class RecordEditor {
   // The same, but rows that act in a fill are shown by their controls' own events, in the order in which they were
   // bound.
   void Fill();
+  // The record as it is now is what bars go back to; a fill does the same.
+  void Keep();
   void ShowLabel(const EditorControl& bound) const;
 
   static int Shown(const EditorControl& bound);
@@ -146,6 +148,7 @@ class RecordEditor {
   RecordEditorHost& host_;
   Edits& edits_;
   EditTarget target_;
+  Bytes kept_;  // the record when it was last filled or kept
   std::deque<EditorControl> controls_;
   std::unordered_map<const ui::Control*, EditorControl*> of_;
   std::vector<std::unique_ptr<ui::Label>> names_;

@@ -64,11 +64,19 @@ void ShowChosen(Application& app, const FileKind& kind, int number, const std::s
   }
 }
 
+// The box, and then the window that shows the file. A dialog can have chosen a file of another kind than its own.
+void ShowOpenAlready(Application& app, const FileKind& wanted, const std::string& path) {
+  ShowNamed(app, kMessageOpenAlready, path);
+  const FileKind* by_name = KindOfType(FileType(path));
+  const FileKind& kind = by_name == nullptr ? wanted : *by_name;
+  if (ChildWindow* window = WindowOf(app, kind, WithoutExtension(path))) app.toolkit.Activate(*window);
+}
+
 // A path that is known already, so no dialog is shown.
 void OpenKnown(Application& app, const FileKind& kind, const std::string& path, bool read_only) {
   switch (OpenInWindow(app, kind.kind, path, read_only)) {
     case kChooseOpenAlready:
-      return ShowNamed(app, kMessageOpenAlready, path);
+      return ShowOpenAlready(app, kind, path);
     case kChooseEmpty:
       return ShowMessage(app, kMessageFileNotFound, app.core.OperationTitle, {});
     default:
@@ -104,7 +112,7 @@ void OpenFile(Application& app, int kind) {
     }
     return;
   }
-  if (result == kChooseOpenAlready) return ShowNamed(app, kMessageOpenAlready, path);
+  if (result == kChooseOpenAlready) return ShowOpenAlready(app, *row, path);
   if (result == kChooseEmpty) return ShowNamed(app, kMessageFileNotFound, path);
 }
 

@@ -57,6 +57,7 @@ frmBsq::frmBsq(Application& app, Bytes image) : ChildWindow(app, "frmBsq", {}) {
   CommArrPlay.SetCaption("&ARR PLAY");
   CommSongPlay.SetCaption("SO&NG PLAY");
   CommClose.SetCaption(GetText(app, kTextClose));
+  List1.numbered = false;
   List1.on_click = [this] { ShowTracks(); };
   List1.on_context = on_context = [this] { PopupEditMenu(); };
   CommLoadBSQ.on_click = [this] { PressLoad(); };

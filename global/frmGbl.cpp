@@ -52,6 +52,7 @@ void frmGbl::Load() {
 
 void frmGbl::FillGlobalWindow() {
   const ScopedValue loading(app().core.FormLoading, true);
+  rows_.Keep();
   rows_.Show();
   const bool plus = ShownAt(gbl_editor::kDamper, window_image(), kWindowFilePosition) == 1;
   GblOption1[plus ? 0 : 1].SetValue(true);
@@ -123,14 +124,19 @@ void frmGbl::Send() {
 
 // What had no file has one now: this window no longer comes back by itself at the next start.
 void frmGbl::FileSaved() {
+  rows_.Keep();
   FormState& state = app().core.FormStates[kKindGlobal];
   if (state.state == 0) return;
   state.state = 0;
   KeepPlacement(*Record(), placement());
 }
 
+bool frmGbl::Unsaved() const {
+  return ByteAt(window_image(), kChangedPosition) != 0;
+}
+
 bool frmGbl::QueryClose() {
-  return ByteAt(window_image(), kChangedPosition) == 0 || SaveBeforeClosing(app(), *this);
+  return !Unsaved() || SaveBeforeClosing(app(), *this);
 }
 
 void frmGbl::Unload() {

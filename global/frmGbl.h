@@ -50,6 +50,7 @@ class frmGbl : public ChildWindow, private RecordEditorHost {
   void ShowStep(const EditStep& step) override;
 
   bool CanSave() const override { return true; }
+  bool Unsaved() const override;
   bool NeverSaved() const override { return !HasFile(); }
   void ShowName() override;
   void FileSaved() override;

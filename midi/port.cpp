@@ -65,6 +65,10 @@ bool ThruRowUsable(const MidiState& midi) {
   return DeviceUsable(midi, kInputRow, midi.MidiOutDevice);
 }
 
+void ShowOutput(Application& app) {
+  if (app.main != nullptr) app.main->ShowOutput();
+}
+
 // What is opened at the start; false when it has to be given up.
 bool OpenStoredPorts(Application& app) {
   const MidiState& midi = app.midi;
@@ -84,6 +88,7 @@ void SendShort(Application& app) {
   if (midi.MidiResult == 0) return;
   Report(app, kPlaceShort, midi.MidiResult);
   midi.ShortOutputOk = false;
+  ShowOutput(app);
 }
 
 int SendLong(Application& app) {
@@ -105,6 +110,7 @@ int SendLong(Application& app) {
     Report(app, place, midi.MidiResult);
     // One failure gives one box, not one for each parameter that follows.
     midi.LongOutputOk = false;
+    ShowOutput(app);
   }
   return midi.MidiResult;
 }
@@ -206,7 +212,9 @@ void CloseMidi(Application& app) {
   if (app.midi.ThruOn) DisconnectThru(app);
 }
 
-void ChooseMidiOut(Application& app, int device) {
+namespace {
+
+void TakeMidiOut(Application& app, int device) {
   MidiState& midi = app.midi;
   MainWindow& main = *app.main;
   app.core.OperationTitle = GetText(app, kTextOpeningOut);
@@ -225,9 +233,18 @@ void ChooseMidiOut(Application& app, int device) {
     midi.MidiOutDevice = device;
   }
   if (OpenMidiOut(app) != 0) return;
+  // Another instrument may stand at its end, or the same one switched on anew.
+  main.ForgetWhatWasSent();
   entry.SetChecked(true);
   if (!midi.InputOpen) main.Menu(MenuId::mnuMIDIThru).SetChecked(false);
   main.Menu(MenuId::mnuMIDIThru).SetEnabled(midi.InputOpen);
+}
+
+}  // namespace
+
+void ChooseMidiOut(Application& app, int device) {
+  TakeMidiOut(app, device);
+  ShowOutput(app);
 }
 
 void ChooseMidiIn(Application& app, int device) {

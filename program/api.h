@@ -66,6 +66,8 @@ void ShowMultisamples(Application& app);
 void FillProgramEditor(Application& app);
 // The program under edit has gone a step back or forth; the editors show it, and the instrument follows.
 void ShowProgramStep(Application& app, const EditStep& step);
+// EditRecord has gone into its file as it is: that is what the editor's bars go back to.
+void ProgramRecordKept(Application& app);
 // Opens the program editor on a record, 0 to 63, of a bank, or brings it to the front with it.
 void OpenProgramEditor(Application& app, ChildWindow& bank, int index);
 // Closes the editors whose record came from this window; false when one refuses.

@@ -70,6 +70,7 @@ int CommitProgram(Application& app) {
   // What was done one by one is one action on the bank now.
   app.edits.ForgetRecord(kPrgRecordUnderEdit);
   app.edits.Mark(kPrgRecordUnderEdit, false);
+  ProgramRecordKept(app);
   ShowProgramName(*bank, ByteAt(record, edit_record::kIndex));
   if (app.main != nullptr) app.main->RefreshMenus();
   return 0;

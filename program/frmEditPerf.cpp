@@ -82,6 +82,10 @@ void frmEditPerf::Load() {
 }
 
 // With the program editor open the changes stay for its own closing.
+bool frmEditPerf::Unsaved() const {
+  return app().program.ProgramChanged;
+}
+
 bool frmEditPerf::QueryClose() {
   return app().program.PrgEditorOpen || AskToSaveProgram(app(), *this);
 }

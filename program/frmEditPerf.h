@@ -34,6 +34,7 @@ class frmEditPerf : public ChildWindow {
   // The bank that the program came from asks for it.
   bool GoesWithAnother() const override { return true; }
   bool QueryClose() override;
+  bool Unsaved() const override;
   void Unload() override;
 
  protected:

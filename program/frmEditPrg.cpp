@@ -74,6 +74,10 @@ void frmEditPrg::Load() {
   Fill();
 }
 
+bool frmEditPrg::Unsaved() const {
+  return app().program.ProgramChanged;
+}
+
 bool frmEditPrg::QueryClose() {
   return !open() || app().program.PerfOpen || AskToSaveProgram(app(), *this);
 }
@@ -100,12 +104,20 @@ void frmEditPrg::Fill() {
   BasText[0].ShowText(Utf8FromBytes(TrimRight(Slice(record(), rec::kName, rec::kNameLength))));
   name_shown_ = BasText[0].text();
   for (int oscillator : {1, 2}) ShowSound(oscillator);
+  Keep();
   rows_.Show();
   ShowPans();
   ShowEffects();
   ShowSilence();
   for (std::unique_ptr<EnvelopePicture>& envelope : envelopes_) envelope->Show(app().Language());
   ShowRouting();
+}
+
+void frmEditPrg::Keep() {
+  rows_.Keep();
+  for (int oscillator : {1, 2}) {
+    kept_sounds_[static_cast<std::size_t>(oscillator - 1)] = WordLowFirst(record(), kSoundPositions[oscillator]);
+  }
 }
 
 // A bar that stays where it is raises no event: its text is set beside it.
@@ -301,6 +313,10 @@ void frmEditPrg::ClosePerformance() {
 
 void FillProgramEditor(Application& app) {
   if (app.prg_editor != nullptr) static_cast<frmEditPrg*>(app.prg_editor)->Fill();
+}
+
+void ProgramRecordKept(Application& app) {
+  if (app.prg_editor != nullptr) static_cast<frmEditPrg*>(app.prg_editor)->Keep();
 }
 
 void ShowOscillator(Application& app, int osc) {

@@ -51,6 +51,8 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
 
   // Shows EditRecord; nothing is sent or written.
   void Fill();
+  // What the bars go back to.
+  void Keep();
   void SetBar(int array, int index, int value);
   // The record has gone a step back or forth: its controls, and what stands around them.
   void ShowStep(const EditStep& step) override;
@@ -59,6 +61,7 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   // The bank asks for it.
   bool GoesWithAnother() const override { return true; }
   bool QueryClose() override;
+  bool Unsaved() const override;
   void Unload() override;
 
  protected:
@@ -122,6 +125,7 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
                                                               {Envelope::kAmplifier, kOscHScroll, 1, 30, 36}}};
 
   RecordEditor rows_;
+  std::array<int, 2> kept_sounds_{};
   std::vector<std::unique_ptr<EnvelopePicture>> envelopes_;  // in the order of kEnvelopes
   std::vector<std::unique_ptr<ui::Label>> labels_;
   std::vector<std::unique_ptr<ui::Frame>> frames_;

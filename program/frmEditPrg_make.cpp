@@ -1,4 +1,5 @@
 // The program editor's controls, made from the tables, and how they stand on the screen.
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -156,11 +157,15 @@ void frmEditPrg::ConnectTexts() {
     };
     box.on_key = [this, oscillator](const ui::Key& key) {
       if (key.name == ui::Key::kEnter) ClickSound(oscillator);
+      return false;
     };
     ui::ScrollBar& bar = BasVScroll[oscillator];
     bar.vertical = true;
     bar.SetRange(kLastMultisound, 0);
     bar.on_change = [this, oscillator] { MoveSound(oscillator); };
+    bar.kept_value = [this, oscillator] {
+      return std::optional(kept_sounds_[static_cast<std::size_t>(oscillator - 1)]);
+    };
   }
 }
 

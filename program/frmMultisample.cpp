@@ -36,7 +36,7 @@ frmMultisample::frmMultisample(Application& app) : ChildWindow(app, kName, {}) {
     List1[page].SetFont({.fixed_pitch = true});
     List1[page].least_characters = {24, 17};
     List1[page].on_click = [this, page] { ClickRow(page); };
-    List1[page].on_key = [this, page](const ui::Key& key) { KeyInList(page, key); };
+    List1[page].on_key = [this, page](const ui::Key& key) { return KeyInList(page, key); };
     pages.push_back(ui::Item(List1[page], 1));
   }
   Timer.on_timer = [this] { Follow(); };
@@ -105,9 +105,10 @@ int frmMultisample::SelectedOn(int page) const {
 
 // More letters narrow the search down from the sound that is shown; the first letter, and one that leads nowhere with
 // those before it, goes to the next sound.
-void frmMultisample::KeyInList(int page, const ui::Key& key) {
+bool frmMultisample::KeyInList(int page, const ui::Key& key) {
   std::string letter = key.name == ui::Key::kSpace ? " " : key.character;
-  if ((key.name != ui::Key::kCharacter && key.name != ui::Key::kSpace) || !BytesFromUtf8(letter, letter)) return;
+  if (key.name != ui::Key::kCharacter && key.name != ui::Key::kSpace) return false;
+  if (!BytesFromUtf8(letter, letter)) return true;
   const std::int64_t now = toolkit().Now();
   if (now - typed_at_ > kTypingPause) typed_.clear();
   typed_at_ = now;
@@ -120,9 +121,13 @@ void frmMultisample::KeyInList(int page, const ui::Key& key) {
     typed_ = letter;
     sound = FindName(typed_, shown + 1);
   }
-  if (sound < 0) return typed_.clear();
+  if (sound < 0) {
+    typed_.clear();
+    return true;
+  }
   Show(sound);
   List1[PageOf(sound)].SetFocus();
+  return true;
 }
 
 int frmMultisample::FindName(const std::string& text, int first) const {

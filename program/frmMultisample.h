@@ -33,7 +33,7 @@ class frmMultisample : public ChildWindow {
   void FillLists();
   void Follow();
   void ClickRow(int page);
-  void KeyInList(int page, const ui::Key& key);
+  bool KeyInList(int page, const ui::Key& key);
   // The next sound from `first` on, round at the end, whose name begins with the text; -1 when none does.
   int FindName(const std::string& text, int first) const;
   // Selects the sound's row alone, on its page in front.

@@ -38,7 +38,7 @@ frmPrgUN::frmPrgUN(Application& app, int number, Bytes image)
   CommLoad.SetCaption("&Load Prog");
   CommProgram.SetCaption("&PROGRAM");
   CommEdit.SetCaption(GetText(app, kTextEdit));
-  List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
+  List1.on_key = [this](const ui::Key& key) { return KeyInList(key); };
   CommLoad.on_click = [this] { PressLoad(); };
   List1.on_double_click = [this] {
     if (CommEdit.enabled()) PressEdit();
@@ -181,24 +181,25 @@ int frmPrgUN::SelectedProgram() const {
   return row < 0 || IsEmptyRow(row) || IsProgramLink(window_image(), row) ? -1 : row;
 }
 
-void frmPrgUN::KeyInList(const ui::Key& key) {
+bool frmPrgUN::KeyInList(const ui::Key& key) {
   const int row = List1.Row();
   switch (key.name) {
     case ui::Key::kDelete:
       if (!RefusesChanges() && app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
-      return;
+      return true;
     case ui::Key::kEnter:
       List1.Click();
       if (CommEdit.enabled()) TimerEdit.Start();
-      return;
+      return true;
     case ui::Key::kSpace:
       if (row >= 0 && IsProgramLink(window_image(), row)) ShowLinked(row);
-      return;
+      return true;
     case ui::Key::kCharacter:
-      if (number_ == kInstrumentWindow && row >= 0 && LowerCase(key.character) == "p") app().program.UserProgram = row;
-      return;
+      if (number_ != kInstrumentWindow || LowerCase(key.character) != "p") return false;
+      if (row >= 0) app().program.UserProgram = row;
+      return true;
     default:
-      return;
+      return false;
   }
 }
 

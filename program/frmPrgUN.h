@@ -54,7 +54,7 @@ class frmPrgUN : public ProgramListWindow {
 
   void PressEdit();
   void PressLoad();
-  void KeyInList(const ui::Key& key);
+  bool KeyInList(const ui::Key& key);
   void ShowLinked(int row);
   void TakeUp(int row);
 

@@ -48,7 +48,7 @@ frmStyUN::frmStyUN(Application& app, int number, Bytes image)
 
 void frmStyUN::Connect() {
   List1.on_click = [this] { ClickRow(); };
-  List1.on_key = [this](const ui::Key& key) { KeyInList(key); };
+  List1.on_key = [this](const ui::Key& key) { return KeyInList(key); };
   List1.on_context = on_context = [this] { PopupEditMenu(); };
   CommLoadSty.on_click = [this] { PressLoadSty(); };
   TimerTxSty[0].on_timer = TimerTxSty[1].on_timer = [this] { CommLoadSty.Press(); };
@@ -199,9 +199,10 @@ void frmStyUN::ClickRow() {
   if (Kind() == kKindSty) PickStyle(app(), window_image(), row, List1.RowText(row));
 }
 
-void frmStyUN::KeyInList(const ui::Key& key) {
-  if (key.name != ui::Key::kDelete || RefusesChanges()) return;
-  if (app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
+bool frmStyUN::KeyInList(const ui::Key& key) {
+  if (key.name != ui::Key::kDelete) return false;
+  if (!RefusesChanges() && app().main != nullptr) app().main->Menu(MenuId::mnuTaglia).UserPress();
+  return true;
 }
 
 // --- Sending ---

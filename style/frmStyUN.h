@@ -63,7 +63,7 @@ class frmStyUN : public ChildWindow {
   void PressLoadStyGrp(int group);
   // The wait text stands there on this window's account.
   bool Sending();
-  void KeyInList(const ui::Key& key);
+  bool KeyInList(const ui::Key& key);
 
   static constexpr int kPauseBetweenGroups = 800;  // milliseconds
 

@@ -60,7 +60,9 @@ void Control::SetFont(Font font) {
 }
 
 void Control::SetFocus() {
-  if (std::exchange(form_.focus_, this) == this) return;
+  Control* const before = std::exchange(form_.focus_, this);
+  if (before == this) return;
+  if (before != nullptr) before->FocusLeft();
   Changed(Change::kFocus);
   if (on_focus) on_focus();
 }
@@ -76,11 +78,12 @@ bool Control::UserFocus() {
   return true;
 }
 
-bool Control::UserKey(const Key& key) {
+bool Control::UserKey(const Key& key, bool* taken) {
   if (!Usable()) return false;
   const UserEvent event(*this);
   SetFocus();
-  if (on_key) on_key(key);
+  const bool own = on_key && on_key(key);
+  if (taken != nullptr) *taken = own;
   return true;
 }
 

@@ -45,7 +45,8 @@ enum class Change {
   kChecked,
   kTopLine,
   kFocus,
-  kDrawing
+  kDrawing,
+  kTyped
 };
 
 // The widget of one control. It attaches itself with Control::view and must take itself off before it dies.
@@ -99,19 +100,23 @@ class Control {
   bool HasFocus() const;
 
   Handler on_focus;
-  std::function<void(const Key&)> on_key;
+  // True when the key has a meaning of its own there, and so does nothing else.
+  std::function<bool(const Key&)> on_key;
   std::function<void(const MouseEvent&)> on_mouse;
   // A right click; most open a popup menu. Without one the form's stands in.
   Handler on_context;
 
   // What the user does. They give false, and do nothing, when the control can't be reached.
   bool UserFocus();
-  bool UserKey(const Key& key);
+  // `taken` becomes true when the key has done its work.
+  bool UserKey(const Key& key, bool* taken = nullptr);
   bool UserMouse(const MouseEvent& event);
   bool UserContext();
   // What the key does by itself in a control of this kind, as pressing a button does by the space bar; for toolkits
   // whose widgets don't do it on their own.
   virtual void DefaultKey(const Key& key) { (void)key; }
+  // The keys go elsewhere from now on.
+  virtual void FocusLeft() {}
 
   ControlView* view = nullptr;
 

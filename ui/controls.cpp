@@ -1,6 +1,8 @@
 #include "ui/controls.h"
 
 #include <algorithm>
+#include <charconv>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,6 +16,7 @@ namespace zentaline::ui {
 namespace {
 
 constexpr int kRowsOfAPage = 10;
+constexpr std::size_t kLongestTypedValue = 6;
 
 const std::string kNoText;
 
@@ -39,6 +42,46 @@ int RowByKey(const Key& key, int row, int count) {
     default:
       return row;
   }
+}
+
+// Keys in a list count together while no pause is longer, in milliseconds.
+constexpr std::int64_t kLongestTypingPause = 1000;
+constexpr std::size_t kNumberDigits = 2;  // of a row, as the instrument's panel shows it
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kBlanks = " \t";
+
+bool IsNumber(std::string_view text) {
+  return text.find_first_not_of(kDigits) == std::string_view::npos;
+}
+
+// The digits that a row begins with, when a blank or nothing follows.
+std::string_view NumberIn(std::string_view text) {
+  const std::size_t end = std::min(text.find_first_not_of(kDigits), text.size());
+  return end == text.size() || kBlanks.find(text[end]) != std::string_view::npos ? text.substr(0, end)
+                                                                                 : std::string_view();
+}
+
+// What stands behind a row's number and its mark.
+std::string_view NameIn(std::string_view text, bool numbered) {
+  const std::size_t number = numbered ? NumberIn(text).size() : 0;
+  if (number == 0) return text;
+  text.remove_prefix(number);
+  const auto skip_blanks = [&text] { text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size())); };
+  skip_blanks();
+  if (text.size() > 1 && (text[0] == '+' || text[0] == '*') && text[1] == ' ') text.remove_prefix(1);
+  skip_blanks();
+  return text;
+}
+
+// Without the difference of capital and small letters.
+Bytes Folded(std::string_view text) {
+  Bytes bytes;
+  if (!BytesFromUtf8(text, bytes)) return LowerCase(text);
+  for (char& c : bytes) {
+    const auto letter = static_cast<unsigned char>(c);
+    if (letter >= 0xC0 && letter <= 0xDE && letter != 0xD7) c = static_cast<char>(letter + 0x20);
+  }
+  return LowerCase(bytes);
 }
 
 void Call(const Handler& handler) {
@@ -192,10 +235,53 @@ bool ListBox::UserDouble(int row) {
   return true;
 }
 
+bool ListBox::UserEnter() {
+  if (!on_double_click || Row() < 0 || !Usable()) return false;
+  const UserEvent event(form());
+  on_double_click();
+  return true;
+}
+
 void ListBox::DefaultKey(const Key& key) {
   if (rows() == 0) return;
+  if (key.name == Key::kCharacter) return TypeKey(key.character);
+  // Within a name a blank is a letter like others.
+  if (key.name == Key::kSpace && !typed_.empty() && TypedLately()) return TypeKey(" ");
   const int row = RowByKey(key, focus_row_, rows());
   if (row != focus_row_) UserSelect({row});
+}
+
+bool ListBox::TypedLately() const {
+  return form().toolkit().Now() - typed_at_ <= kLongestTypingPause;
+}
+
+// Digits are a number as long as there is nothing else; it is complete with its second one.
+void ListBox::TypeKey(const std::string& character) {
+  if (!TypedLately()) typed_.clear();
+  typed_at_ = form().toolkit().Now();
+  const bool first = typed_.empty();
+  typed_ += character;
+  if (IsNumber(typed_)) {
+    if (typed_.size() < kNumberDigits) return;
+    const int row = FindRow(0, [&](const std::string& text) { return NumberIn(text) == typed_; });
+    typed_.clear();
+    if (row >= 0) UserSelect({row});
+    return;
+  }
+  const std::string wanted = Folded(typed_);
+  const int row = FindRow(Row() + (first ? 1 : 0),
+                          [&](const std::string& text) { return Folded(NameIn(text, numbered)).starts_with(wanted); });
+  if (row >= 0) UserSelect({row});
+}
+
+// From `first` on, round at the end; -1 when there is none.
+template <class Wanted>
+int ListBox::FindRow(int first, Wanted wanted) const {
+  for (int i = 0; i < rows(); ++i) {
+    const int row = (std::max(first, 0) + i) % rows();
+    if (wanted(rows_[static_cast<std::size_t>(row)])) return row;
+  }
+  return -1;
 }
 
 const std::string& ComboBox::RowText(int row) const {
@@ -206,6 +292,7 @@ void ComboBox::SetRows(std::vector<std::string> rows) {
   rows_ = std::move(rows);
   row_ = -1;
   text_.clear();
+  before_typing_.reset();
   Changed(Change::kRows);
 }
 
@@ -218,18 +305,26 @@ void ComboBox::SetRow(int row) {
   if (row < -1 || row >= rows() || row == row_) return;
   row_ = row;
   text_ = TextOfRow(rows_, row);
+  before_typing_.reset();
   Changed(Change::kRow);
   Call(on_click);
 }
 
 void ComboBox::ShowRow(int row) {
-  if (row < -1 || row >= rows() || row == row_) return;
+  if (row < -1 || row >= rows()) return;
+  before_typing_.reset();
+  if (row == row_) return;
   row_ = row;
   text_ = TextOfRow(rows_, row);
   Changed(Change::kRow);
 }
 
 void ComboBox::ShowText(std::string text) {
+  before_typing_.reset();
+  TakeText(std::move(text));
+}
+
+void ComboBox::TakeText(std::string text) {
   const auto found = std::find(rows_.begin(), rows_.end(), text);
   row_ = found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
   text_ = std::move(text);
@@ -249,9 +344,18 @@ bool ComboBox::UserType(const std::string& text) {
   const UserEvent event(form());
   SetFocus();
   if (text == text_) return true;
-  ShowText(text);
+  if (row_ >= 0 || !before_typing_) before_typing_ = Shown{row_, text_};
+  TakeText(text);
   Call(on_change);
   return true;
+}
+
+void ComboBox::FocusLeft() {
+  const std::optional<Shown> before = std::exchange(before_typing_, std::nullopt);
+  if (!before || row_ >= 0) return;
+  row_ = before->row;
+  text_ = before->text;
+  Changed(Change::kRow);
 }
 
 void ComboBox::DefaultKey(const Key& key) {
@@ -292,11 +396,52 @@ bool ScrollBar::UserSet(int value) {
   if (!Usable() || value < std::min(min_, max_) || value > std::max(min_, max_)) return false;
   const UserEvent event(*this, UserEvent::kMoves);
   SetFocus();
+  ShowTyped({});
   SetValue(value);
   return true;
 }
 
+bool ScrollBar::UserReset() {
+  const std::optional<int> kept = kept_value && Usable() ? kept_value() : std::nullopt;
+  return kept && UserSet(std::clamp(*kept, std::min(min_, max_), std::max(min_, max_)));
+}
+
+void ScrollBar::ShowTyped(std::string typed) {
+  if (typed == typed_) return;
+  typed_ = std::move(typed);
+  Changed(Change::kTyped);
+}
+
+void ScrollBar::TypeKey(const std::string& character) {
+  const bool sign = character == "-" && typed_.empty();
+  if (character.size() != 1 || (!sign && !IsNumber(character))) return ShowTyped({});
+  if (typed_.size() < kLongestTypedValue) ShowTyped(typed_ + character);
+}
+
+// The value that is shown by this number; where values aren't shown as numbers, the number itself.
+std::optional<int> ScrollBar::ValueOf(const std::string& typed) const {
+  int number = 0;
+  const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
+  if (error != std::errc() || end != typed.data() + typed.size()) return std::nullopt;
+  const auto [low, high] = std::minmax(min_, max_);
+  for (int value = low; shown && value <= high; ++value) {
+    const std::string text = shown(value);
+    int beside = 0;
+    const char* const first = text.data() + (text.starts_with('+') ? 1 : 0);
+    const auto [behind, failed] = std::from_chars(first, text.data() + text.size(), beside);
+    if (failed == std::errc() && behind == text.data() + text.size() && beside == number) return value;
+  }
+  return number >= low && number <= high ? std::optional(number) : std::nullopt;
+}
+
 void ScrollBar::DefaultKey(const Key& key) {
+  if (key.name == Key::kCharacter) return TypeKey(key.character);
+  const std::string typed = typed_;
+  ShowTyped({});
+  if (key.name == Key::kEnter) {
+    if (const std::optional<int> value = ValueOf(typed)) UserSet(*value);
+    return;
+  }
   const int forward = max_ >= min_ ? 1 : -1;
   int value = value_;
   switch (key.name) {

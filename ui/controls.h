@@ -5,12 +5,15 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "ui/control.h"
 
 namespace zentaline::ui {
+
+class ScrollBar;
 
 // Something with a caption: "&" stands before the letter that is its mnemonic, "&&" for the sign itself.
 class Captioned : public Control {
@@ -40,6 +43,7 @@ class Label : public Captioned {
   bool right_aligned = false;
   bool sunken = false;  // shown as a field of its own, as in a status strip
   bool wraps = false;
+  ScrollBar* bar = nullptr;  // that it stands for: a double click on it is one on the bar's handle
 };
 
 class Frame : public Captioned {
@@ -90,7 +94,8 @@ class ListBox : public Control {
   ListBox(Form& form, std::string name, int index = -1)
       : Control(form, ControlKind::kListBox, std::move(name), index) {}
   bool multi_select = false;
-  int group_rows = 0;  // shown in groups of so many rows, 0 for none
+  int group_rows = 0;    // shown in groups of so many rows, 0 for none
+  bool numbered = true;  // a number at a row's beginning is none of its name's
   // All rows share the height of the list in equal parts; other controls can stand beside them.
   bool fills_height = false;
   Handler on_click;
@@ -122,12 +127,22 @@ class ListBox : public Control {
   bool UserSelect(const std::vector<int>& rows);
   // A click on the row, then the double click.
   bool UserDouble(int row);
+  // The double click alone, on the row that is selected; false when there is none, or nothing that it does.
+  bool UserEnter();
+  // Letters go to the next row whose name begins with them, two digits to the row of that number.
   void DefaultKey(const Key& key) override;
 
  private:
+  bool TypedLately() const;
+  void TypeKey(const std::string& character);
+  template <class Wanted>
+  int FindRow(int first, Wanted wanted) const;
+
   std::vector<std::string> rows_;
   std::vector<bool> selected_;
   int focus_row_ = -1;
+  std::string typed_;          // of the keys that count together
+  std::int64_t typed_at_ = 0;  // when the last of them came
 };
 
 class ComboBox : public Control {
@@ -152,11 +167,20 @@ class ComboBox : public Control {
   bool UserSelect(int row);
   bool UserType(const std::string& text);
   void DefaultKey(const Key& key) override;
+  // A typed text that is none of the rows goes back to what stood there before; nothing is raised.
+  void FocusLeft() override;
 
  private:
+  struct Shown {
+    int row;
+    std::string text;
+  };
+  void TakeText(std::string text);
+
   std::vector<std::string> rows_;
   int row_ = -1;
   std::string text_;
+  std::optional<Shown> before_typing_;
 };
 
 class ScrollBar : public Control {
@@ -180,9 +204,23 @@ class ScrollBar : public Control {
   std::function<std::string(int)> shown;
   Label* value_label = nullptr;
   bool UserSet(int value);  // refused outside the range
+  // The value of the record when it was last filled or kept. A bar without it stands for no record; none: the record
+  // has no value for it.
+  std::function<std::optional<int>()> kept_value;
+  // Goes back to it, as far as the range reaches; refused without one.
+  bool UserReset();
+  // Digits are a value, as the bar shows it, which Enter takes.
   void DefaultKey(const Key& key) override;
+  // What has been typed and not been taken yet.
+  const std::string& typed() const { return typed_; }
+  void FocusLeft() override { ShowTyped({}); }
 
  private:
+  void TypeKey(const std::string& character);
+  void ShowTyped(std::string typed);
+  std::optional<int> ValueOf(const std::string& typed) const;
+
+  std::string typed_;
   int min_ = 0;
   int max_ = 100;
   int step_ = 1;
@@ -270,7 +308,8 @@ class MenuEntry : public Captioned {
   bool checked() const { return checked_; }
   void SetChecked(bool checked);
   bool separator_before = false;
-  std::string shortcut;  // as in Ctrl+Shift+S
+  bool numbered = false;  // of an array: the first nine can be chosen by their number
+  std::string shortcut;   // as in Ctrl+Shift+S
   Handler on_click;
   void Press();
   bool UserPress();

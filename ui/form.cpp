@@ -18,7 +18,12 @@ std::string Form::FullName() const {
 void Form::SetCaption(std::string caption) {
   if (caption == caption_) return;
   caption_ = std::move(caption);
+  toolkit_.windows_changed_ = true;
   if (view != nullptr) view->ShowCaption();
+}
+
+void Form::SetModified(bool modified) {
+  if (std::exchange(modified_, modified) != modified && view != nullptr) view->ShowCaption();
 }
 
 void Form::SetPlacement(const Placement& placement) {
@@ -52,6 +57,7 @@ void Form::NoteContainers() {
     }
   };
   note(note, layout, nullptr, 0);
+  note(note, free_area, nullptr, 0);
 }
 
 bool Form::Reachable() const {

@@ -19,7 +19,7 @@ enum class FormKind { kMain, kChild, kModal };
 class FormView {
  public:
   virtual ~FormView() = default;
-  virtual void ShowCaption() = 0;
+  virtual void ShowCaption() = 0;    // or the mark of what isn't saved
   virtual void ShowPlacement() = 0;  // place, size and state were changed by the program
 };
 
@@ -52,6 +52,12 @@ class Form {
   Control* Find(const std::string& name, int index = -1) const;
   const std::vector<MenuEntry*>& menu_bar() const { return menu_bar_; }
   Layout layout;
+  Layout free_area;             // of the main window: what stands where no child window does
+  Label* wait_field = nullptr;  // of the main window: the field that gives way where a bar of progress has no room
+  // Whether it holds something that isn't saved; the caption doesn't tell.
+  bool modified() const { return modified_; }
+  void SetModified(bool modified);
+
   Button* default_button = nullptr;  // pressed by Enter
   Button* cancel_button = nullptr;   // pressed by Escape
 
@@ -106,6 +112,7 @@ class Form {
   std::vector<OptionButton*> options_;  // among the controls
   std::vector<MenuEntry*> menu_bar_;
   Control* focus_ = nullptr;
+  bool modified_ = false;
   bool open_ = false;
 };
 

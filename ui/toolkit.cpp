@@ -30,8 +30,11 @@ Form& Toolkit::OpenModal(std::unique_ptr<Form> form) {
 
 void Toolkit::Activate(Form& form) {
   if (form.kind() != FormKind::kChild || !form.open() || active_child() == &form) return;
+  if (const Form* before = active_child(); before != nullptr && before->focus() != nullptr)
+    before->focus()->FocusLeft();
   std::erase(activation_order_, &form);
   activation_order_.push_back(&form);
+  windows_changed_ = true;
   RaiseForm(form);
   form.Activated();
 }
@@ -92,6 +95,7 @@ void Toolkit::HandTakes(const Control& control) {
 }
 
 void Toolkit::DropForms() {
+  on_settled = nullptr;
   timers_.StopAll();
   activation_order_.clear();
   modals_.clear();
@@ -104,10 +108,12 @@ void Toolkit::LeaveEvent() {
   cause_ = kNoCause;
   if (on_event_end) on_event_end();
   if (!closed_.empty()) const auto dying = std::exchange(closed_, {});
+  if (on_settled) on_settled();
 }
 
 void Toolkit::TakeOut(Form& form) {
   form.open_ = false;
+  windows_changed_ = true;
   std::erase(activation_order_, &form);
   for (Control* control : form.controls()) {
     if (control == move_.control) move_ = {};

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/form.h"
@@ -89,6 +90,11 @@ class Toolkit {
   bool HandHolds() const { return move_.held; }
   std::int64_t takings() const { return takings_; }  // how often it has taken hold so far
 
+  // Called when the outermost event has ended.
+  Handler on_settled;
+  // True once after windows have opened, closed, come to the front or got another caption.
+  bool TakeWindowsChanged() { return std::exchange(windows_changed_, false); }
+
   // The main window has closed: the program ends.
   virtual void MainClosed() = 0;
 
@@ -134,6 +140,7 @@ class Toolkit {
   std::vector<Form*> modals_;            // the one on top last
   std::vector<Form*> activation_order_;  // child windows, the one in front last
   TimerQueue timers_;
+  bool windows_changed_ = false;
   int event_depth_ = 0;
   std::int64_t takings_ = 0;
   Cause cause_ = kNoCause;  // of the event that runs, once it is known

@@ -14,6 +14,7 @@
 #include <QWheelEvent>
 
 #include "tests/desktop/desk.h"
+#include "ui/qt/fader.h"
 
 namespace zentaline::ui::qt {
 namespace {
@@ -120,7 +121,7 @@ TEST_F(Controls, ArrowsMoveTheSelectionAfterTheKeyHandler) {
                                "list 52"));
 }
 
-TEST_F(Controls, LettersAndSpaceOnlyCallTheKeyHandler) {
+TEST_F(Controls, ADigitASpaceAndDeleteCallTheKeyHandlerAndSelectNothing) {
   child->List1.SetRow(0);
   child->List1.SetFocus();
   log.clear();
@@ -141,12 +142,12 @@ TEST_F(Controls, AListThatOutlivesItsWindowReadsItNoMore) {
   });
 }
 
-TEST_F(Controls, ARightClickOnAListOpensItsMenuOnReleaseAndSelectsNothing) {
+TEST_F(Controls, ARightClickOnAListSelectsTheRowUnderItAndOpensTheMenuOnRelease) {
   QTest::mousePress(List()->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOfRow(List(), 2));
   EXPECT_THAT(log, IsEmpty());
   QTest::mouseRelease(List()->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOfRow(List(), 2));
-  EXPECT_THAT(log, ElementsAre("list context"));
-  EXPECT_EQ(child->List1.Row(), -1);
+  EXPECT_THAT(log, ElementsAre("list 2", "list context"));
+  EXPECT_EQ(child->List1.Row(), 2);
 }
 
 TEST_F(Controls, SeveralRowsAreSelectedWithCtrlAndShift) {
@@ -312,7 +313,7 @@ TEST_F(Controls, AFixedPitchIsOneAlsoWhereTheDesktopHasNoneSet) {
 }
 
 TEST_F(Controls, AScrollBarMovesByKeysAndShowsItsValue) {
-  auto* bar = Widget<QScrollBar>(child->HScroll1);
+  auto* bar = Widget<Fader>(child->HScroll1);
   QTest::keyClick(bar, Qt::Key_PageDown);
   QTest::keyClick(bar, Qt::Key_Down);
   QTest::keyClick(bar, Qt::Key_End);
@@ -323,7 +324,7 @@ TEST_F(Controls, AScrollBarMovesByKeysAndShowsItsValue) {
 }
 
 TEST_F(Controls, ANotchOfTheWheelMovesABarWithTheFocusByOneStep) {
-  auto* bar = Widget<QScrollBar>(child->VScroll1);
+  auto* bar = Widget<Fader>(child->VScroll1);
   child->VScroll1.SetValue(64);
   log.clear();
   const auto turn = [bar](int eighths) {
@@ -348,7 +349,7 @@ TEST_F(Controls, ANotchOfTheWheelMovesABarWithTheFocusByOneStep) {
 }
 
 TEST_F(Controls, WhereNothingScrollsTheWheelMovesTheBarUnderThePointer) {
-  auto* bar = Widget<QScrollBar>(child->HScroll1);
+  auto* bar = Widget<Fader>(child->HScroll1);
   Frame(*child)->resize(Frame(*child)->sizeHint() + QSize(100, 100));
   Settle();
   child->List1.SetFocus();
@@ -361,7 +362,7 @@ TEST_F(Controls, WhereNothingScrollsTheWheelMovesTheBarUnderThePointer) {
 }
 
 TEST_F(Controls, AScrollBarWhoseGreaterValueIsAtTheTopRunsDownwards) {
-  auto* bar = Widget<QScrollBar>(child->VScroll1);
+  auto* bar = Widget<Fader>(child->VScroll1);
   child->VScroll1.SetValue(100);
   EXPECT_EQ(bar->value(), 0);
   log.clear();

@@ -111,19 +111,21 @@ TEST_F(Dialogs, AFileIsReplacedOnlyAfterAYes) {
   request.save = true;
   request.default_extension = "arr";
   std::vector<std::string> asked;
-  const auto answer_box = [&asked](int key) {
-    QTimer::singleShot(0, [&asked, key] {
+  const auto answer_box = [&asked](const QString& answer) {
+    QTimer::singleShot(0, [&asked, answer] {
       auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
       ASSERT_NE(box, nullptr);
       asked.push_back(FromQt(box->text()));
-      QTest::keyClick(box, static_cast<Qt::Key>(key));
+      for (QAbstractButton* button : box->buttons()) {
+        if (button->text() == answer) return button->click();
+      }
     });
   };
   const FileDialogAnswer answer = Run([&] {
-    answer_box(Qt::Key_Escape);
+    answer_box(QStringLiteral("&No"));
     Type("song.arr");
     EXPECT_NE(Dialog(), nullptr) << "after a no the dialog stays";
-    answer_box(Qt::Key_Return);
+    answer_box(QStringLiteral("&Yes"));
     Type("song.arr");
   });
   EXPECT_EQ(asked, std::vector<std::string>(2, "“song.arr” already exists. Replace it?"));

@@ -2,8 +2,6 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QMessageBox>
-#include <QScrollBar>
-#include <QStyleOptionSlider>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
@@ -12,6 +10,7 @@
 
 #include "tests/desktop/desk.h"
 #include "tests/desktop/slow_service.h"
+#include "ui/qt/fader.h"
 #include "ui/qt/long_sender.h"
 
 namespace zentaline::ui::qt {
@@ -27,8 +26,8 @@ class FastHand : public Desk {
     Bar().value_label = &child->LabelName;
   }
   ScrollBar& Bar() { return child->HScroll1; }
-  QScrollBar* BarWidget() { return Widget<QScrollBar>(child->HScroll1); }
-  QScrollBar* OtherBar() { return Widget<QScrollBar>(child->VScroll1); }
+  Fader* BarWidget() { return Widget<Fader>(child->HScroll1); }
+  Fader* OtherBar() { return Widget<Fader>(child->VScroll1); }
   QString LabelText() { return Widget<QLabel>(child->LabelName)->text(); }
 
   int Send(std::uint32_t bytes = 1000) {
@@ -46,20 +45,7 @@ class FastHand : public Desk {
       service.GoOn();
     });
   }
-  static QPoint SliderOf(QScrollBar* bar) {
-    QStyleOptionSlider option;
-    option.initFrom(bar);
-    option.subControls = QStyle::SC_All;
-    option.orientation = bar->orientation();
-    if (bar->orientation() == Qt::Horizontal) option.state |= QStyle::State_Horizontal;
-    option.minimum = bar->minimum();
-    option.maximum = bar->maximum();
-    option.sliderPosition = bar->sliderPosition();
-    option.sliderValue = bar->value();
-    option.singleStep = bar->singleStep();
-    option.pageStep = bar->pageStep();
-    return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, bar).center();
-  }
+  static QPoint SliderOf(const Fader* bar) { return bar->HandlePlace().center(); }
   // By the platform's own queue, which reaches the window first.
   void Hand(QEvent::Type type, QWidget* widget, QPoint place) {
     QWidget* top = toolkit.windows().main()->window();
@@ -77,7 +63,7 @@ class FastHand : public Desk {
     }
   }
   // Takes the slider and pulls it along in steps of some pixels.
-  void Pull(QScrollBar* bar, int steps) {
+  void Pull(Fader* bar, int steps) {
     QPoint place = SliderOf(bar);
     Hand(QEvent::MouseButtonPress, bar, place);
     for (int i = 0; i < steps; ++i) {

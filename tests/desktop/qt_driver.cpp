@@ -7,7 +7,6 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -15,6 +14,7 @@
 #include <utility>
 
 #include "ui/qt/convert.h"
+#include "ui/qt/fader.h"
 #include "ui/qt/menus.h"
 #include "ui/qt/rows_view.h"
 #include "ui/qt/view.h"
@@ -188,7 +188,7 @@ bool QtDriver::Set(Control& control, int value) {
   const PageInFront page(desktop_.windows().gate(), widget);
   if (control.kind() == ControlKind::kScrollBar) {
     const auto& model = static_cast<ScrollBar&>(control);
-    auto* bar = static_cast<QScrollBar*>(widget);
+    auto* bar = static_cast<Fader*>(widget);
     bar->setFocus(Qt::MouseFocusReason);
     bar->setSliderDown(true);
     bar->setSliderPosition(std::abs(value - model.min()));
@@ -253,6 +253,15 @@ bool QtDriver::DoubleClick(Control& control, int row) {
   if (!alive || !control.form().open()) return true;
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
                      list->visualRect(list->model()->index(row, 0)).center());
+  return true;
+}
+
+// By the events of a mouse on its handle.
+bool QtDriver::DoubleClick(ScrollBar& bar) {
+  QWidget* widget = WidgetOf(bar);
+  if (widget == nullptr || !bar.kept_value) return false;
+  const PageInFront page(desktop_.windows().gate(), widget);
+  QTest::mouseDClick(widget, Qt::LeftButton, Qt::NoModifier, static_cast<Fader*>(widget)->HandlePlace().center());
   return true;
 }
 

@@ -16,6 +16,7 @@ class QtDriver : public ScriptDriver {
   bool Type(Control& control, const std::string& text) override;
   bool PressKey(Control& control, const Key& key) override;
   bool DoubleClick(Control& control, int row) override;
+  bool DoubleClick(ScrollBar& bar) override;
   bool Drag(Picture& picture, int handle, int x, int y) override;
   bool Mouse(Control& control, const MouseEvent& event) override;
   bool Mouse(Form& form, const MouseEvent& event) override;

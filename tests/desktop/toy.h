@@ -68,6 +68,7 @@ class ToyChild : public Form {
     const auto keys = [this](const std::string& who) {
       return [this, who](const Key& key) {
         log.push_back(who + " key " + (key.name == Key::kCharacter ? key.character : std::to_string(key.name)));
+        return false;
       };
     };
     Comm1.SetCaption("&Press me");

@@ -222,7 +222,6 @@ TEST(ScriptEngine, ALineThatIsNoCommandIsWrongUsage) {
                                       "type a b c",
                                       "key a",
                                       "key a Nokey",
-                                      "double a",
                                       "double a x",
                                       "mouse a",
                                       "mouse a click",

@@ -125,7 +125,10 @@ inline ToyChild::ToyChild(Toy& toy, std::string number)
   CommHidden.SetVisible(false);
   Text1.max_length = 8;
   Text1.on_change = [this] { toy_.Log("Text1=" + Text1.text()); };
-  Text1.on_key = [this](const Key& key) { toy_.Log("Text1 key " + std::to_string(key.name) + key.character); };
+  Text1.on_key = [this](const Key& key) {
+    toy_.Log("Text1 key " + std::to_string(key.name) + key.character);
+    return false;
+  };
   List1.SetRows({"one", "two", "three"});
   List1.on_click = [this] { toy_.Log("List1 click " + std::to_string(List1.Row())); };
   List1.on_double_click = [this] { toy_.Log("List1 double"); };

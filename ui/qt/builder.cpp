@@ -8,15 +8,18 @@
 #include <QStyle>
 #include <QTabWidget>
 #include <algorithm>
+#include <set>
 #include <utility>
 #include <vector>
 
 #include "ui/layout.h"
+#include "ui/letters.h"
 #include "ui/qt/convert.h"
 #include "ui/qt/picture_view.h"
 #include "ui/qt/places.h"
 #include "ui/qt/simple_views.h"
 #include "ui/qt/text_views.h"
+#include "ui/toolkit.h"
 
 namespace zentaline::ui::qt {
 
@@ -49,16 +52,20 @@ class Builder {
   Builder(Form& form, Gate& gate) : form_(form), gate_(gate) {}
 
   Built Build(QWidget* parent) {
+    Layout whole = form_.layout.kind == Kind::kNothing ? ColumnOfAll() : form_.layout;
+    // The main window may be smaller than a window that fills it.
+    if (form_.kind() == FormKind::kChild && !whole.tight) whole.scrolls = true;
+    return Build(parent, std::move(whole));
+  }
+  Built Build(QWidget* parent, Layout whole) {
     built_.body = new QWidget(parent);
     auto* box = new QVBoxLayout(built_.body);
     if (form_.kind() == FormKind::kMain) box->setContentsMargins(2, 2, 2, 2);
-    if (form_.layout.tight) box->setContentsMargins(0, 0, 0, 0);
-    Layout whole = form_.layout.kind == Kind::kNothing ? ColumnOfAll() : form_.layout;
+    if (whole.tight) box->setContentsMargins(0, 0, 0, 0);
     if (whole.stretch == 0) whole.stretch = 1;
-    // The main window may be smaller than a window that fills it.
-    if (form_.kind() == FormKind::kChild && !whole.tight) whole.scrolls = true;
     parent_ = built_.body;
     Add(*box, whole, 1);
+    GiveLetters();
     for (View* view : built_.views) view->ShowAll();
     // Asked for their size only now that they show all they have.
     for (const auto& [area, content] : scrolled_) {
@@ -71,6 +78,19 @@ class Builder {
   }
 
  private:
+  // Those of the menu bar reach its menus from every window but a modal one.
+  void GiveLetters() {
+    std::set<char> taken;
+    for (const Form* form : form_.toolkit().forms()) {
+      if (form->kind() == FormKind::kMain && form_.kind() != FormKind::kModal) taken = LettersOfBar(*form);
+    }
+    const Letters letters = LettersOfControls(form_, taken);
+    for (View* view : built_.views) {
+      const auto found = letters.find(view->control());
+      if (found != letters.end()) view->SetLetter(found->second);
+    }
+  }
+
   Layout ColumnOfAll() const {
     std::vector<Layout> all;
     for (Control* control : form_.controls()) {
@@ -293,6 +313,10 @@ class Builder {
 
 Built BuildBody(Form& form, Gate& gate, QWidget* parent) {
   return Builder(form, gate).Build(parent);
+}
+
+Built BuildFreeArea(Form& form, Gate& gate, QWidget* parent) {
+  return Builder(form, gate).Build(parent, form.free_area);
 }
 
 }  // namespace zentaline::ui::qt

@@ -15,7 +15,9 @@ struct Built {
   std::vector<View*> views;
 };
 
-// The body of the form. Without a layout value all its controls stand in a column.
+// The body of the form by its layout. Without a layout value all its controls stand in a column.
 Built BuildBody(Form& form, Gate& gate, QWidget* parent);
+// What the main window shows where no child window stands.
+Built BuildFreeArea(Form& form, Gate& gate, QWidget* parent);
 
 }  // namespace zentaline::ui::qt

@@ -1,9 +1,11 @@
 #include "ui/qt/dialogs.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QTreeView>
 #include <algorithm>
@@ -45,11 +47,33 @@ class FileDialog : public QFileDialog {
   const Words& words_;
 };
 
+// A question with Yes and No alone can't be put away: Escape and the frame's button do nothing.
+class Box : public QMessageBox {
+ public:
+  Box(QWidget* parent, bool must_be_answered) : QMessageBox(parent), must_be_answered_(must_be_answered) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (must_be_answered_ && event->matches(QKeySequence::Cancel)) return;
+    QMessageBox::keyPressEvent(event);
+  }
+  void closeEvent(QCloseEvent* event) override {
+    if (must_be_answered_) {
+      event->ignore();
+    } else {
+      QMessageBox::closeEvent(event);
+    }
+  }
+
+ private:
+  bool must_be_answered_;
+};
+
 }  // namespace
 
 BoxAnswer RunBox(QWidget* parent, const Words& words, BoxStyle style, const std::string& title,
                  const std::string& text) {
-  QMessageBox box(parent);
+  Box box(parent, style == BoxStyle::kYesNo);
   box.setIcon(QMessageBox::Warning);
   box.setWindowTitle(ToQt(title));
   box.setTextFormat(Qt::PlainText);
@@ -73,7 +97,7 @@ BoxAnswer RunBox(QWidget* parent, const Words& words, BoxStyle style, const std:
     if (style == BoxStyle::kYesNoCancel) last = box.addButton(ToQt(words.cancel), QMessageBox::RejectRole);
     box.setDefaultButton(yes);
   }
-  box.setEscapeButton(last);
+  if (style != BoxStyle::kYesNo) box.setEscapeButton(last);
   box.exec();
   const QAbstractButton* pressed = box.clickedButton();
   if (style == BoxStyle::kOk) return BoxAnswer::kOk;

@@ -9,6 +9,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zentaline::ui::qt {
@@ -84,6 +85,8 @@ class Gate : public QObject {
   // Destroys a window as soon as no widget's event is under way.
   void Destroy(QWidget* window);
 
+  // Where a menu opens that a key asks for, on the screen; none: under the pointer.
+  std::optional<QPoint> popup_place;
   // Called when nothing holds the program up any longer.
   std::function<void()> on_release;
 

@@ -22,6 +22,14 @@ class ListView : public View {
     };
   }
 
+  // A menu acts on the row under the pointer.
+  void ContextAsked(const QWidget& part, const QPoint& place) override {
+    if (&part != widget_->viewport()) return;
+    const int row = widget_->RowAt(place);
+    if (row >= 0 && !box_.Selected(row)) User([this, row] { box_.UserSelect({row}); });
+  }
+  QPoint PlaceOfPopup() const override { return widget_->PlaceOfPopup(); }
+
   void Detach() override {
     widget_->Forget();
     View::Detach();
@@ -33,7 +41,13 @@ class ListView : public View {
     if (change == Change::kRow) widget_->ShowSelection();
     if (change == Change::kFont) ShowFont();
   }
-  bool KeyDoes(const Key&, const QKeyEvent& event) override { return widget_->Key(event); }
+  bool KeyDoes(const Key& key, const QKeyEvent& event) override {
+    if (key.name == Key::kEnter) return event.isAutoRepeat() || box_.UserEnter();
+    const bool types = key.name == Key::kCharacter || key.name == Key::kSpace;
+    if (!types) return widget_->Key(event);
+    box_.DefaultKey(key);
+    return true;
+  }
 
  private:
   // Rows are tables: their columns stand one below the other.

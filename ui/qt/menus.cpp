@@ -1,7 +1,9 @@
 #include "ui/qt/menus.h"
 
 #include <QAction>
+#include <vector>
 
+#include "ui/letters.h"
 #include "ui/qt/convert.h"
 
 namespace zentaline::ui::qt {
@@ -11,8 +13,8 @@ namespace {
 class EntryView : public QObject, public ControlView {
  public:
   // `menu` is that of the entry itself when it has entries below it.
-  EntryView(MenuEntry& entry, Gate& gate, QAction* action, QMenu* menu)
-      : QObject(action), entry_(&entry), gate_(gate), action_(action), menu_(menu) {
+  EntryView(MenuEntry& entry, char letter, Gate& gate, QAction* action, QMenu* menu)
+      : QObject(action), entry_(&entry), letter_(letter), gate_(gate), action_(action), menu_(menu) {
     entry.view = this;
     action->setObjectName(ToQt(entry.FullName()));
     if (!entry.shortcut.empty()) action->setShortcut(QKeySequence(ToQt(entry.shortcut)));
@@ -44,7 +46,7 @@ class EntryView : public QObject, public ControlView {
     const Gate::Showing showing(gate_);
     switch (change) {
       case Change::kText:
-        action_->setText(entry_->literal ? WithSigns(entry_->caption()) : ToQt(entry_->caption()));
+        action_->setText(Number() + ToQt(WithLetter(entry_->caption(), Letter(), entry_->literal)));
         break;
       case Change::kToolTip:
         action_->setToolTip(ToToolTip(entry_->tool_tip()));
@@ -69,14 +71,36 @@ class EntryView : public QObject, public ControlView {
   QAction* separator = nullptr;
 
  private:
+  // Another caption may lack the one that was found, and name one of its own.
+  char Letter() const {
+    const bool has = entry_->literal || HasLetter(entry_->caption(), letter_);
+    return has ? letter_ : NamedLetter(entry_->caption());
+  }
+  // The key by which an entry of a numbered array is chosen.
+  QString Number() const {
+    const bool has_one = entry_->numbered && entry_->index() < 9;
+    return has_one ? QStringLiteral("&%1 ").arg(entry_->index() + 1) : QString();
+  }
+
   MenuEntry* entry_;
+  char letter_;
   Gate& gate_;
   QAction* action_;
   QMenu* menu_;
 };
 
 // Places of the bar and of menus take entries alike.
-void AddEntry(MenuEntry& entry, Gate& gate, QWidget& place) {
+void AddEntry(MenuEntry& entry, char letter, Gate& gate, QWidget& place);
+
+void AddEntries(const std::vector<MenuEntry*>& entries, Gate& gate, QWidget& place) {
+  const Letters letters = LettersOfEntries(entries);
+  for (MenuEntry* entry : entries) {
+    const auto letter = letters.find(entry);
+    AddEntry(*entry, letter == letters.end() ? '\0' : letter->second, gate, place);
+  }
+}
+
+void AddEntry(MenuEntry& entry, char letter, Gate& gate, QWidget& place) {
   QAction* separator = nullptr;
   if (entry.separator_before) {
     separator = new QAction(&place);
@@ -93,16 +117,16 @@ void AddEntry(MenuEntry& entry, Gate& gate, QWidget& place) {
     action = menu->menuAction();
   }
   place.addAction(action);
-  auto* view = new EntryView(entry, gate, action, menu);
+  auto* view = new EntryView(entry, letter, gate, action, menu);
   view->separator = separator;
   view->Show(Change::kVisible);
-  for (MenuEntry* below : entry.entries()) AddEntry(*below, gate, *menu);
+  if (menu != nullptr) AddEntries(entry.entries(), gate, *menu);
 }
 
 }  // namespace
 
 void BuildMenus(Form& form, Gate& gate, QMenuBar& bar) {
-  for (MenuEntry* entry : form.menu_bar()) AddEntry(*entry, gate, bar);
+  AddEntries(form.menu_bar(), gate, bar);
 }
 
 void DetachMenus(Form& form) {

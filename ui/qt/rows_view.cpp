@@ -17,6 +17,9 @@ constexpr int kShownRows = 24;  // of a long list in a new window
 constexpr int kLeastRows = 4;   // of a list in a small window
 constexpr int kWidestRow = 72;  // characters; a longer one is scrolled to
 constexpr int kRowsOfAPage = 10;
+constexpr int kBankRows = 64;  // these stand in columns of eight where there is room
+constexpr int kColumnRows = 8;
+constexpr int kBankColumns = kBankRows / kColumnRows;
 constexpr int kRowRoom = 2;   // pixels between two rows
 constexpr int kRoomyRow = 6;  // the same where other controls stand beside the rows
 constexpr int kGroupGap = 7;  // pixels between two groups, with a line in their middle
@@ -82,7 +85,7 @@ class RowsView::RowPainter : public QStyledItemDelegate {
 
  private:
   bool BeginsGroup(const QModelIndex& index) const {
-    return view_.box_ != nullptr && view_.box_->group_rows > 0 && index.row() > 0 &&
+    return view_.box_ != nullptr && !view_.InColumns() && view_.box_->group_rows > 0 && index.row() > 0 &&
            index.row() % view_.box_->group_rows == 0;
   }
   RowsView& view_;
@@ -106,6 +109,7 @@ RowsView::RowsView(ListBox& box, QWidget* parent) : QListView(parent), box_(&box
 void RowsView::ShowRows() {
   const int scrolled = verticalScrollBar()->value();
   if (rows_->Take()) verticalScrollBar()->setValue(scrolled);
+  ShowColumns();
   updateGeometry();
   ShowSelection();
 }
@@ -126,8 +130,36 @@ void RowsView::ShowSelection() {
   if (focus.isValid()) scrollTo(focus);
 }
 
+QPoint RowsView::PlaceOfPopup() const {
+  const QRect row = visualRect(currentIndex());
+  const QPoint place = row.isValid() ? row.bottomLeft() + QPoint(row.height(), 0) : QPoint();
+  const QRect room = viewport()->rect();
+  return viewport()->mapToGlobal(room.contains(place) ? place : room.center());
+}
+
 int RowsView::RowAt(const QPoint& place) const {
   return indexAt(place).row();
+}
+
+void RowsView::ShowColumns() {
+  const bool bank = box_ != nullptr && !box_->fills_height && model()->rowCount() == kBankRows;
+  if (!bank && !InColumns()) return;
+  // Without the bars of a list that scrolls there is more room.
+  const QSize room = maximumViewportSize();
+  const int row = fontMetrics().height() + kRowRoom;
+  const bool fits = bank && room.width() >= kBankColumns * sizeHintForColumn(0) && room.height() >= kColumnRows * row;
+  setGridSize(fits ? QSize(room.width() / kBankColumns, room.height() / kColumnRows) : QSize());
+  if (fits == InColumns()) return;
+  setWrapping(fits);
+  setUniformItemSizes(fits || (box_->group_rows == 0 && !box_->fills_height));
+  setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+  setHorizontalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+  if (currentIndex().isValid()) scrollTo(currentIndex());
+}
+
+void RowsView::resizeEvent(QResizeEvent* event) {
+  QListView::resizeEvent(event);
+  ShowColumns();
 }
 
 // From the top of the row to that of the next, so that all rows together are as high as the list.
@@ -190,7 +222,8 @@ void RowsView::mousePressEvent(QMouseEvent* event) {
 
 void RowsView::mouseMoveEvent(QMouseEvent* event) {
   if (box_ == nullptr || dragged_to_ < 0 || (event->buttons() & Qt::LeftButton) == 0) return;
-  const QPoint place(viewport()->width() / 4,
+  const QPoint place(InColumns() ? std::clamp(event->position().toPoint().x(), 0, std::max(viewport()->width() - 1, 0))
+                                 : viewport()->width() / 4,
                      std::clamp(event->position().toPoint().y(), 0, std::max(viewport()->height() - 1, 0)));
   const int row = RowAt(place);
   if (row < 0 || row == dragged_to_) return;
@@ -226,6 +259,10 @@ int RowsView::TargetOf(const QKeyEvent& event) const {
       return std::max(row - 1, 0);
     case Qt::Key_Down:
       return std::min(row + 1, last);
+    case Qt::Key_Left:
+      return !InColumns() ? -1 : row >= kColumnRows ? row - kColumnRows : row;
+    case Qt::Key_Right:
+      return !InColumns() ? -1 : row + kColumnRows <= last ? row + kColumnRows : row;
     case Qt::Key_PageUp:
       return std::max(row - kRowsOfAPage, 0);
     case Qt::Key_PageDown:
@@ -252,7 +289,7 @@ bool RowsView::Key(const QKeyEvent& event) {
   return true;
 }
 
-// Letters don't look for rows: a row that is selected may be sent at once.
+// What letters look for is the model's to say.
 void RowsView::keyPressEvent(QKeyEvent* event) {
   if (box_ != nullptr && box_->multi_select && event->matches(QKeySequence::SelectAll)) {
     if (box_->rows() > 0) SelectRange(0, box_->rows() - 1);

@@ -26,6 +26,11 @@ class RowsView : public QListView {
   // The model is about to go: from now on the rows have no text and nothing is asked for.
   void Forget() { box_ = nullptr; }
 
+  // The row at a place of the viewport, -1 for none.
+  int RowAt(const QPoint& place) const;
+  // Below the row that has the focus, on the screen.
+  QPoint PlaceOfPopup() const;
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -37,13 +42,16 @@ class RowsView : public QListView {
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   class Rows;
   class RowPainter;
-  int RowAt(const QPoint& place) const;
   int HeightOfRows(int rows) const;
   int PartOfHeight(int row) const;
+  // A bank stands in columns, as on the instrument's panel, where there is room for all of them.
+  void ShowColumns();
+  bool InColumns() const { return isWrapping(); }
   int LeastRowHeight() const;
   int TargetOf(const QKeyEvent& event) const;
   void SelectRange(int from, int to);

@@ -3,11 +3,13 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "ui/letters.h"
 #include "ui/qt/convert.h"
 
 namespace zentaline::ui::qt {
@@ -37,7 +39,8 @@ class ButtonView : public View {
 
  protected:
   void Refresh(Change change) override {
-    if (change == Change::kText) widget_->setText(WithMnemonic(button_.caption()));
+    if (change != Change::kText) return;
+    widget_->setText(WithMnemonic(button_.caption(), button_.literal));
   }
   bool KeyDoes(const Key& key, const QKeyEvent& event) override {
     if (key.name != Key::kEnter || event.isAutoRepeat()) return key.name == Key::kEnter;
@@ -74,6 +77,13 @@ class FieldLabel : public QLabel {
     QLabel::resizeEvent(event);
     Shorten();
   }
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
 
  private:
   void Shorten() {
@@ -95,6 +105,8 @@ class LabelView : public View {
     widget_->setAlignment((label.right_aligned ? Qt::AlignRight : Qt::AlignLeft) |
                           (label.wraps ? Qt::AlignTop : Qt::AlignVCenter));
     widget_->setTextFormat(Qt::PlainText);
+    if (label.on_key) widget_->setFocusPolicy(Qt::StrongFocus);
+    if (label.on_mouse) widget_->setCursor(Qt::PointingHandCursor);
     if (label.sunken) {
       widget_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
       widget_->setMargin(2);
@@ -109,6 +121,19 @@ class LabelView : public View {
     } else if (label_.sunken && change == Change::kToolTip) {
       static_cast<FieldLabel*>(widget_)->SetToolTipOfItsOwn(ToToolTip(label_.tool_tip()));
     }
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool twice =
+        event->type() == QEvent::MouseButtonDblClick && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+    if (twice && control() != nullptr && label_.bar != nullptr) {
+      User([this] { label_.bar->UserReset(); });
+      return true;
+    }
+    return View::eventFilter(watched, event);
+  }
+  void ShowColours() override {
+    View::ShowColours();
+    widget_->setAutoFillBackground(label_.back_colour().has_value());
   }
   void ShowForNow(const std::optional<std::string>& text) override {
     for_now_ = text ? std::optional(ToQt(*text)) : std::nullopt;
@@ -226,13 +251,19 @@ class TabsView : public View {
   void Refresh(Change change) override {
     if (change == Change::kText) {
       for (int page = 0; page < widget_->count() && page < static_cast<int>(tabs_.captions.size()); ++page) {
-        widget_->setTabText(page, WithMnemonic(tabs_.captions[static_cast<std::size_t>(page)]));
+        widget_->setTabText(page, ToQt(CaptionOf(page)));
       }
     }
     if (change == Change::kValue) widget_->setCurrentIndex(tabs_.page());
   }
 
  private:
+  std::string CaptionOf(int page) const {
+    const std::string& caption = tabs_.captions[static_cast<std::size_t>(page)];
+    const char letter = NamedLetter(caption);
+    return WithLetter(caption, MenuBarHas(letter) ? '\0' : letter, false);
+  }
+
   Tabs& tabs_;
   QTabWidget* widget_;
 };

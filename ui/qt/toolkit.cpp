@@ -71,7 +71,7 @@ FileDialogAnswer QtToolkit::FileDialog(const FileDialogRequest& request) {
 }
 
 void QtToolkit::PopupMenu(MenuEntry& menu) {
-  if (QMenu* shown = MenuOf(menu)) shown->popup(QCursor::pos());
+  if (QMenu* shown = MenuOf(menu)) shown->popup(windows_.gate().popup_place.value_or(QCursor::pos()));
 }
 
 void QtToolkit::ShowWait(const std::string& text) {

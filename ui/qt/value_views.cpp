@@ -1,13 +1,9 @@
-// Scroll bars and combo boxes.
+// Bars and combo boxes.
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
@@ -17,6 +13,7 @@
 #include <optional>
 
 #include "ui/qt/convert.h"
+#include "ui/qt/fader.h"
 #include "ui/qt/simple_views.h"
 #include "ui/qt/text_views.h"
 
@@ -24,105 +21,38 @@ namespace zentaline::ui::qt {
 
 namespace {
 
-constexpr int kLeastBarLength = 120;  // pixels: long enough to aim at a value
-constexpr int kLeastBarHeight = 104;  // a window has less room to give in its height
-
-// Whether the widget stands on a page that has more to show than there is room for.
-bool OnAPageThatScrolls(const QWidget& widget) {
-  for (const QWidget* around = widget.parentWidget(); around != nullptr; around = around->parentWidget()) {
-    const auto* page = qobject_cast<const QScrollArea*>(around);
-    if (page != nullptr && page->verticalScrollBar()->maximum() > 0) return true;
-  }
-  return false;
-}
-
-class Bar : public QScrollBar, public FollowsHand {
- public:
-  using QScrollBar::QScrollBar;
-  bool follows = true;
-
-  bool Follows(const QEvent& event) const override {
-    if (!follows) return false;
-    switch (event.type()) {
-      case QEvent::MouseButtonPress:
-      case QEvent::MouseButtonRelease:
-      case QEvent::MouseButtonDblClick:
-        return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
-      case QEvent::MouseMove:
-        return (static_cast<const QMouseEvent&>(event).buttons() & Qt::LeftButton) != 0;
-      case QEvent::Wheel:
-        return TurnsByWheel();
-      case QEvent::KeyPress:
-      case QEvent::KeyRelease:
-        return MovesBar(static_cast<const QKeyEvent&>(event));
-      default:
-        return false;
-    }
-  }
-
- protected:
-  // A notch of the wheel is one step, as an arrow key is. Where the wheel has nothing to scroll the bar needs no focus.
-  void wheelEvent(QWheelEvent* event) override {
-    if (!TurnsByWheel()) {
-      event->ignore();
-      return;
-    }
-    const QPoint turned = event->angleDelta();
-    turned_ += std::abs(turned.y()) >= std::abs(turned.x()) ? turned.y() : turned.x();
-    const int notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
-    turned_ -= notches * QWheelEvent::DefaultDeltasPerStep;
-    setValue(value() - notches * singleStep());
-    event->accept();
-  }
-  void paintEvent(QPaintEvent* event) override {
-    QScrollBar::paintEvent(event);
-    if (!hasFocus()) return;
-    QStylePainter painter(this);
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  }
-
- private:
-  bool TurnsByWheel() const { return hasFocus() || !OnAPageThatScrolls(*this); }
-  static bool MovesBar(const QKeyEvent& event) {
-    const std::optional<Key> key = ToKey(event);
-    return key && key->name >= Key::kUp;
-  }
-  int turned_ = 0;  // of a notch, in eighths of a degree
-};
-
 class ScrollBarView : public View {
  public:
   ScrollBarView(ScrollBar& bar, Gate& gate, QWidget* parent)
-      : View(bar, gate, new Bar(parent)), bar_(bar), widget_(static_cast<QScrollBar*>(View::widget())) {
-    widget_->setOrientation(bar.vertical ? Qt::Vertical : Qt::Horizontal);
-    widget_->setFocusPolicy(Qt::StrongFocus);
-    widget_->setContextMenuPolicy(Qt::PreventContextMenu);
-    if (bar.vertical) {
-      widget_->setMinimumHeight(kLeastBarHeight);
-    } else {
-      widget_->setMinimumWidth(kLeastBarLength);
-    }
+      : View(bar, gate, new Fader(bar.vertical ? Qt::Vertical : Qt::Horizontal, parent)),
+        bar_(bar),
+        widget_(static_cast<Fader*>(View::widget())) {
     // What is told of each event by itself can't be told of moves alone.
-    static_cast<Bar*>(widget_)->follows = !bar.on_mouse && !bar.on_key;
-    connect(widget_, &QScrollBar::valueChanged, this, [this](int way) { Moved(bar_.min() + Sign() * way); });
+    widget_->follows = !bar.on_mouse && !bar.on_key;
+    if (bar.kept_value) widget_->on_reset = [this] { User([this] { bar_.UserReset(); }); };
+    connect(widget_, &Fader::valueChanged, this, [this](int way) { Moved(bar_.min() + Sign() * way); });
   }
 
  protected:
   // The widget counts the way from its start, since the greater value may stand at either end.
   int Sign() const { return bar_.max() >= bar_.min() ? 1 : -1; }
+  int WayOf(int value) const { return Sign() * (value - bar_.min()); }
   void Refresh(Change change) override {
     if (change == Change::kRange) {
       widget_->setRange(0, std::abs(bar_.max() - bar_.min()));
       widget_->setSingleStep(bar_.step());
       widget_->setPageStep(bar_.page());
+      widget_->SetNothing(WayOf(std::clamp(0, std::min(bar_.min(), bar_.max()), std::max(bar_.min(), bar_.max()))));
     }
+    if (change == Change::kTyped) widget_->ShowTyped(ToQt(bar_.typed()));
     // Where the hand has it already, the program will come too.
     if (waiting_ > 0) return;
-    if (change == Change::kRange || change == Change::kValue) widget_->setValue(Sign() * (bar_.value() - bar_.min()));
+    if (change == Change::kRange || change == Change::kValue) widget_->setValue(WayOf(bar_.value()));
   }
   bool KeyDoes(const Key& key, const QKeyEvent&) override {
-    if (key.name < Key::kUp || key.name > Key::kEnd) return false;
+    const bool types = key.name == Key::kCharacter;
+    const bool takes = (key.name == Key::kEnter || key.name == Key::kEscape) && !bar_.typed().empty();
+    if (!types && !takes && (key.name < Key::kUp || key.name > Key::kEnd)) return false;
     bar_.DefaultKey(key);
     return true;
   }
@@ -174,7 +104,7 @@ class ScrollBarView : public View {
   }
 
   ScrollBar& bar_;
-  QScrollBar* widget_;
+  Fader* widget_;
   int waiting_ = 0;  // moves that the program has not been told of yet
 };
 

@@ -2,15 +2,35 @@
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
-#include <QKeySequence>
 #include <QMouseEvent>
 #include <QPointer>
+#include <algorithm>
+#include <utility>
 
 #include "ui/controls.h"
+#include "ui/letters.h"
 #include "ui/qt/convert.h"
+#include "ui/strips.h"
 #include "ui/toolkit.h"
 
 namespace zentaline::ui::qt {
+
+namespace {
+
+// Menus that open meanwhile open there.
+class ScopedPlace {
+ public:
+  ScopedPlace(Gate& gate, QPoint place) : gate_(gate), before_(std::exchange(gate.popup_place, place)) {}
+  ~ScopedPlace() { gate_.popup_place = before_; }
+  ScopedPlace(const ScopedPlace&) = delete;
+  ScopedPlace& operator=(const ScopedPlace&) = delete;
+
+ private:
+  Gate& gate_;
+  std::optional<QPoint> before_;
+};
+
+}  // namespace
 
 bool PressByKey(Form& form, const Key& key) {
   Button* button = key.name == Key::kEnter    ? form.default_button
@@ -36,18 +56,19 @@ void View::Detach() {
   control_ = nullptr;
 }
 
-QString View::WithMnemonic(const std::string& caption) const {
-  const QString text = ToQt(caption);
-  const QKeySequence key = QKeySequence::mnemonic(text);
-  if (key.isEmpty() || control_->form().kind() != FormKind::kChild) return text;
-  for (const Form* form : control_->form().toolkit().forms()) {
-    for (const MenuEntry* entry : form->menu_bar()) {
-      if (QKeySequence::mnemonic(ToQt(entry->caption())) == key) {
-        return WithoutMnemonic(caption).replace(u'&', QStringLiteral("&&"));
-      }
-    }
-  }
-  return text;
+// Another caption than the one that the letter was found for may lack it, and name one of its own. Of two that ask for
+// the same key neither is done: what the menu bar has is no control's.
+QString View::WithMnemonic(const std::string& caption, bool literal) const {
+  char letter = HasLetter(caption, letter_) || literal ? letter_ : NamedLetter(caption);
+  if (letter != letter_ && MenuBarHas(letter)) letter = 0;
+  return ToQt(WithLetter(caption, letter, literal));
+}
+
+bool View::MenuBarHas(char letter) const {
+  const std::vector<Form*> forms = control_->form().toolkit().forms();
+  return std::any_of(forms.begin(), forms.end(), [letter](const Form* form) {
+    return form->kind() == FormKind::kMain && LettersOfBar(*form).contains(letter);
+  });
 }
 
 void View::Show(Change change) {
@@ -162,7 +183,8 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
     }
     case QEvent::KeyPress:
       // Not those that a control inside has left over.
-      return part->window()->focusWidget() == part && OnKey(*static_cast<QKeyEvent*>(event));
+      return part->window()->focusWidget() == part &&
+             (OnWindowKey(*static_cast<QKeyEvent*>(event)) || OnKey(*static_cast<QKeyEvent*>(event)));
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
@@ -171,13 +193,37 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::ContextMenu:
       if (!HasContext()) return false;
       // The mouse's opens on release.
-      if (static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Mouse) {
-        gate_.UserNow([this] { control_->UserContext(); });
-      }
+      if (static_cast<QContextMenuEvent*>(event)->reason() != QContextMenuEvent::Mouse) OpenContext();
       return true;
     default:
       return false;
   }
+}
+
+void View::OpenContext() {
+  const ScopedPlace place(gate_, PlaceOfPopup());
+  gate_.UserNow([this] { control_->UserContext(); });
+}
+
+// Keys that mean the same in every window: the menu, the pages, the strip beside.
+bool View::OnWindowKey(const QKeyEvent& event) {
+  const bool context = event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+  if (context && HasContext()) {
+    OpenContext();
+    return true;
+  }
+  const bool back = event.key() == Qt::Key_PageUp || event.key() == Qt::Key_Left || event.key() == Qt::Key_Up;
+  const int way = back ? -1 : 1;
+  if (event.modifiers() == Qt::ControlModifier && (event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown)) {
+    bool turned = false;
+    gate_.UserNow([&] { turned = TurnPage(control_->form(), way); });
+    return turned;
+  }
+  const bool arrow = event.key() >= Qt::Key_Left && event.key() <= Qt::Key_Down;
+  if (!arrow || (event.modifiers() & ~Qt::KeypadModifier) != Qt::AltModifier) return false;
+  Control* const beside = InStripBeside(*control_, way);
+  if (beside != nullptr) gate_.UserNow([&] { beside->UserFocus(); });
+  return beside != nullptr;
 }
 
 bool View::OnKey(const QKeyEvent& event) {
@@ -186,10 +232,11 @@ bool View::OnKey(const QKeyEvent& event) {
   if (gate_.Waits() && dynamic_cast<FollowsHand*>(widget_) != nullptr) return KeyMoves(*key);
   bool taken = false;
   const QPointer<View> alive(this);
+  const ScopedPlace place(gate_, PlaceOfPopup());
   gate_.UserNow([&] {
-    control_->UserKey(*key);
+    control_->UserKey(*key, &taken);
     // The handler may have closed the window or disabled the control: then the key has done its work.
-    taken = !alive || control_ == nullptr || !control_->Usable() || !field()->isEnabled();
+    taken = taken || !alive || control_ == nullptr || !control_->Usable() || !field()->isEnabled();
     if (!taken) taken = KeyDoes(*key, event);
     if (!taken && alive && control_ != nullptr) taken = PressByKey(control_->form(), *key);
   });
@@ -211,7 +258,8 @@ bool View::OnMouse(const QWidget& part, const QMouseEvent& event) {
   }
   if (event.button() != Qt::RightButton || !HasContext()) return false;
   if (event.type() == QEvent::MouseButtonRelease && widget_->rect().contains(place)) {
-    gate_.UserNow([&] { control_->UserContext(); });
+    ContextAsked(part, event.position().toPoint());
+    if (alive && control_ != nullptr) gate_.UserNow([this] { control_->UserContext(); });
   }
   return true;
 }

@@ -31,6 +31,8 @@ class View : public QObject, public ControlView {
   virtual void ShowForNow(const std::optional<std::string>& text) { (void)text; }
   // The control is about to go; the widget may live on for a while.
   virtual void Detach();
+  // The letter that reaches the control from the keyboard, 0 for none.
+  void SetLetter(char letter) { letter_ = letter; }
   QWidget* widget() const { return widget_; }
   Control* control() const { return control_; }
 
@@ -49,11 +51,20 @@ class View : public QObject, public ControlView {
   }
   // Where the mouse is, as the control counts.
   virtual QPoint PlaceOfMouse(const QPointF& pixel) const { return pixel.toPoint(); }
+  // A right click is about to open the menu.
+  virtual void ContextAsked(const QWidget& part, const QPoint& place) {
+    (void)part;
+    (void)place;
+  }
+  // Where a menu opens that a key asks for.
+  virtual QPoint PlaceOfPopup() const { return widget_->mapToGlobal(QPoint(0, widget_->height())); }
   // The room that `least_characters` asks for.
   virtual void ShowLeastSize();
 
-  // The caption with its mnemonic, but for one that the menu bar has: of two that ask for the same key neither is done.
-  QString WithMnemonic(const std::string& caption) const;
+  // The caption with the letter that the control has in its window, and with no other.
+  QString WithMnemonic(const std::string& caption, bool literal = false) const;
+
+  bool MenuBarHas(char letter) const;
 
   // Has a part of the widget watched for focus, keys and mouse too.
   void Watch(QWidget* part);
@@ -65,6 +76,8 @@ class View : public QObject, public ControlView {
 
  private:
   bool OnKey(const QKeyEvent& event);
+  bool OnWindowKey(const QKeyEvent& event);
+  void OpenContext();
   bool OnMouse(const QWidget& part, const QMouseEvent& event);
   bool HasContext() const { return control_->on_context || control_->form().on_context; }
   void ShowCommon(Change change);
@@ -72,6 +85,7 @@ class View : public QObject, public ControlView {
   Control* control_;
   Gate& gate_;
   QWidget* widget_;
+  char letter_ = 0;
 };
 
 }  // namespace zentaline::ui::qt

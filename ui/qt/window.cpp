@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLocale>
 #include <QMenu>
 #include <QMimeData>
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/placing.h"
 #include "ui/qt/builder.h"
 #include "ui/qt/convert.h"
 #include "ui/qt/menus.h"
@@ -28,6 +30,7 @@ constexpr QSize kFirstSize(1760, 1100);  // of the main window, where the screen
 constexpr QSize kLeastSize(480, 320);
 constexpr QSize kFrameRoom(16, 48);  // what the desktop puts around the main window
 constexpr int kTitleRoom = 140;      // pixels
+constexpr int kProgressWidth = 260;
 
 // What every frame reports to its window.
 template <class Base>
@@ -106,9 +109,13 @@ FormWindow::~FormWindow() {
 void FormWindow::BuildIn(QWidget* parent) {
   Built built = BuildBody(*form_, gate_, parent);
   body_ = built.body;
-  for (View* view : built.views) views_.emplace_back(view);
+  Keep(built.views);
   body_->installEventFilter(this);
   body_->setMouseTracking(static_cast<bool>(form_->on_mouse));
+}
+
+void FormWindow::Keep(const std::vector<View*>& views) {
+  for (View* view : views) views_.emplace_back(view);
 }
 
 void FormWindow::Detach() {
@@ -124,7 +131,12 @@ void FormWindow::Detach() {
 
 void FormWindow::ShowCaption() {
   const Gate::Showing showing(gate_);
-  frame_->setWindowTitle(ToQt(form_->caption()));
+  // The desktop's mark of what isn't saved stands in place of the sign, which a caption may hold too.
+  QString title = ToQt(form_->caption());
+  const QString sign = QStringLiteral("[*]");
+  title.replace(sign, sign + sign);
+  frame_->setWindowTitle(form_->modified() ? title + sign : title);
+  frame_->setWindowModified(form_->modified());
 }
 
 Placement FormWindow::PlacementNow() const {
@@ -195,6 +207,7 @@ MainFormWindow::MainFormWindow(Form& form, Gate& gate, const Words& words)
     : FormWindow(form, gate, new Frame<QMainWindow>),
       window_(static_cast<QMainWindow*>(frame())),
       area_(new QMdiArea),
+      strip_(new QHBoxLayout),
       progress_(new QProgressBar),
       words_(words) {
   static_cast<Frame<QMainWindow>*>(window_)->owner = this;
@@ -208,15 +221,15 @@ MainFormWindow::MainFormWindow(Form& form, Gate& gate, const Words& words)
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
   column->addWidget(area_, 1);
-  auto* strip = new QHBoxLayout;
-  strip->setSpacing(0);
-  column->addLayout(strip);
+  strip_->setSpacing(0);
+  column->addLayout(strip_);
+  BuildFreeRoom();
   BuildIn(inside);
-  strip->addWidget(body(), 1);
-  progress_->setMinimumWidth(260);
+  strip_->addWidget(body(), 1);
+  progress_->setMinimumWidth(kProgressWidth);
   progress_->setToolTip(ToToolTip(words.progress_tool_tip));
   progress_->setVisible(false);
-  strip->addWidget(progress_);
+  strip_->addWidget(progress_);
   window_->setCentralWidget(inside);
   if (!form.menu_bar().empty()) BuildMenus(form, gate, *window_->menuBar());
   window_->setAcceptDrops(true);
@@ -266,8 +279,30 @@ Size MainFormWindow::InnerNow() const {
   return SizeOf(area_->viewport()->size());
 }
 
+void MainFormWindow::BuildFreeRoom() {
+  if (form()->free_area.kind == Layout::Kind::kNothing) return;
+  const Built built = BuildFreeArea(*form(), gate(), area_);
+  Keep(built.views);
+  free_room_ = built.body;
+  free_room_->setAutoFillBackground(true);
+  area_->installEventFilter(this);
+  if (built.views.empty()) return;
+  free_part_ = built.views.front()->widget();
+  free_part_->installEventFilter(this);
+  free_room_->setVisible(!free_part_->isHidden());
+}
+
 bool MainFormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (form() == nullptr) return false;
+  if (watched == area_ && free_room_ != nullptr && event->type() == QEvent::Resize) {
+    free_room_->setGeometry(area_->rect());
+    return false;
+  }
+  if (watched == free_part_ && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)) {
+    free_room_->setVisible(event->type() == QEvent::ShowToParent);
+    free_room_->raise();
+    return false;
+  }
   if (watched == window_ && (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove)) {
     auto* drag = static_cast<QDragMoveEvent*>(event);
     const QList<QUrl> urls = drag->mimeData()->urls();
@@ -297,6 +332,7 @@ void MainFormWindow::ShowProgress(std::uint32_t gone, std::uint32_t total, int s
   progress_->setRange(0, static_cast<int>(total));
   progress_->setValue(static_cast<int>(gone));
   progress_->setFormat(ToQt(words_.progress).arg(locale.toString(gone), locale.toString(total)).arg(seconds_left));
+  if (progress_->isHidden()) PlaceProgress();
   progress_->setVisible(true);
 }
 
@@ -305,7 +341,29 @@ void MainFormWindow::HideProgress() {
   progress_->setVisible(false);
 }
 
-ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMdiArea* area)
+// Where it would take from the fields what they show whole it stands over the wait text, which tells less.
+void MainFormWindow::PlaceProgress() {
+  const Label* field = form() == nullptr ? nullptr : form()->wait_field;
+  QWidget* over = field == nullptr || field->view == nullptr ? nullptr : static_cast<View*>(field->view)->widget();
+  if (over == nullptr || HasRoomBeside(kProgressWidth)) {
+    progress_->setMinimumWidth(kProgressWidth);
+    strip_->addWidget(progress_);
+    return;
+  }
+  strip_->removeWidget(progress_);
+  progress_->setMinimumWidth(0);
+  progress_->setParent(over->parentWidget());
+  progress_->setGeometry(over->geometry());
+  progress_->raise();
+}
+
+bool MainFormWindow::HasRoomBeside(int width) const {
+  int needed = width;
+  for (const QLabel* field : body()->findChildren<QLabel*>()) needed += field->sizeHint().width();
+  return needed <= body()->width();
+}
+
+ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMdiArea* area, const Form* belongs_to)
     : FormWindow(form, gate, new Frame<QMdiSubWindow>), window_(static_cast<QMdiSubWindow*>(frame())) {
   static_cast<Frame<QMdiSubWindow>*>(window_)->owner = this;
   BuildIn(window_);
@@ -323,10 +381,10 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
     const QSize over(hint.height() > room.height() ? bar : 0, hint.width() > room.width() ? bar : 0);
     hint += over;
     window_->resize(hint.boundedTo(room).expandedTo(window_->minimumSizeHint()));
-    // Its place was found for the size without these bars.
-    const QPoint last(room.width() - window_->width(), room.height() - window_->height());
-    window_->move(std::clamp(window_->x(), 0, std::max(last.x(), 0)),
-                  std::clamp(window_->y(), 0, std::max(last.y(), 0)));
+    const bool beside = belongs_to != nullptr && belongs_to->placement().state == WindowState::kNormal;
+    const Placement found =
+        PlaceInArea(SizeOf(room), SizeOf(window_->size()), beside ? &belongs_to->placement() : nullptr);
+    window_->move(found.left, found.top);
   }
   Place(place);
 }

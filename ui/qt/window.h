@@ -1,6 +1,7 @@
 // The windows of forms: the main window, the child windows in its area, and modal dialogs.
 #pragma once
 
+#include <QBoxLayout>
 #include <QDialog>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -41,6 +42,8 @@ class FormWindow : public QObject, public FormView {
   virtual Placement PlacementNow() const;
   virtual Size InnerNow() const;
   void BuildIn(QWidget* parent);
+  // Widgets of the form outside of its body.
+  void Keep(const std::vector<View*>& views);
   Gate& gate() const { return gate_; }
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -70,16 +73,23 @@ class MainFormWindow : public FormWindow {
 
  private:
   void Place();
+  void BuildFreeRoom();
+  void PlaceProgress();
+  bool HasRoomBeside(int width) const;
   QMainWindow* window_;
   QMdiArea* area_;
+  QHBoxLayout* strip_;
   QProgressBar* progress_;
+  QWidget* free_room_ = nullptr;  // over the area while the form shows something there
+  QWidget* free_part_ = nullptr;  // by which it comes and goes
   const Words& words_;
 };
 
 class ChildFormWindow : public FormWindow {
  public:
-  // `area` is that of the main window.
-  ChildFormWindow(Form& form, Gate& gate, const Words& words, QMdiArea* area);
+  // `area` is that of the main window. Without a place of its own it goes beside the window that it belongs to, null
+  // where there is none.
+  ChildFormWindow(Form& form, Gate& gate, const Words& words, QMdiArea* area, const Form* belongs_to);
   void ShowPlacement() override;
   QMdiSubWindow* window() const { return window_; }
 

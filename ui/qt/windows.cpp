@@ -26,7 +26,7 @@ void Windows::Show(Form& form, const Words& words) {
       break;
     case FormKind::kChild:
       if (main_ == nullptr) return;
-      window = new ChildFormWindow(form, gate_, words, main_->area());
+      window = new ChildFormWindow(form, gate_, words, main_->area(), toolkit_.active_child());
       break;
     case FormKind::kModal:
       window = new ModalFormWindow(form, gate_, Front());

@@ -138,16 +138,21 @@ ScriptEngine::Outcome ScriptEngine::PressKey(Words words) {
       ReachControl(words[0].text,
                    {ControlKind::kButton, ControlKind::kTextBox, ControlKind::kListBox, ControlKind::kComboBox,
                     ControlKind::kScrollBar, ControlKind::kCheckBox, ControlKind::kOptionButton, ControlKind::kTabs,
-                    ControlKind::kPictureBox, ControlKind::kPicture},
+                    ControlKind::kPictureBox, ControlKind::kPicture, ControlKind::kLabel},
                    refusal);
   if (control == nullptr) return refusal;
+  if (control->kind() == ControlKind::kLabel && !control->on_key) return Refused(*control, "takes no keys");
   return DoneBy(driver_.PressKey(*control, *ScriptKey(words[1].text)), words[0].text);
 }
 
 ScriptEngine::Outcome ScriptEngine::DoubleClick(Words words) {
   const UserEvent event(host_.toolkit());
-  const int row = *ScriptNumber(words[1].text);
   Outcome refusal;
+  if (words.size() == 1) {
+    Control* const bar = ReachControl(words[0].text, {ControlKind::kScrollBar}, refusal);
+    return bar == nullptr ? refusal : DoneBy(driver_.DoubleClick(*static_cast<ScrollBar*>(bar)), words[0].text);
+  }
+  const int row = *ScriptNumber(words[1].text);
   Control* const control = ReachControl(words[0].text, {ControlKind::kListBox}, refusal);
   if (control == nullptr) return refusal;
   if (!InRange(row, static_cast<ListBox*>(control)->rows())) return Refused(*control, "has no such row");

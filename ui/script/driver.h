@@ -21,6 +21,7 @@ class ScriptDriver {
   virtual bool Type(Control& control, const std::string& text) = 0;         // TextBox, ComboBox
   virtual bool PressKey(Control& control, const Key& key) = 0;
   virtual bool DoubleClick(Control& control, int row) = 0;  // ListBox
+  virtual bool DoubleClick(ScrollBar& bar) = 0;             // on its handle
   virtual bool Drag(Picture& picture, int handle, int x, int y) = 0;
   virtual bool Mouse(Control& control, const MouseEvent& event) = 0;
   virtual bool Mouse(Form& form, const MouseEvent& event) = 0;
@@ -41,6 +42,7 @@ class ModelDriver : public ScriptDriver {
   bool Type(Control& control, const std::string& text) override;
   bool PressKey(Control& control, const Key& key) override;
   bool DoubleClick(Control& control, int row) override;
+  bool DoubleClick(ScrollBar& bar) override;
   bool Drag(Picture& picture, int handle, int x, int y) override;
   bool Mouse(Control& control, const MouseEvent& event) override;
   bool Mouse(Form& form, const MouseEvent& event) override;

@@ -82,7 +82,7 @@ std::span<const ScriptEngine::Command> ScriptEngine::Commands() {
       {"set", 2, 2, Access::kAction, NumbersBehind, &E::Set},
       {"type", 2, 2, Access::kAction, Any, &E::Type},
       {"key", 2, 2, Access::kAction, KeyBehind, &E::PressKey},
-      {"double", 2, 2, Access::kAction, NumbersBehind, &E::DoubleClick},
+      {"double", 1, 2, Access::kAction, NumbersBehind, &E::DoubleClick},
       {"drag", 4, 4, Access::kAction, NumbersBehind, &E::Drag},
       {"mouse", 2, 5, Access::kAction, MouseBehind, &E::Mouse},
       {"menu", 1, 1, Access::kAction, Any, &E::Menu},

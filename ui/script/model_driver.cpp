@@ -18,6 +18,15 @@ Button* ButtonOfKey(const Control& control, const Key& key) {
   return takes_lines ? nullptr : form.default_button;
 }
 
+// Enter in a list is its double click; in a bar it takes the value that was typed, and Escape forgets it.
+bool EndsByItself(Control& control, const Key& key) {
+  if (key.name != Key::kEnter && key.name != Key::kEscape) return false;
+  if (control.kind() == ControlKind::kListBox) return key.name == Key::kEnter && As<ListBox>(control).UserEnter();
+  if (control.kind() != ControlKind::kScrollBar || As<ScrollBar>(control).typed().empty()) return false;
+  control.DefaultKey(key);
+  return true;
+}
+
 // What is typed key by key goes to the end of the text.
 void TypeKey(TextBox& box, const Key& key) {
   if (key.name == Key::kCharacter) {
@@ -69,13 +78,19 @@ bool ModelDriver::Type(Control& control, const std::string& text) {
 
 bool ModelDriver::PressKey(Control& control, const Key& key) {
   const UserEvent event(control);
-  if (!control.UserKey(key)) return false;
-  if (!control.form().open()) return true;
+  bool taken = false;
+  if (!control.UserKey(key, &taken)) return false;
+  if (taken || !control.form().open()) return true;
+  if (EndsByItself(control, key)) return true;
   control.DefaultKey(key);
   if (!control.form().open()) return true;
   if (control.kind() == ControlKind::kTextBox) TypeKey(As<TextBox>(control), key);
   if (Button* const button = ButtonOfKey(control, key)) button->UserPress();
   return true;
+}
+
+bool ModelDriver::DoubleClick(ScrollBar& bar) {
+  return bar.UserReset();
 }
 
 bool ModelDriver::DoubleClick(Control& control, int row) {

@@ -1,0 +1,254 @@
+// What hands expect of faders, lists, keys and questions.
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+#include <optional>
+
+#include "tests/desktop/desk.h"
+#include "ui/qt/fader.h"
+#include "ui/qt/rows_view.h"
+
+namespace zentaline::ui::qt {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class Hands : public Desk {
+ protected:
+  Fader* Bar() { return Widget<Fader>(child->HScroll1); }
+  Fader* Upright() { return Widget<Fader>(child->VScroll1); }
+  RowsView* List() { return Widget<RowsView>(child->List1); }
+  static QPoint PlaceOfRow(const RowsView* list, int row) {
+    return list->visualRect(list->model()->index(row, 0)).center();
+  }
+  static void Move(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers keys) {
+    QMouseEvent event(QEvent::MouseMove, place, widget->mapToGlobal(QPointF(place)), Qt::NoButton, Qt::LeftButton,
+                      keys);
+    QCoreApplication::sendEvent(widget, &event);
+  }
+  void Resize(QSize size) {
+    toolkit.windows().main()->window()->resize(size + QSize(80, 160));
+    Settle();
+    Frame(*child)->resize(size);
+    Settle();
+    log.clear();
+  }
+};
+
+TEST_F(Hands, AClickInTheGrooveMovesByAPage) {
+  QTest::mouseClick(Bar(), Qt::LeftButton, Qt::NoModifier, {Bar()->width() - 4, Bar()->height() / 2});
+  EXPECT_THAT(log, ElementsAre("bar 10"));
+  log.clear();
+  QTest::mouseClick(Bar(), Qt::LeftButton, Qt::NoModifier, {Bar()->width() - 4, Bar()->height() / 2});
+  QTest::mouseClick(Bar(), Qt::LeftButton, Qt::NoModifier, {2, Bar()->height() / 2});
+  EXPECT_THAT(log, ElementsAre("bar 20", "bar 10"));
+}
+
+TEST_F(Hands, ADragGoesWithThePointerAndWithShiftFinely) {
+  Resize({1200, 800});
+  QPoint place = Bar()->HandlePlace().center();
+  const QPoint start = place;
+  QTest::mousePress(Bar(), Qt::LeftButton, Qt::NoModifier, place);
+  place += QPoint(40, 0);
+  Move(Bar(), place, Qt::NoModifier);
+  const int coarse = child->HScroll1.value();
+  const int expected = 40 * 127 / (Bar()->width() - 14);
+  EXPECT_NEAR(coarse, expected, 1);
+  Move(Bar(), place + QPoint(40, 0), Qt::ShiftModifier);
+  EXPECT_NEAR(child->HScroll1.value() - coarse, expected / 8.0, 1.0);
+  // Beyond the end and back: the handle stays under the pointer.
+  Move(Bar(), start + QPoint(-500, 0), Qt::NoModifier);
+  EXPECT_EQ(child->HScroll1.value(), 0);
+  QTest::mouseRelease(Bar(), Qt::LeftButton, Qt::NoModifier, start);
+}
+
+TEST_F(Hands, TheHandleOfAnUprightBarIsAtTheTopForTheGreatestValue) {
+  child->VScroll1.SetValue(100);
+  EXPECT_LE(Upright()->HandlePlace().top(), 2);
+  child->VScroll1.SetValue(0);
+  EXPECT_GE(Upright()->HandlePlace().bottom(), Upright()->height() - 4);
+}
+
+class ToyRecord : public Form {
+ public:
+  explicit ToyRecord(Toolkit& the_toolkit) : Form(the_toolkit, FormKind::kChild, "frmRecord") {
+    Bar.SetRange(0, 127);
+    Bar.kept_value = [] { return std::optional(100); };
+    Name.SetCaption("Volume");
+    Name.bar = &Bar;
+    layout = Row({Item(Name), Item(Bar, 1), Item(Other)});
+  }
+  Label Name{*this, "Name"};
+  ScrollBar Bar{*this, "Bar"};
+  TextBox Other{*this, "Other"};
+};
+
+TEST_F(Hands, ADoubleClickOnTheHandleOrTheLabelTakesABarBack) {
+  auto& form = static_cast<ToyRecord&>(toolkit.Open(std::make_unique<ToyRecord>(toolkit)));
+  Settle();
+  auto* bar = Widget<Fader>(form.Bar);
+  QTest::mouseDClick(bar, Qt::LeftButton, Qt::NoModifier, {bar->width() - 4, bar->height() / 2});
+  EXPECT_EQ(form.Bar.value(), 10) << "in the groove it is a press";
+  QTest::mouseRelease(bar, Qt::LeftButton);
+  QTest::mouseDClick(bar, Qt::LeftButton, Qt::NoModifier, bar->HandlePlace().center());
+  EXPECT_EQ(form.Bar.value(), 100);
+  EXPECT_EQ(bar->value(), 100);
+  form.Bar.SetValue(7);
+  QTest::mouseDClick(Widget<QLabel>(form.Name), Qt::LeftButton);
+  EXPECT_EQ(form.Bar.value(), 100);
+}
+
+TEST_F(Hands, DigitsTypedOnABarAreShownUntilEnterTakesThem) {
+  Bar()->setFocus();
+  log.clear();
+  QTest::keyClicks(Bar(), "64");
+  EXPECT_THAT(log, IsEmpty());
+  QTest::keyClick(Bar(), Qt::Key_Return);
+  EXPECT_THAT(log, ElementsAre("bar 64"));
+  EXPECT_EQ(Bar()->value(), 64);
+}
+
+TEST_F(Hands, LettersTypedInAListLookForARow) {
+  child->List1.on_key = nullptr;
+  List()->setFocus();
+  log.clear();
+  QTest::keyClicks(List(), "23");
+  EXPECT_THAT(log, ElementsAre("list 10"));
+  QTest::keyClicks(List(), "arr");
+  EXPECT_THAT(log, ElementsAre("list 10", "list 11", "list 11", "list 11"));
+  log.clear();
+  QTest::keyClick(List(), Qt::Key_Return);
+  EXPECT_THAT(log, ElementsAre("double"));
+}
+
+TEST_F(Hands, ARightClickSelectsTheRowUnderThePointerFirst) {
+  child->List1.SetRow(1);
+  log.clear();
+  QTest::mouseClick(List()->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOfRow(List(), 3));
+  EXPECT_THAT(log, ElementsAre("list 3", "list context"));
+  log.clear();
+  QTest::mouseClick(List()->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOfRow(List(), 3));
+  EXPECT_THAT(log, ElementsAre("list context")) << "it is selected";
+}
+
+TEST_F(Hands, ShiftF10OpensTheMenu) {
+  List()->setFocus();
+  log.clear();
+  QTest::keyClick(List(), Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_THAT(log, ElementsAre("list context"));
+}
+
+TEST_F(Hands, ControlWithThePageKeysTurnsThePages) {
+  Bar()->setFocus();
+  log.clear();
+  QTest::keyClick(Bar(), Qt::Key_PageDown, Qt::ControlModifier);
+  QTest::keyClick(Bar(), Qt::Key_PageDown, Qt::ControlModifier);
+  List()->setFocus();
+  QTest::keyClick(List(), Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_THAT(log, ElementsAre("page 1", "page 0", "page 1"));
+  EXPECT_EQ(Widget<QTabWidget>(child->Tabs1)->currentIndex(), 1);
+}
+
+TEST_F(Hands, AListOf64StandsInColumnsOfEightWhereThereIsRoom) {
+  child->List1.group_rows = 0;
+  Resize({600, 500});
+  EXPECT_EQ(List()->visualRect(List()->model()->index(8, 0)).left(),
+            List()->visualRect(List()->model()->index(0, 0)).left());
+  Resize({3200, 700});
+  const auto place = [this](int row) { return List()->visualRect(List()->model()->index(row, 0)); };
+  for (int row = 0; row < 64; ++row) {
+    EXPECT_EQ(place(row).left(), place(row / 8 * 8).left()) << row;
+    EXPECT_EQ(place(row).top(), place(row % 8).top()) << row;
+    EXPECT_TRUE(List()->viewport()->rect().contains(place(row).center())) << row;
+  }
+  EXPECT_GT(place(8).left(), place(0).left());
+  child->List1.SetRow(10);
+  List()->setFocus();
+  log.clear();
+  QTest::keyClick(List(), Qt::Key_Right);
+  QTest::keyClick(List(), Qt::Key_Down);
+  QTest::keyClick(List(), Qt::Key_Left);
+  std::erase_if(log, [](const std::string& line) { return line.starts_with("list key"); });
+  EXPECT_THAT(log, ElementsAre("list 18", "list 19", "list 11"));
+  child->List1.SetRow(3);
+  log.clear();
+  QTest::keyClick(List(), Qt::Key_Left);
+  EXPECT_EQ(child->List1.Row(), 3) << "there is no column";
+  Resize({600, 500});
+  EXPECT_EQ(place(8).left(), place(0).left());
+}
+
+TEST_F(Hands, ATextThatIsNoRowGoesBackWhenTheFocusLeaves) {
+  auto* combo = Widget<QComboBox>(child->Combo2);
+  child->Combo2.ShowRow(1);
+  combo->lineEdit()->setFocus(Qt::MouseFocusReason);
+  combo->lineEdit()->selectAll();
+  QTest::keyClicks(combo->lineEdit(), "gamma");
+  EXPECT_EQ(child->Combo2.text(), "gamma");
+  Widget<QLineEdit>(child->Text1)->setFocus(Qt::TabFocusReason);
+  Settle();
+  EXPECT_EQ(child->Combo2.text(), "beta");
+  EXPECT_EQ(combo->lineEdit()->text(), "beta");
+}
+
+class Questions : public Hands {
+ protected:
+  // The answer, when the user does this first and presses No if the box is still there.
+  template <class User>
+  BoxAnswer Ask(BoxStyle style, User user) {
+    QTimer::singleShot(0, [this, user] {
+      auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      user(box);
+      stayed = box->isVisible();
+      if (!stayed) return;
+      for (QAbstractButton* button : box->buttons()) {
+        if (button->text() == "&Yes") button->click();
+      }
+    });
+    return toolkit.MessageBox(style, "Title", "Text");
+  }
+  bool stayed = false;
+};
+
+TEST_F(Questions, YesAndNoAloneCantBePutAway) {
+  EXPECT_EQ(Ask(BoxStyle::kYesNo, [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); }), BoxAnswer::kYes);
+  EXPECT_TRUE(stayed);
+  EXPECT_EQ(Ask(BoxStyle::kYesNo, [](QMessageBox* box) { box->close(); }), BoxAnswer::kYes);
+  EXPECT_TRUE(stayed);
+}
+
+TEST_F(Questions, WithCancelEscapeAndTheFrameCancel) {
+  EXPECT_EQ(Ask(BoxStyle::kYesNoCancel, [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); }),
+            BoxAnswer::kCancel);
+  EXPECT_EQ(Ask(BoxStyle::kYesNoCancel, [](QMessageBox* box) { box->close(); }), BoxAnswer::kCancel);
+  EXPECT_EQ(Ask(BoxStyle::kOk, [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); }), BoxAnswer::kOk);
+}
+
+TEST_F(Hands, AWindowShowsWhatIsntSavedByTheDesktopsMark) {
+  child->SetCaption("File [*] of mine");
+  child->SetModified(true);
+  EXPECT_TRUE(Frame(*child)->isWindowModified());
+  EXPECT_EQ(child->caption(), "File [*] of mine");
+  EXPECT_EQ(Frame(*child)->windowTitle(), "File [*][*] of mine[*]");
+  child->SetModified(false);
+  EXPECT_EQ(Frame(*child)->windowTitle(), "File [*][*] of mine");
+  EXPECT_FALSE(Frame(*child)->isWindowModified());
+}
+
+TEST_F(Hands, AWindowWithoutAPlaceOpensBesideTheOneInFront) {
+  toolkit.windows().main()->window()->resize(1700, 900);
+  Settle();
+  Frame(*child)->setGeometry(0, 0, 500, 600);
+  Settle();
+  auto& form = static_cast<ToyRecord&>(toolkit.Open(std::make_unique<ToyRecord>(toolkit)));
+  Settle();
+  EXPECT_FALSE(Frame(form)->geometry().intersects(Frame(*child)->geometry()));
+}
+
+}  // namespace
+}  // namespace zentaline::ui::qt
