@@ -40,6 +40,9 @@ bool SaveArrFile(Application& app, Bytes& image);
 // Puts ArrEditRecord back into the image it came from: 0 done, 1 the window is read-only (shown), 2 no such window.
 int StoreEditRecord(Application& app);
 
+// Which arrangements the instrument holds is no longer known.
+void ForgetArrInInstrument(Application& app);
+
 // --- The editor ---
 
 // Shows ArrEditRecord in the editor, if it is open.

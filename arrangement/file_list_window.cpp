@@ -65,6 +65,10 @@ void ArrFileListWindow::SendArrangements() {
   ShowWait(app(), 0);
 }
 
+void ForgetArrInInstrument(Application& app) {
+  app.arrangement.ArrInInstrument.clear();
+}
+
 void ArrFileListWindow::ContinueClick(int state) {
   if (ClickTimer().interval() == state) ClickTimer().Start();
 }

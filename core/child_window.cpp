@@ -194,6 +194,8 @@ void DressForm(const Application& app, ui::Form& form) {
   const int language = app.Language();
   if (form.caption().empty()) form.SetCaption(std::string(Caption(form.name(), form.name(), language)));
   for (ui::Control* control : form.controls()) {
+    // Of the many entries of windows most are never seen: they are dressed when they are.
+    if (control->kind() == ui::ControlKind::kMenuEntry && static_cast<ui::MenuEntry*>(control)->numbered) continue;
     const std::string name = control->FullName();
     control->SetToolTip(std::string(ToolTip(form.name(), name, language)));
     auto* captioned = dynamic_cast<ui::Captioned*>(control);

@@ -3,12 +3,16 @@
 #include <optional>
 #include <utility>
 
+#include "arrangement/api.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/window_image.h"
 #include "data/captions.h"
+#include "data/tooltips.h"
 #include "files/api.h"
+#include "program/api.h"
+#include "style/api.h"
 
 namespace zentaline {
 
@@ -134,9 +138,9 @@ void MainWindow::PopupOutputs() {
 }
 
 void MainWindow::ForgetWhatWasSent() {
-  app_.arrangement.ArrInInstrument.clear();
-  app_.style.StyInInstrument.clear();
-  app_.program.PrgInInstrument.clear();
+  ForgetArrInInstrument(app_);
+  ForgetStyInInstrument(app_);
+  ForgetPrgInInstrument(app_);
   for (ui::Label* label : {&LabelArr, &LabelSty, &LabelPrg}) label->SetCaption({});
 }
 
@@ -163,6 +167,7 @@ void MainWindow::ShowWindowList() {
     ui::MenuEntry& entry = mnuWindowList(i++);
     entry.SetCaption(form->caption());
     entry.SetChecked(form == toolkit().active_child());
+    if (entry.tool_tip().empty()) entry.SetToolTip(std::string(ToolTip(name(), entry.name(), app_.Language())));
     entry.SetVisible(true);
   }
   for (; i < kMostWindows && mnuWindowList(i).visible(); ++i) {

@@ -33,6 +33,8 @@ std::string PrgLabel(int number, int bank_code);
 const Bytes* FindOpenProgram(const Application& app, const std::string& path);
 // A bank has been sent: its file's base name is kept, and shown with its extension.
 void TellPrgInInstrument(Application& app, const std::string& base_name, bool pgg);
+// Which programs it holds is no longer known.
+void ForgetPrgInInstrument(Application& app);
 // The file stands in the instrument now: program slot 9 takes its path, and window 9, when it is open, shows it.
 void SlotTakePrg(Application& app, const std::string& path, bool pgg);
 

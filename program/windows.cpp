@@ -132,6 +132,10 @@ void TellPrgInInstrument(Application& app, const std::string& base_name, bool pg
   if (app.main != nullptr) app.main->LabelPrg.SetCaption(ShownPath(base_name) + (pgg ? ".pgg" : ".prg"));
 }
 
+void ForgetPrgInInstrument(Application& app) {
+  app.program.PrgInInstrument.clear();
+}
+
 void SlotTakePrg(Application& app, const std::string& path, bool pgg) {
   InstrumentTakes(app, kKindPrg, path, pgg);
   if (app.main != nullptr) app.main->ShowPrgUEntry();

@@ -30,6 +30,8 @@ int StyImportI30(Application& app, const std::string& path);
 // Styles of this base name, as it is kept of a file that was sent, have changed: what the instrument holds counts as
 // unknown.
 void ForgetStylesSent(Application& app, const std::string& name);
+// Which styles the instrument holds is no longer known.
+void ForgetStyInInstrument(Application& app);
 
 // Shows StyleImage in window 1 to 8, whose slot is marked open already; `path` is without extension.
 ChildWindow& OpenStyWindow(Application& app, int number, const std::string& path, bool read_only);

@@ -24,6 +24,10 @@ void EndStyles(Application& app, const StyleTimers& timers, const std::string& n
 
 }  // namespace
 
+void ForgetStyInInstrument(Application& app) {
+  app.style.StyInInstrument.clear();
+}
+
 StyleStep PressLoadStyles(Application& app, const StyleTimers& timers, const Bytes& image, int groups,
                           const std::string& name) {
   StyleState& style = app.style;

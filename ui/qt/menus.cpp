@@ -10,11 +10,18 @@ namespace zentaline::ui::qt {
 
 namespace {
 
-class EntryView : public QObject, public ControlView {
+// What stands for an entry, as long as there is one.
+class AnyEntry : public QObject, public ControlView {
+ public:
+  using QObject::QObject;
+  virtual void Detach() = 0;
+};
+
+class EntryView : public AnyEntry {
  public:
   // `menu` is that of the entry itself when it has entries below it.
   EntryView(MenuEntry& entry, char letter, Gate& gate, QAction* action, QMenu* menu)
-      : QObject(action), entry_(&entry), letter_(letter), gate_(gate), action_(action), menu_(menu) {
+      : AnyEntry(action), entry_(&entry), letter_(letter), gate_(gate), action_(action), menu_(menu) {
     entry.view = this;
     action->setObjectName(ToQt(entry.FullName()));
     if (!entry.shortcut.empty()) action->setShortcut(QKeySequence(ToQt(entry.shortcut)));
@@ -32,9 +39,9 @@ class EntryView : public QObject, public ControlView {
       Show(change);
     }
   }
-  ~EntryView() override { Detach(); }
+  ~EntryView() override { EntryView::Detach(); }
 
-  void Detach() {
+  void Detach() override {
     if (entry_ != nullptr && entry_->view == this) entry_->view = nullptr;
     entry_ = nullptr;
   }
@@ -89,12 +96,45 @@ class EntryView : public QObject, public ControlView {
   QMenu* menu_;
 };
 
-// Places of the bar and of menus take entries alike.
 void AddEntry(MenuEntry& entry, char letter, Gate& gate, QWidget& place);
+
+// Of an array that is long and seldom full: an entry that is put into its menu when it is to be seen at last. It stands
+// at the menu's end, and those before it have come before it.
+class WaitingEntry : public AnyEntry {
+ public:
+  WaitingEntry(MenuEntry& entry, Gate& gate, QWidget& place)
+      : AnyEntry(&place), entry_(&entry), gate_(gate), place_(place) {
+    entry.view = this;
+  }
+  ~WaitingEntry() override { WaitingEntry::Detach(); }
+
+  void Detach() override {
+    if (entry_ != nullptr && entry_->view == this) entry_->view = nullptr;
+    entry_ = nullptr;
+  }
+  void Show(Change change) override {
+    if (entry_ == nullptr || change != Change::kVisible || !entry_->visible()) return;
+    MenuEntry& entry = *entry_;
+    Detach();
+    AddEntry(entry, 0, gate_, place_);
+    deleteLater();
+  }
+
+ private:
+  MenuEntry* entry_;
+  Gate& gate_;
+  QWidget& place_;
+};
+
+// Places of the bar and of menus take entries alike.
 
 void AddEntries(const std::vector<MenuEntry*>& entries, Gate& gate, QWidget& place) {
   const Letters letters = LettersOfEntries(entries);
   for (MenuEntry* entry : entries) {
+    if (entry->numbered && !entry->visible()) {
+      new WaitingEntry(*entry, gate, place);
+      continue;
+    }
     const auto letter = letters.find(entry);
     AddEntry(*entry, letter == letters.end() ? '\0' : letter->second, gate, place);
   }
@@ -132,17 +172,19 @@ void BuildMenus(Form& form, Gate& gate, QMenuBar& bar) {
 void DetachMenus(Form& form) {
   for (Control* control : form.controls()) {
     if (control->kind() == ControlKind::kMenuEntry && control->view != nullptr) {
-      static_cast<EntryView*>(control->view)->Detach();
+      static_cast<AnyEntry*>(control->view)->Detach();
     }
   }
 }
 
 QAction* ActionOf(const MenuEntry& entry) {
-  return entry.view == nullptr ? nullptr : static_cast<EntryView*>(entry.view)->action();
+  auto* view = dynamic_cast<EntryView*>(entry.view);
+  return view == nullptr ? nullptr : view->action();
 }
 
 QMenu* MenuOf(const MenuEntry& entry) {
-  return entry.view == nullptr ? nullptr : static_cast<EntryView*>(entry.view)->menu();
+  auto* view = dynamic_cast<EntryView*>(entry.view);
+  return view == nullptr ? nullptr : view->menu();
 }
 
 }  // namespace zentaline::ui::qt
