@@ -228,7 +228,7 @@ void Edits::TakeSaved(ChildWindow& window, Bytes image, bool whole) {
 }
 
 void Edits::Closed(ChildWindow& window) {
-  Settle();
+  Tell();
   std::erase(opened_, &window);
   std::erase_if(set_, [&](const EditMark& mark) { return mark.target == ImageOf(window); });
   for (EditAction& action : actions_) {
