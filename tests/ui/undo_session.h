@@ -26,6 +26,10 @@ namespace zentaline::test {
 
 enum class SessionKind { kArrangement, kProgram, kPerformance, kGlobal, kArrangementFiles, kProgramFiles, kDatabase };
 
+inline Bytes GlobalFileOfSession() {
+  return Bytes("KORG\x4D\0\x06\x01", 8) + Bytes(kGlobalFileLength - 8, '\x05');
+}
+
 // Boxes with a question are answered with No, and counted.
 class CountingToolkit : public ui::ConsoleToolkit {
  public:
@@ -68,7 +72,7 @@ class UndoSession {
       const std::string name = std::filesystem::relative(entry.path(), ZENTALINE_SHARE).string();
       disk_.files["/disk/" + name] = content;
     }
-    disk_.files["/disk/Hall.gbl"] = Bytes("KORG\x4D\0\x06\x01", 8) + Bytes(kGlobalFileLength - 8, '\x05');
+    disk_.files["/disk/Hall.gbl"] = GlobalFileOfSession();
     midi_.SetOuts({"Out"});
     app_.Start();
     toolkit_.RunChain([this] { return app_.Starting(); });
