@@ -41,9 +41,9 @@ class TimedDisk : public PosixDisk {
     if (path.ends_with(".arr")) arr_read = Clock::now();
     return PosixDisk::Read(path, content, largest);
   }
-  DiskResult Write(const std::string& path, const Bytes& content) override {
+  SetResult WriteSet(std::span<const FileToWrite> files, std::span<const FileToRemove> removals) override {
     ++writes;
-    return PosixDisk::Write(path, content);
+    return PosixDisk::WriteSet(files, removals);
   }
 };
 

@@ -21,10 +21,41 @@ class MemoryDisk : public Disk {
     content = found->second;
     return DiskResult::kOk;
   }
-  DiskResult Write(const std::string& path, const Bytes& content) override {
-    files[path] = content;
+  SetResult WriteSet(std::span<const FileToWrite> writes, std::span<const FileToRemove> removals) override {
+    for (const FileToWrite& file : writes) files[file.path] = *file.content;
+    for (const FileToRemove& file : removals) {
+      std::string kept;
+      if (file.set_aside) KeepAside(file.path, kept);
+      files.erase(file.path);
+    }
+    return {};
+  }
+  DiskResult RemoveEmpty(const std::string& path) override { return Remove(path); }
+  DiskResult KeepAside(const std::string& path, std::string& kept) override {
+    if (!files.contains(path)) return DiskResult::kAbsent;
+    kept = path + ".bak";
+    for (int i = 2; files.contains(kept); ++i) kept = path + ".bak" + std::to_string(i);
+    files[kept] = files[path];
     return DiskResult::kOk;
   }
+  DiskResult KeepAs(const std::string& path, const std::string& kept) override {
+    if (!files.contains(path)) return DiskResult::kAbsent;
+    files[kept] = files[path];
+    return DiskResult::kOk;
+  }
+  DiskResult Look(const std::string& path, FileMark& mark) override {
+    const auto found = files.find(path);
+    mark = found == files.end() ? FileMark() : MarkOf(found->second);
+    return DiskResult::kOk;
+  }
+  // No journal is kept on it.
+  DiskResult MakeGrowing(const std::string&, const std::string&, std::unique_ptr<GrowingFile>&) override {
+    return DiskResult::kNoAccess;
+  }
+  DiskResult TakeGrowing(const std::string&, Bytes&, std::size_t, std::unique_ptr<GrowingFile>&) override {
+    return DiskResult::kNoAccess;
+  }
+  bool IsLink(const std::string&) override { return false; }
   DiskResult Remove(const std::string& path) override {
     files.erase(path);
     return DiskResult::kOk;
