@@ -48,7 +48,7 @@ bool frmBloccoNote::Write() {
   Bytes file = aids.NoteText;
   if (aids.NoteFile.size() > kNoteLength) file += aids.NoteFile.substr(kNoteLength);
   if (file == aids.NoteFile && app().disk.Exists(app().core.NotebookFile)) return true;
-  if (!WriteDataFile(app(), app().core.NotebookFile, file)) return false;
+  if (!WriteOwnText(app(), app().core.NotebookFile, file)) return false;
   aids.NoteFile = std::move(file);
   return true;
 }

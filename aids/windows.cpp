@@ -41,7 +41,7 @@ bool ReadNotebook(Application& app) {
       break;
     case kFileAbsent:
       file.assign(kNoteLength, ' ');
-      if (!WriteDataFile(app, app.core.NotebookFile, file)) return false;
+      if (!WriteOwnText(app, app.core.NotebookFile, file)) return false;
       break;
     case kFileTooLarge:
       FileErrorMessage(app, DiskResult::kTooLarge);

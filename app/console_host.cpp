@@ -1,5 +1,6 @@
 #include "app/console_host.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -7,6 +8,7 @@
 #include <utility>
 
 #include "core/child_window.h"
+#include "core/main_window.h"
 #include "core/state_names.h"
 
 namespace zentaline {
@@ -14,22 +16,23 @@ namespace zentaline {
 using ui::HostResult;
 
 ConsoleParts PlainConsole() {
-  return {[](ui::ConsoleToolkit::Clock clock, ConsoleParts::Sink sink, ui::Handler before_sleep) {
-            return std::make_unique<ui::ConsoleToolkit>(clock, std::move(sink), std::move(before_sleep));
+  return {[](ui::ConsoleToolkit::Clock clock, ConsoleParts::Sink sink, ui::ConsoleToolkit::Rest rest) {
+            return std::make_unique<ui::ConsoleToolkit>(clock, std::move(sink), std::move(rest));
           },
           [](ui::ConsoleToolkit& toolkit) { return std::make_unique<ui::ConsoleDriver>(toolkit); }};
 }
 
 ConsoleHost::ConsoleHost(const ConsoleOptions& options, std::string directory, int script,
-                         std::unique_ptr<MidiService> service, const ConsoleParts& parts)
+                         std::unique_ptr<MidiService> service, const ConsoleParts& parts, EndSignals& signals)
     : options_(options),
       directory_(std::move(directory)),
       script_(script),
+      signals_(signals),
       in_(script, ui::kLongestScriptLine),
       out_(STDOUT_FILENO),
       toolkit_(parts.make_toolkit(
           options.real_time ? ui::ConsoleToolkit::Clock::kReal : ui::ConsoleToolkit::Clock::kVirtual,
-          [this](const std::string& line) { out_.Write(line); }, [this] { out_.Flush(); })),
+          [this](const std::string& line) { out_.Write(line); }, [this](int milliseconds) { Rest(milliseconds); })),
       service_(std::move(service)),
       midi_transcript_(toolkit_->transcript()),
       listening_(Service(), midi_transcript_),
@@ -53,7 +56,30 @@ bool ConsoleHost::ReadLine(std::string& line, bool timers_run) {
   if (Ended() && ::isatty(script_) == 1) return false;
   ui::LineReader::Idle idle;
   if (timers_run && options_.real_time) idle = [this] { return toolkit_->RunDueTimers(); };
-  return in_.Read(line, idle, [this] { out_.Flush(); });
+  return in_.Read(line, idle, {signals_.descriptor(), [this] { return Look(); }});
+}
+
+void ConsoleHost::Rest(int milliseconds) {
+  pollfd waits = {signals_.descriptor(), POLLIN, 0};
+  if (milliseconds > 0) ::poll(&waits, 1, milliseconds);
+  Look();
+}
+
+bool ConsoleHost::Look() {
+  const int signal = signals_.Take();
+  if (signal == 0) return true;
+  MainWindow* const main = app_.main;
+  const bool can_ask = ::isatty(script_) == 1 && main != nullptr && main->Reachable() && !engine_.Asks();
+  if (!can_ask || std::exchange(asking_, true)) EndUnasked(signal);
+  driver_->Close(*main);
+  asking_ = false;
+  signals_.GoOn();
+  return !Ended();
+}
+
+void ConsoleHost::EndUnasked(int signal) {
+  app_.EndUnasked();
+  ConsoleHost::End(128 + signal);
 }
 
 HostResult ConsoleHost::SetOuts(const std::vector<std::string>& names) {
@@ -113,12 +139,10 @@ std::optional<ui::NamedValues> ConsoleHost::Instrument() {
 }
 
 void ConsoleHost::Complain(const std::string& message) {
-  out_.Flush();
   std::fprintf(stderr, "zentaline-console: %s\n", message.c_str());
 }
 
 void ConsoleHost::End(int status) {
-  out_.Flush();
   std::fflush(stderr);
   std::_Exit(status);
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/console_options.h"
+#include "app/end_signals.h"
 #include "base/faulty_disk.h"
 #include "base/posix_disk.h"
 #include "core/application.h"
@@ -25,7 +26,8 @@ namespace zentaline {
 // What stands for a desktop, and for the user's hand on it.
 struct ConsoleParts {
   using Sink = std::function<void(const std::string&)>;
-  std::function<std::unique_ptr<ui::ConsoleToolkit>(ui::ConsoleToolkit::Clock, Sink, ui::Handler)> make_toolkit;
+  std::function<std::unique_ptr<ui::ConsoleToolkit>(ui::ConsoleToolkit::Clock, Sink, ui::ConsoleToolkit::Rest)>
+      make_toolkit;
   std::function<std::unique_ptr<ui::ScriptDriver>(ui::ConsoleToolkit&)> make_driver;
 };
 
@@ -36,8 +38,9 @@ class ConsoleHost : public ui::ScriptHost {
  public:
   // `directory` is absolute, `script` an open file. `service` carries the MIDI operations out when neither the recorder
   // nor the built-in instrument is asked for, and may be null.
+  // `end_signals` is borrowed.
   ConsoleHost(const ConsoleOptions& options, std::string directory, int script, std::unique_ptr<MidiService> service,
-              const ConsoleParts& parts);
+              const ConsoleParts& parts, EndSignals& end_signals);
 
   // Carries out the script; the exit status.
   int Run() { return engine_.Run(); }
@@ -59,14 +62,21 @@ class ConsoleHost : public ui::ScriptHost {
   std::string Directory() override { return directory_; }
   void Complain(const std::string& message) override;
   [[noreturn]] void End(int status) override;
-  void Flush() { out_.Flush(); }
 
  private:
   MidiService& Service();
+  // Waits, and ends the session when a signal has come.
+  void Rest(int milliseconds);
+  // The session ends by a signal: who types is asked as by `quit`, for others the program ends at once, with the
+  // configuration written. False when nothing more is to be read.
+  bool Look();
+  [[noreturn]] void EndUnasked(int signal);
 
   const ConsoleOptions options_;
   const std::string directory_;
   const int script_;
+  EndSignals& signals_;
+  bool asking_ = false;  // a signal has begun the closing
   ui::LineReader in_;
   ui::LineWriter out_;
   const std::unique_ptr<ui::ConsoleToolkit> toolkit_;

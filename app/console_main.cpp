@@ -43,10 +43,13 @@ int RunConsole(int count, char** arguments, const ConsoleParts& parts) {
     std::fputs(kConsoleUsage, stdout);
     return 0;
   }
+  EndSignals signals;
   std::unique_ptr<MidiService> service;
   if (options.midi == ConsoleOptions::Midi::kAlsa) {
 #ifdef ZENTALINE_HAVE_ALSA
-    service = std::make_unique<AlsaMidi>();
+    auto alsa = std::make_unique<AlsaMidi>();
+    alsa->SetStop([&signals] { return signals.Pending(); });
+    service = std::move(alsa);
 #else
     return Misused("this zentaline-console was built without ALSA");
 #endif
@@ -56,11 +59,10 @@ int RunConsole(int count, char** arguments, const ConsoleParts& parts) {
   const std::string directory = EnterDirectory(options.directory);
   if (directory.empty()) return Misused("there is no such directory: " + options.directory);
 
-  ConsoleHost host(options, directory, script, std::move(service), parts);
+  ConsoleHost host(options, directory, script, std::move(service), parts, signals);
   const int status = host.Run();
   // Windows that are still open must not write anything any more.
   if (!host.Ended()) host.End(status);
-  host.Flush();
   return status;
 }
 

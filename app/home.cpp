@@ -1,18 +1,13 @@
 #include "app/home.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string_view>
 #include <system_error>
 #include <vector>
+
+#include "base/posix_files.h"
 
 namespace zentaline {
 
@@ -24,37 +19,15 @@ std::string Failure(const fs::path& path, const std::string& reason) {
   return path.string() + ": " + reason;
 }
 
-bool WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return ::fsync(file) == 0;
-}
-
-// The name is given last, and never to a second file: what came there meanwhile stays.
-int GiveName(const fs::path& from, const fs::path& to) {
-  if (::link(from.c_str(), to.c_str()) == 0 || errno == EEXIST) return 0;
-  if (errno != EPERM && errno != EOPNOTSUPP && errno != EMLINK) return errno;
-  // A file system without links.
-  return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0 || errno == EEXIST ? 0
-                                                                                                             : errno;
-}
-
 std::string CopyFile(const fs::path& from, const fs::path& to) {
-  std::ifstream source(from, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(source), {}};
-  if (!source.is_open() || source.bad()) return Failure(from, "can't be read");
-  const fs::path part = to.string() + ".part-" + std::to_string(::getpid());
-  const int file = ::open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-  if (file < 0) return Failure(part, std::strerror(errno));
-  int failed = WriteAll(file, bytes) ? 0 : errno;
-  if (::close(file) != 0 && failed == 0) failed = errno;
-  if (failed == 0) failed = GiveName(part, to);
-  ::unlink(part.c_str());
-  return failed == 0 ? std::string() : Failure(to, std::strerror(failed));
+  const Descriptor folder = OpenFolder(to.parent_path().string());
+  if (!folder.Valid()) return Failure(to.parent_path(), std::strerror(errno));
+  // What came there meanwhile stays.
+  const int failed = CopyTo(from.string(), folder.Number(), to.filename().string());
+  if (failed != 0 && failed != EEXIST) return Failure(to, std::strerror(failed));
+  FlushFolder(folder.Number());
+  RemoveStrays(folder.Number());
+  return {};
 }
 
 std::string ValueOf(const char* text) {

@@ -1,5 +1,6 @@
 // zentaline: the program on the desktop.
 #include <QApplication>
+#include <QMainWindow>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -8,7 +9,10 @@
 #include <vector>
 
 #include "app/desktop_options.h"
+#include "app/desktop_session.h"
 #include "app/directory.h"
+#include "app/end_signals.h"
+#include "app/first_instance.h"
 #include "app/home.h"
 #include "base/memory.h"
 #include "base/posix_disk.h"
@@ -18,6 +22,7 @@
 #include "midi/virtual/virtual_midi.h"
 #include "ui/qt/long_sender.h"
 #include "ui/qt/toolkit.h"
+#include "ui/qt/window.h"
 #ifdef ZENTALINE_HAVE_ALSA
 #include "midi/alsa/alsa_midi.h"
 #endif
@@ -33,18 +38,29 @@ int Misused(const std::string& why) {
 }
 
 // Null when the service was asked for and this program has none of the kind.
-std::unique_ptr<MidiService> MakeService(DesktopOptions::Midi midi) {
+std::unique_ptr<MidiService> MakeService(DesktopOptions::Midi midi, const zentaline::EndSignals& end_signals) {
   if (midi == DesktopOptions::Midi::kVirtual) return std::make_unique<zentaline::VirtualMidi>();
 #ifdef ZENTALINE_HAVE_ALSA
   const bool wanted = midi == DesktopOptions::Midi::kAlsa;
   if (wanted || (midi == DesktopOptions::Midi::kDefault && zentaline::AlsaMidi::Available())) {
-    return std::make_unique<zentaline::AlsaMidi>();
+    auto alsa = std::make_unique<zentaline::AlsaMidi>();
+    alsa->SetStop([&end_signals] { return end_signals.Pending(); });
+    return alsa;
   }
 #else
+  (void)end_signals;
   if (midi == DesktopOptions::Midi::kAlsa) return nullptr;
 #endif
   // A recorder that is given no devices has none.
   return std::make_unique<zentaline::RecorderMidi>();
+}
+
+void BringToFront(zentaline::ui::qt::QtToolkit& toolkit) {
+  if (toolkit.windows().main() == nullptr) return;
+  QWidget* const window = toolkit.windows().main()->window();
+  window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+  window->raise();
+  window->activateWindow();
 }
 
 }  // namespace
@@ -57,7 +73,8 @@ int main(int count, char** arguments) {
     std::fputs(zentaline::kDesktopUsage, stdout);
     return 0;
   }
-  const std::unique_ptr<MidiService> service = MakeService(options.midi);
+  zentaline::EndSignals end_signals;
+  const std::unique_ptr<MidiService> service = MakeService(options.midi, end_signals);
   if (service == nullptr) return Misused("this zentaline was built without ALSA");
   // The files are named from where the program was called.
   for (std::string& file : options.files) {
@@ -81,12 +98,26 @@ int main(int count, char** arguments) {
   QApplication::setDesktopFileName(QStringLiteral("zentaline"));
   QApplication::setQuitOnLastWindowClosed(false);
 
+  zentaline::FirstInstance instance;
+  if (instance.HandOver(options.files)) return 0;
+
   zentaline::PosixDisk disk;
   zentaline::ui::qt::QtToolkit toolkit;
   zentaline::ui::qt::LongSender sender(toolkit, *service);
   zentaline::Application program(toolkit, sender, disk, directory);
   toolkit.SetWordSource([&program]() -> const zentaline::ui::qt::Words& {
     return program.Language() == 1 ? zentaline::ui::qt::ItalianWords() : zentaline::ui::qt::EnglishWords();
+  });
+  const zentaline::DesktopSession session(program, toolkit, end_signals);
+  instance.Listen([&](const std::vector<std::string>& files) {
+    BringToFront(toolkit);
+    if (program.main == nullptr) {
+      options.files.insert(options.files.end(), files.begin(), files.end());
+    } else {
+      toolkit.windows().gate().User(toolkit.windows().main()->window(), [&program, files] {
+        if (program.main != nullptr) program.main->OpenWhenReady(files);
+      });
+    }
   });
   if (!program.Start()) return 0;
   if (program.main != nullptr) program.main->OpenWhenReady(options.files);

@@ -9,6 +9,7 @@ namespace zentaline {
 
 struct Application;
 class ChildWindow;
+class FileSet;
 struct EditStep;
 
 // Reads the .arr into ArrFileImage: 0 read, 1 the file system's error was shown, 2 a bad file (shown), 3 absent or
@@ -34,8 +35,10 @@ void NewArrWindow(Application& app);
 // focus stay.
 void ArrRecordsChanged(ChildWindow& window);
 
-// Writes the .arr, and its styles as the image says. False when something failed: the image still counts as changed.
-bool SaveArrFile(Application& app, Bytes& image);
+// The .arr and its styles as the image says, for saving; and what becomes of the image when the .arr is written,
+// `whole` when nothing of the rest failed.
+void PutArrFiles(const Application& app, Bytes& image, FileSet& set);
+void ArrFilesSaved(Bytes& image, bool whole);
 
 // Puts ArrEditRecord back into the image it came from: 0 done, 1 the window is read-only (shown), 2 no such window.
 int StoreEditRecord(Application& app);

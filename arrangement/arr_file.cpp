@@ -6,26 +6,15 @@
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/file_reading.h"
+#include "core/file_set.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "files/api.h"
-#include "style/api.h"
+#include "style/sty_format.h"
 
 namespace zentaline {
 
 namespace {
-
-// The styles of a saved file: the empty template stands for no .sty at all, unless a window shows it.
-bool SaveStylePart(Application& app, Bytes& image) {
-  const int state = ByteAt(image, kStyStatePosition);
-  const bool shown = StylesWindow(app, kKindSty, std::string(WindowPath(image))) != nullptr;
-  if (state == 1 && !shown && !StyFileDelete(app, image)) return false;
-  // What a new file's window holds is written each time.
-  const bool writes = ByteAt(image, kStyChangedPosition) == 1 || ByteAt(image, kKindPosition) == kKindNewArr;
-  if (state == 2 && writes && !StyFileWrite(app, image)) return false;
-  PutByte(image, kStyChangedPosition, 0);
-  return true;
-}
 
 EditWords KeptWords(std::string_view record) {
   const Bytes name = Slice(record, arr_edit::kRecord, kArrNameLength);
@@ -54,12 +43,21 @@ int ReadArrFile(Application& app, const std::string& path) {
   return kArrWrong;
 }
 
-bool SaveArrFile(Application& app, Bytes& image) {
-  if (!WriteDataFile(app, std::string(WindowPath(image)) + ".arr", ArrFileBytes(image))) return false;
-  const bool whole = SaveStylePart(app, image);
-  // What was saved without its styles is asked for again.
+// The empty template stands for no .sty at all, unless a window shows it.
+void PutArrFiles(const Application& app, Bytes& image, FileSet& set) {
+  const std::string base(WindowPath(image));
+  const int state = ByteAt(image, kStyStatePosition);
+  // What a new file's window holds is written each time.
+  const bool writes = ByteAt(image, kStyChangedPosition) == 1 || ByteAt(image, kKindPosition) == kKindNewArr;
+  if (state == 2 && writes) set.WriteBeside(base + ".sty", StyFileBytes(image));
+  set.Write(base + ".arr", ArrFileBytes(image));
+  if (state == 1 && StylesWindow(app, kKindSty, base) == nullptr) set.SetAside(base + ".sty");
+}
+
+void ArrFilesSaved(Bytes& image, bool whole) {
+  if (whole) PutByte(image, kStyChangedPosition, 0);
+  // What was saved without all that goes with it is asked for again.
   PutByte(image, kChangedPosition, whole ? 0 : 1);
-  return whole;
 }
 
 int StoreEditRecord(Application& app) {

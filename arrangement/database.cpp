@@ -33,6 +33,17 @@ void MakeDatabase(Application& app, int kind) {
   DatabaseGrew(app);
 }
 
+// The file as it is before the first entry of this run goes.
+DiskResult KeepBeforeRemoval(Application& app, const Bytes& image) {
+  ArrangementState& state = app.arrangement;
+  if (state.DatabaseKept || DBEntryCount(image) >= DBEntryCount(state.DBImage)) return DiskResult::kOk;
+  const DiskResult result = app.disk.KeepAs(app.core.DatabaseDir, app.core.DatabaseDir + ".bak");
+  // There is nothing to lose in one that has gone.
+  if (result != DiskResult::kOk && result != DiskResult::kAbsent) return result;
+  state.DatabaseKept = true;
+  return DiskResult::kOk;
+}
+
 }  // namespace
 
 DatabaseFound ReadDatabase(Application& app, bool shows) {
@@ -45,7 +56,8 @@ DatabaseFound ReadDatabase(Application& app, bool shows) {
     return DatabaseFound::kFailed;
   }
   if (result == DiskResult::kOk && file.empty()) {
-    app.disk.Remove(app.core.DatabaseDir);
+    // As for any file, but not for the windows of the last run.
+    if (!app.Starting()) app.disk.RemoveEmpty(app.core.DatabaseDir);
     return DatabaseFound::kAbsent;
   }
   Bytes image = DBImageOf(std::move(file));
@@ -77,7 +89,8 @@ void SetDatabaseTitle(Application& app) {
 }
 
 bool StoreDatabase(Application& app, Bytes image, const std::optional<EditWords>& words) {
-  const DiskResult result = app.disk.Write(app.core.DatabaseDir, image);
+  DiskResult result = KeepBeforeRemoval(app, image);
+  if (result == DiskResult::kOk) result = WriteOwnFile(app, app.core.DatabaseDir, image);
   if (result != DiskResult::kOk) {
     FileErrorMessage(app, result);
     return false;
@@ -174,7 +187,7 @@ void DBPurge(Application& app) {
     const DiskResult result = app.disk.Read(path, file, kLargestDataFile);
     // What can't be read for a reason of its own isn't gone.
     if (result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kPathAbsent) return true;
-    if (result == DiskResult::kOk && file.empty()) app.disk.Remove(path);
+    if (result == DiskResult::kOk && file.empty()) app.disk.RemoveEmpty(path);
     return DBPurgeKeeps(file);
   });
   StoreDatabase(app, std::move(image), EditWords{"Update", {}, kDatabaseName});

@@ -236,7 +236,11 @@ void frmArrU::AttachSiblingPrograms() {
       attach(true);
     }
   }
-  const bool attached = ByteAt(image, kPrgAttachedPosition) == 1;
+  EnablePrograms();
+}
+
+void frmArrU::EnablePrograms() {
+  const bool attached = ByteAt(window_image(), kPrgAttachedPosition) == 1;
   CommLoadPrg.SetEnabled(attached);
   CommShowPrg.SetEnabled(attached);
 }
@@ -250,6 +254,7 @@ void frmArrU::ShowName() {
 
 void frmArrU::FileSaved() {
   EnableStyles();
+  EnablePrograms();
 }
 
 void frmArrU::SettingsChanged() {

@@ -71,6 +71,7 @@ class frmArrU : public ArrFileListWindow {
   void AttachSiblingStyles();
   bool EnableStyles();
   void AttachSiblingPrograms();
+  void EnablePrograms();
   void ShowId(const std::string& row_label);
   void LayOut();
 

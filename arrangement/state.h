@@ -42,6 +42,7 @@ struct ArrangementState {
   // The database.
   EditedBytes DBImage;
   bool DBWindowOpen = false;
+  bool DatabaseKept = false;  // this run has set the file aside before its first removal of entries
   bool SilentStart = false;
   int ArrFileId = 0;                   // the result of the last look-up or addition
   std::array<int, 10> WindowFileId{};  // of the windows 1 to 9

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "aids/api.h"
 #include "core/boxes.h"
 #include "core/configuration.h"
 #include "core/frmMain.h"
@@ -44,6 +45,23 @@ bool Application::Start() {
   toolkit.Open(std::make_unique<frmMain>(*this));
   core.StartingUp = false;
   return true;
+}
+
+void Application::End() {
+  core.Closing = true;
+  for (ui::Form* form : toolkit.forms()) {
+    if (form->kind() == ui::FormKind::kChild) form->Resized();
+  }
+  core.OperationTitle = GetText(*this, kTextClosingOut);
+  EndKeyboardNotes(*this);
+  CloseMidi(*this);
+  WriteConfiguration(*this);
+}
+
+void Application::EndUnasked() {
+  if (main == nullptr) return;
+  if (ui::Form* notebook = toolkit.FindForm("frmBloccoNote")) notebook->QueryClose();
+  End();
 }
 
 }  // namespace zentaline

@@ -33,6 +33,11 @@ struct Application {
   // Reads the configuration, opens the ports and shows the main window. False when the program ends here, because the
   // language window was cancelled or the configuration can't be read.
   bool Start();
+  // What the program does at its end, however that comes: the ports are closed and the configuration is written.
+  void End();
+  // The end of a session in which nobody can be asked; the program is to end at once then. What the notebook holds is
+  // kept, since it never asks.
+  void EndUnasked();
   // True from Start until the windows of the last run have come back.
   bool Starting() const { return core.StartingUp || core.ReopeningFiles || reopening_chain; }
   // Of this run: 1 Italian, 2 English.

@@ -57,6 +57,19 @@ void ShowWait(Application& app, int code, const std::string& name) {
   app.toolkit.ShowWait(text);
 }
 
+void ShowNotice(Application& app, const std::string& text) {
+  if (app.main != nullptr) app.main->Label1.SetCaption(text);
+  app.toolkit.ShowWait(text);
+  app.toolkit.ShowWait({});
+}
+
+std::string TwoNames(std::string_view text, std::string_view first, std::string_view second) {
+  // A name may hold a "_" of its own.
+  const std::size_t place = text.find('_');
+  if (place == std::string_view::npos) return std::string(text);
+  return std::string(text.substr(0, place)).append(first).append(WithName(text.substr(place + 1), second));
+}
+
 void FileErrorMessage(Application& app, DiskResult result) {
   int code = kMessageDiskReading;
   switch (result) {
@@ -72,6 +85,9 @@ void FileErrorMessage(Application& app, DiskResult result) {
       break;
     case DiskResult::kInputOutput:
       code = kMessageDevice;
+      break;
+    case DiskResult::kFull:
+      code = kMessageDiskFull;
       break;
     default:
       break;

@@ -33,6 +33,12 @@ ui::FileDialogAnswer AskForFile(Application& app, const ui::FileDialogRequest& r
 // The wait label, codes 1 to 9; code 0 clears it.
 void ShowWait(Application& app, int code, const std::string& name = {});
 
+// A wait text that stays when the work is done, since it tells something.
+void ShowNotice(Application& app, const std::string& text);
+
+// The text with its first two "_" replaced by names.
+std::string TwoNames(std::string_view text, std::string_view first, std::string_view second);
+
 // The box of a file operation that failed, with OperationTitle as its title.
 void FileErrorMessage(Application& app, DiskResult result);
 

@@ -6,6 +6,7 @@
 
 #include "core/application.h"
 #include "core/boxes.h"
+#include "core/file_reading.h"
 #include "core/frmLingua.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
@@ -285,6 +286,13 @@ bool IsFailure(DiskResult result) {
   return result != DiskResult::kOk && result != DiskResult::kAbsent && result != DiskResult::kTooLarge;
 }
 
+// What has the configuration's name and is none is somebody's: it goes on beside it.
+DiskResult KeepForeign(Application& app, DiskResult read, std::size_t length) {
+  if (read != DiskResult::kTooLarge && (read != DiskResult::kOk || length == 0)) return DiskResult::kOk;
+  std::string kept;
+  return app.disk.KeepAside(app.core.ConfigFile, kept);
+}
+
 bool CannotOpen(DiskResult result) {
   return result == DiskResult::kNoAccess || result == DiskResult::kIsFolder || result == DiskResult::kPathAbsent ||
          result == DiskResult::kTooManyFiles;
@@ -381,6 +389,7 @@ void ReadConfiguration(Application& app) {
     return FileErrorMessage(app, result);
   }
   const bool known = IsConfiguration(file);
+  const std::size_t length = file.size();
   if (known) {
     TakeConfiguration(app, file);
   } else {
@@ -399,7 +408,9 @@ void ReadConfiguration(Application& app) {
     file = NewConfiguration();
     PutSettings(app, file);
     core.OperationTitle = GetText(app, kTextOpening) + kConfigFileName;
-    if (const DiskResult written = app.disk.Write(core.ConfigFile, file); written != DiskResult::kOk) {
+    const DiskResult kept = KeepForeign(app, result, length);
+    const DiskResult written = kept == DiskResult::kOk ? WriteOwnFile(app, core.ConfigFile, file) : kept;
+    if (written != DiskResult::kOk) {
       core.StopRun = true;
       return FileErrorMessage(app, written);
     }
@@ -414,9 +425,13 @@ void WriteConfiguration(Application& app) {
   if (IsFailure(result)) {
     return FileErrorMessage(app, result);
   }
-  if (!IsConfiguration(file)) file = NewConfiguration();
+  if (!IsConfiguration(file)) {
+    const DiskResult kept = KeepForeign(app, result, file.size());
+    if (kept != DiskResult::kOk) return FileErrorMessage(app, kept);
+    file = NewConfiguration();
+  }
   PutConfiguration(app, file);
-  if (const DiskResult written = app.disk.Write(app.core.ConfigFile, file); written != DiskResult::kOk) {
+  if (const DiskResult written = WriteOwnFile(app, app.core.ConfigFile, file); written != DiskResult::kOk) {
     FileErrorMessage(app, written);
   }
 }

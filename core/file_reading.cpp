@@ -2,6 +2,7 @@
 
 #include "core/application.h"
 #include "core/boxes.h"
+#include "core/file_set.h"
 #include "core/window_image.h"
 #include "data/texts.h"
 
@@ -11,8 +12,20 @@ namespace {
 
 constexpr std::size_t kExtensionLength = 3;
 
-void SetTitle(Application& app, const std::string& path, int text = kTextOpening) {
-  app.core.OperationTitle = GetText(app, text) + ShownPath(FileBaseName(path));
+// The reopening of windows never removes anything.
+DiskResult RemoveEmptyFile(Application& app, const std::string& path) {
+  return app.Starting() ? DiskResult::kOk : app.disk.RemoveEmpty(path);
+}
+
+// What a save finds otherwise was changed by somebody else.
+void NoteContent(Application& app, const std::string& path, DiskResult result, const Bytes& content) {
+  if (result == DiskResult::kOk) {
+    app.core.KnownFiles[path] = MarkOf(content);
+  } else if (result == DiskResult::kAbsent) {
+    app.core.KnownFiles[path] = {};
+  } else {
+    app.core.KnownFiles.erase(path);
+  }
 }
 
 }  // namespace
@@ -30,48 +43,44 @@ std::string PathOnDisk(Disk& disk, const std::string& path) {
 
 FileReadResult ReadDataFile(Application& app, const std::string& wanted, std::size_t largest, Bytes& content,
                             int title_text) {
-  SetTitle(app, wanted, title_text);
+  app.core.OperationTitle = GetText(app, title_text) + ShownPath(FileBaseName(wanted));
   content.clear();
   const std::string path = PathOnDisk(app.disk, wanted);
-  const DiskResult result = app.disk.Read(path, content, largest);
+  DiskResult result = app.disk.Read(path, content, largest);
+  if (result == DiskResult::kOk && content.empty()) {
+    result = RemoveEmptyFile(app, path);
+    if (result == DiskResult::kOk || result == DiskResult::kIsFolder) result = DiskResult::kAbsent;
+  }
+  NoteContent(app, path, result, content);
   switch (result) {
     case DiskResult::kOk:
-      if (!content.empty()) return kFileRead;
-      return RemoveDataFile(app, wanted) ? kFileAbsent : kFileFailed;
+      return kFileRead;
     case DiskResult::kAbsent:
       return kFileAbsent;
     case DiskResult::kTooLarge:
       return kFileTooLarge;
     default:
-      FileErrorMessage(app, result);
+      // Nothing is full by reading.
+      FileErrorMessage(app, result == DiskResult::kFull ? DiskResult::kOther : result);
       return kFileFailed;
   }
 }
 
 bool WriteDataFile(Application& app, const std::string& path, const Bytes& content) {
-  SetTitle(app, path);
-  const DiskResult result = app.disk.Write(PathOnDisk(app.disk, path), content);
-  if (result == DiskResult::kOk) return true;
-  FileErrorMessage(app, result);
-  return false;
+  FileSet set(app.disk);
+  set.Write(path, content);
+  return set.Save(app).whole;
 }
 
-bool RemoveDataFile(Application& app, const std::string& path) {
-  SetTitle(app, path);
-  const DiskResult result = app.disk.Remove(PathOnDisk(app.disk, path));
-  if (result == DiskResult::kOk || result == DiskResult::kAbsent || result == DiskResult::kIsFolder) return true;
-  FileErrorMessage(app, result);
-  return false;
+bool WriteOwnText(Application& app, const std::string& path, const Bytes& content) {
+  FileSet set(app.disk);
+  set.WriteOwn(path, content);
+  return set.Save(app).whole;
 }
 
-bool SetDataFileAside(Application& app, const std::string& wanted) {
-  const std::string path = PathOnDisk(app.disk, wanted);
-  if (!app.disk.Exists(path)) return true;
-  SetTitle(app, path);
-  const DiskResult result = app.disk.Rename(path, path + ".bak");
-  if (result == DiskResult::kOk) return true;
-  FileErrorMessage(app, result);
-  return false;
+DiskResult WriteOwnFile(Application& app, const std::string& path, const Bytes& content) {
+  const FileToWrite file{path, &content, false};
+  return app.disk.WriteSet({&file, 1}, {}).result;
 }
 
 }  // namespace zentaline

@@ -17,7 +17,8 @@ inline constexpr std::size_t kLargestDataFile = std::size_t{1} << 24;
 enum FileReadResult : int { kFileRead = 0, kFileFailed = 1, kFileTooLarge = 2, kFileAbsent = 3 };
 
 // Reads a file of at most `largest` bytes whole. OperationTitle becomes the text, "Opening " for most, and the file's
-// name. An empty file counts as absent and is removed. A failure of the file system is shown.
+// name. An empty file counts as absent and is removed, but for those of
+// the last run's windows. A failure of the file system is shown.
 FileReadResult ReadDataFile(Application& app, const std::string& path, std::size_t largest, Bytes& content,
                             int title_text = kTextOpening);
 
@@ -27,13 +28,10 @@ std::string PathOnDisk(Disk& disk, const std::string& path);
 
 // Writes a file whole, with the same title; false when it failed, which is shown.
 bool WriteDataFile(Application& app, const std::string& path, const Bytes& content);
+// The same for a text of the program's own, which is never written through a link.
+bool WriteOwnText(Application& app, const std::string& path, const Bytes& content);
 
-// Removes a file, with the same title; one that is not there, or is a folder, is no failure. False when it failed,
-// which is shown.
-bool RemoveDataFile(Application& app, const std::string& path);
-
-// Puts ".bak" behind a file's name, so that nothing is lost; one that is not there is no failure. False when it failed,
-// which is shown under the same title.
-bool SetDataFileAside(Application& app, const std::string& path);
+// The file alone, in the same way.
+DiskResult WriteOwnFile(Application& app, const std::string& path, const Bytes& content);
 
 }  // namespace zentaline

@@ -263,12 +263,7 @@ bool frmMain::QueryClose() {
 }
 
 void frmMain::Unload() {
-  app().core.Closing = true;
-  ForEachChild([](ChildWindow& child) { child.Resized(); });
-  app().core.OperationTitle = GetText(app(), kTextClosingOut);
-  EndKeyboardNotes(app());
-  CloseMidi(app());
-  WriteConfiguration(app());
+  app().End();
   for (Form* form : toolkit().forms()) {
     if (form != this) form->CloseWithoutAsking();
   }

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <string>
 
 #include "base/bytes.h"
+#include "base/disk.h"
 #include "ui/types.h"
 
 namespace zentaline {
@@ -86,6 +88,8 @@ struct CoreState {
   int OpenChildCount = 0;
 
   Settings settings;
+
+  std::map<std::string, FileMark> KnownFiles;  // by path: what this run has last read or written there
 
   std::string Directory;  // the current directory at start, without a separator at its end
   std::string ConfigFile;

@@ -17,6 +17,7 @@ inline constexpr int kMessageNoArrB = 15;
 inline constexpr int kMessageOpenAlready = 16;
 inline constexpr int kMessageReadOnlyFile = 17;
 inline constexpr int kMessageDiskReading = 18;
+inline constexpr int kMessageDiskFull = 19;
 inline constexpr int kMessageOutputAllocated = 20;
 inline constexpr int kMessageNoOutput = 22;
 inline constexpr int kMessageNextStart = 24;

@@ -15,6 +15,7 @@ namespace zentaline {
 struct Application;
 struct EditAction;
 class ChildWindow;
+class FileSet;
 
 enum ChooseResult : int { kChosen = 0, kChooseFailed = 1, kChooseOpenAlready = 2, kChooseEmpty = 3 };
 
@@ -30,8 +31,10 @@ struct LastPlace {
 struct FileSaving {
   // The type of the window's own file, 1 to 6; of programs it follows from the records.
   int (*type)(const Bytes& image);
-  // Writes the window's files and clears the marks of what is saved. False when that failed, which was shown.
-  bool (*save)(Application& app, Bytes& image);
+  // The window's files as its image says, which may change with them; and what becomes of it when they are written:
+  // the marks of what is saved are cleared, `whole` when nothing failed.
+  void (*put)(const Application& app, Bytes& image, FileSet& set);
+  void (*saved)(Bytes& image, bool whole);
   // What the save dialog proposes, without extension.
   std::string (*name)(const ChildWindow& window);
   bool beside_file = false;      // its dialog begins where the window's file is, not where the last one was

@@ -163,8 +163,10 @@ std::string StySaveName(const ChildWindow&) {
   return kUntitled;
 }
 
-constexpr FileSaving kArrSaving = {.type = ArrType, .save = SaveArrFile, .name = ArrSaveName, .has_parts = true};
-constexpr FileSaving kPrgSaving = {.type = PrgType, .save = SavePrgFile, .name = PrgSaveName, .beside_file = true};
+constexpr FileSaving kArrSaving = {
+    .type = ArrType, .put = PutArrFiles, .saved = ArrFilesSaved, .name = ArrSaveName, .has_parts = true};
+constexpr FileSaving kPrgSaving = {
+    .type = PrgType, .put = PutPrgFiles, .saved = PrgFilesSaved, .name = PrgSaveName, .beside_file = true};
 int GblType(const Bytes&) {
   return kTypeGbl;
 }
@@ -173,9 +175,9 @@ std::string GblSaveName(const ChildWindow& window) {
   return window.BaseName();
 }
 
-constexpr FileSaving kStySaving = {.type = StyType, .save = SaveStyFile, .name = StySaveName};
+constexpr FileSaving kStySaving = {.type = StyType, .put = PutStyFiles, .saved = StyFilesSaved, .name = StySaveName};
 constexpr FileSaving kGblSaving = {
-    .type = GblType, .save = SaveGlobalFile, .name = GblSaveName, .keeps_read_only = true};
+    .type = GblType, .put = PutGblFiles, .saved = GblFilesSaved, .name = GblSaveName, .keeps_read_only = true};
 
 constexpr LastPlace kArrPlace = {&FilesState::LastArrDirectory, &FilesState::LastArrName};
 constexpr LastPlace kPrgPlace = {&FilesState::LastPrgDirectory, &FilesState::LastPrgName};

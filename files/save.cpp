@@ -1,10 +1,12 @@
 // Saving by the kind of the window, and the save dialog.
-#include "arrangement/api.h"
+#include <functional>
+
 #include "arrangement/arr_format.h"
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/file_reading.h"
+#include "core/file_set.h"
 #include "core/main_window.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
@@ -12,8 +14,9 @@
 #include "files/api.h"
 #include "files/dialogs.h"
 #include "files/paths.h"
+#include "program/api.h"
 #include "program/prg_format.h"
-#include "style/api.h"
+#include "style/sty_format.h"
 
 namespace zentaline {
 
@@ -59,16 +62,63 @@ bool OpenElsewhere(Application& app, const FileKind& kind, const ChildWindow& wi
   return other != nullptr && other != &window;
 }
 
-// The window's file under another name, with all that belongs to it; on a failure the window keeps the old one.
-bool SaveWholeAs(Application& app, const FileKind& kind, ChildWindow& window, const std::string& base) {
-  const FileSaving& saving = *kind.saving;
+// Writes the files of the image, and more, which then is as saving has left it; untouched when they weren't written.
+bool SaveSet(Application& app, const FileSaving& saving, FileSet& set, Bytes& image,
+             const std::function<void()>& put_more = {}) {
+  Bytes copy = image;
+  saving.put(app, copy, set);
+  if (put_more) put_more();
+  const FileSet::Saved saved = set.Save(app);
+  if (!saved.written) return false;
+  saving.saved(copy, saved.whole);
+  image = std::move(copy);
+  return saved.whole;
+}
+
+// The image as it goes under another name.
+Bytes ImageUnderName(const FileKind& kind, const ChildWindow& window, const std::string& base) {
   Bytes image = window.window_image();
   PutWindowPath(image, base);
   for (const std::size_t position : {kReadOnlyPosition, kNoFilePosition, kNeverSavedPosition})
     PutByte(image, position, 0);
   if (ByteAt(image, kKindPosition) == kind.unnamed_kind) PutByte(image, kKindPosition, kind.kind);
-  if (saving.has_parts && ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
-  if (!saving.save(app, image)) return false;
+  if (kind.saving->has_parts && ByteAt(image, kStyStatePosition) == 2) PutByte(image, kStyChangedPosition, 1);
+  return image;
+}
+
+bool HasPrograms(const FileSaving& saving, const Bytes& image) {
+  return saving.has_parts && ByteAt(image, kPrgAttachedPosition) == 1;
+}
+
+bool ProgramsStand(Application& app, const std::string& base) {
+  return app.disk.Exists(PathOnDisk(app.disk, base + ".prg")) || app.disk.Exists(PathOnDisk(app.disk, base + ".pgg"));
+}
+
+// The programs of arrangements go under the new name too, unless others stand there already.
+void PutPrograms(Application& app, const FileSaving& saving, const Bytes& image, const std::string& base,
+                 FileSet& set) {
+  if (!HasPrograms(saving, image) || ProgramsStand(app, base)) return;
+  const bool pgg = ByteAt(image, kPggPosition) == 1;
+  set.WriteBeside(base + (pgg ? ".pgg" : ".prg"), Slice(image, kArrImageProgramPosition, kPrgFileLength));
+}
+
+// Programs that stood under the new name already are the window's from now on, as if it had been opened there.
+void TakePrograms(Application& app, Bytes& image, const std::string& base) {
+  PutByte(image, kPrgAttachedPosition, 0);
+  for (const bool pgg : {false, true}) {
+    if (ReadProgramFile(app, base + (pgg ? ".pgg" : ".prg")) != kPrgGood) continue;
+    return AttachPrograms(image, app.program.ProgramFileBuffer, pgg);
+  }
+}
+
+// The window's file under another name, with all that belongs to it; on a failure the window keeps the old one.
+bool SaveWholeAs(Application& app, const FileKind& kind, ChildWindow& window, const std::string& base) {
+  const FileSaving& saving = *kind.saving;
+  Bytes image = ImageUnderName(kind, window, base);
+  const bool takes_programs = HasPrograms(saving, image) && ProgramsStand(app, base);
+  FileSet set(app.disk, true);
+  if (!SaveSet(app, saving, set, image, [&] { PutPrograms(app, saving, image, base, set); })) return false;
+  if (takes_programs) TakePrograms(app, image, base);
   app.edits.TakeSaved(window, std::move(image), true);
   window.TakePath(base);
   window.FileSaved();
@@ -81,17 +131,15 @@ bool SaveWholeAs(Application& app, const FileKind& kind, ChildWindow& window, co
 
 // The styles, or the programs, that are attached to an arrangement window, under a name of their own. The window stays
 // as it is.
-bool SavePart(Application& app, const Bytes& image, const std::string& base, int filter) {
+void PutPart(const Bytes& image, const std::string& base, int filter, FileSet& set) {
   if (filter == kSaveSty) {
     Bytes copy = image;
-    PutWindowPath(copy, base);
-    return StyFileWrite(app, copy);
+    return set.Write(base + ".sty", StyFileBytes(copy));
   }
   const int other = filter == kSavePgg ? kTypePrg : kTypePgg;
-  const Bytes programs = Slice(image, kArrImageProgramPosition, kPrgFileLength);
-  if (!WriteDataFile(app, base + "." + std::string(ExtensionOf(filter)), programs)) return false;
+  set.Write(base + "." + std::string(ExtensionOf(filter)), Slice(image, kArrImageProgramPosition, kPrgFileLength));
   // One name never stands in both formats.
-  return RemoveDataFile(app, base + "." + std::string(ExtensionOf(other)));
+  set.Remove(base + "." + std::string(ExtensionOf(other)));
 }
 
 // Whether styles would be written that stand in another window, or a file of them taken away.
@@ -104,13 +152,42 @@ bool StylesTaken(const Application& app, const FileSaving& saving, const ChildWi
 bool HasPart(const FileSaving& saving, const Bytes& image, int filter) {
   if (!saving.has_parts) return false;
   if (filter == kSaveSty) return ByteAt(image, kStyStatePosition) != 0;
-  return (filter == kSavePrg || filter == kSavePgg) && ByteAt(image, kPrgAttachedPosition) == 1;
+  return (filter == kSavePrg || filter == kSavePgg) && HasPrograms(saving, image);
 }
 
 // Whether the filter that was left selected is the window's own file.
 bool IsWhole(int own_type, int filter) {
   const bool programs = own_type == kTypePrg || own_type == kTypePgg;
   return filter == kSaveAll || filter == own_type || (programs && (filter == kSavePrg || filter == kSavePgg));
+}
+
+// What the answer of the save dialog means; the selected filter decides what is written.
+struct SaveAnswer {
+  bool whole;
+  int type;  // of the file that is written
+  std::string base;
+};
+SaveAnswer AnswerOf(const FileSaving& saving, const Bytes& image, const std::string& path, int filter) {
+  const bool whole = IsWhole(saving.type(image), filter);
+  const int type = whole ? saving.type(image) : filter;
+  const bool programs = type == kTypePrg || type == kTypePgg;
+  return {whole, type, BasePath(path, type, programs ? kTypePrg + kTypePgg - type : type)};
+}
+
+// The files that an answer would replace or remove beside the one that it names.
+std::vector<std::string> AlsoTouched(Application& app, const FileKind& kind, const ChildWindow& window,
+                                     const std::string& path, int filter) {
+  const FileSaving& saving = *kind.saving;
+  const SaveAnswer answer = AnswerOf(saving, window.window_image(), path, filter);
+  if (!CanKeep(answer.base) || FileBaseName(answer.base).empty()) return {};
+  FileSet set(app.disk, true);
+  if (answer.whole) {
+    Bytes image = ImageUnderName(kind, window, answer.base);
+    saving.put(app, image, set);
+  } else if (HasPart(saving, window.window_image(), filter)) {
+    PutPart(window.window_image(), answer.base, filter, set);
+  }
+  return set.Touched();
 }
 
 }  // namespace
@@ -125,7 +202,8 @@ bool SaveFile(Application& app, ChildWindow& window) {
     return false;
   }
   Bytes image = window.window_image();
-  const bool saved = kind->saving->save(app, image);
+  FileSet set(app.disk);
+  const bool saved = SaveSet(app, *kind->saving, set, image);
   app.edits.TakeSaved(window, std::move(image), saved);
   if (saved) window.FileSaved();
   if (app.main != nullptr) app.main->RefreshMenus();
@@ -137,13 +215,13 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
   const FileKind* kind = SavedKind(window);
   if (kind == nullptr) return false;
   const FileSaving& saving = *kind->saving;
-  const ui::FileDialogAnswer answer = AskForFile(app, SaveRequest(app, *kind, window));
+  ui::FileDialogRequest request = SaveRequest(app, *kind, window);
+  request.also_touched = [&](const std::string& path, int filter) {
+    return AlsoTouched(app, *kind, window, path, filter);
+  };
+  const ui::FileDialogAnswer answer = AskForFile(app, request);
   if (answer.cancelled || answer.path.empty()) return false;
-  // The selected filter decides what is written.
-  const bool whole = IsWhole(saving.type(image), answer.filter);
-  const int type = whole ? saving.type(image) : answer.filter;
-  const bool programs = type == kTypePrg || type == kTypePgg;
-  const std::string base = BasePath(answer.path, type, programs ? kTypePrg + kTypePgg - type : type);
+  const auto [whole, type, base] = AnswerOf(saving, image, answer.path, answer.filter);
   if (!CanKeep(base) || FileBaseName(base).empty() || (!whole && !HasPart(saving, image, answer.filter))) {
     ShowNameNotValid(app, answer.path);
     return false;
@@ -153,7 +231,9 @@ bool SaveFileAs(Application& app, ChildWindow& window) {
     return false;
   }
   if (!whole) {
-    SavePart(app, image, base, answer.filter);
+    FileSet set(app.disk, true);
+    PutPart(image, base, answer.filter, set);
+    set.Save(app);
     // The window's own file isn't saved by that: it stays open, and changed.
     return false;
   }

@@ -9,12 +9,14 @@ namespace zentaline {
 
 struct Application;
 class ChildWindow;
+class FileSet;
 
 // Reads the .gbl at `path`, which has its extension, into GblBuffer. 0 good, 1 the file system's error, 2 a wrong file
 // (both shown), 3 absent or empty.
 int ReadGlobalFile(Application& app, const std::string& path);
-// Writes the file in a window's image to its path with ".gbl". False when it failed, which was shown.
-bool SaveGlobalFile(Application& app, Bytes& image);
+// The file in a window's image for saving, and what becomes of the image when it is written.
+void PutGblFiles(const Application& app, Bytes& image, FileSet& set);
+void GblFilesSaved(Bytes& image, bool whole);
 
 // Shows what GblBuffer holds; `path` is without extension. There is one global window at a time.
 ChildWindow& OpenGlobalWindow(Application& app, const std::string& path, bool read_only);

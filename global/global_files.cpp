@@ -4,6 +4,7 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/file_reading.h"
+#include "core/file_set.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "global/api.h"
@@ -24,10 +25,12 @@ int ReadGlobalFile(Application& app, const std::string& path) {
   return kGlobalWrong;
 }
 
-bool SaveGlobalFile(Application& app, Bytes& image) {
-  if (!WriteDataFile(app, std::string(WindowPath(image)) + ".gbl", GlobalFileBytes(image))) return false;
-  PutByte(image, kChangedPosition, 0);
-  return true;
+void PutGblFiles(const Application&, Bytes& image, FileSet& set) {
+  set.Write(std::string(WindowPath(image)) + ".gbl", GlobalFileBytes(image));
+}
+
+void GblFilesSaved(Bytes& image, bool whole) {
+  if (whole) PutByte(image, kChangedPosition, 0);
 }
 
 int ReadBackSeqFile(Application& app, const std::string& path) {

@@ -11,6 +11,7 @@ namespace zentaline {
 
 struct Application;
 class ChildWindow;
+class FileSet;
 struct EditStep;
 
 // Both read into ProgramFileBuffer. 0 good, 1 the file system's error was shown, 2 a wrong file (shown), 3 absent.
@@ -19,9 +20,10 @@ int ReadProgramFile(Application& app, const std::string& path);
 // With or without extension; 4 is a good .pgg. Leaves "prg" or "pgg" in ProgramExtension.
 int ReadProgramByName(Application& app, const std::string& path);
 
-// Writes the bank of a window's image under the extension that its records call for, and removes the file of the other
-// one. False when it failed, which was shown.
-bool SavePrgFile(Application& app, Bytes& image);
+// The bank of a window's image for saving, under the extension that its records call for; the file of the other one
+// goes. And what becomes of the image when it is written, `whole` when the other one has gone.
+void PutPrgFiles(const Application& app, Bytes& image, FileSet& set);
+void PrgFilesSaved(Bytes& image, bool whole);
 
 // The name of a program or drum kit of the instrument as bytes, blanks at its end removed. Empty for user programs and
 // for what doesn't exist.

@@ -4,6 +4,7 @@
 #include "core/boxes.h"
 #include "core/child_window.h"
 #include "core/file_reading.h"
+#include "core/file_set.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/names.h"
@@ -56,16 +57,18 @@ int ReadProgramByName(Application& app, const std::string& path) {
   return ReadWith(app, path + ".pgg", CheckPgg);
 }
 
-bool SavePrgFile(Application& app, Bytes& image) {
+void PutPrgFiles(const Application&, Bytes& image, FileSet& set) {
   const std::string base(WindowPath(image));
   // A bank may have come under the other extension: the letters at its start go with the one that it gets.
   DecideProgramFormat(image);
   const bool pgg = ProgramExtension(image) == "pgg";
-  if (!WriteDataFile(app, base + (pgg ? ".pgg" : ".prg"), PrgFileBytes(image))) return false;
+  set.Write(base + (pgg ? ".pgg" : ".prg"), PrgFileBytes(image));
   // One name never stands in both formats.
-  if (!RemoveDataFile(app, base + (pgg ? ".prg" : ".pgg"))) return false;
-  PutByte(image, kPrgChangedPosition, 0);
-  return true;
+  set.Remove(base + (pgg ? ".prg" : ".pgg"));
+}
+
+void PrgFilesSaved(Bytes& image, bool whole) {
+  if (whole) PutByte(image, kPrgChangedPosition, 0);
 }
 
 Bytes InstrumentProgramName(int bank_code, int number) {

@@ -9,19 +9,17 @@ namespace zentaline {
 
 struct Application;
 class ChildWindow;
+class FileSet;
 
 // Reads the .sty at `path`, which has its extension, into StyleImage; a path that ends in i40Sty, into EmptyStyleImage.
 // 0 done, 1 a wrong header or the file system's error (both shown), 2 absent or empty.
 int StyFileRead(Application& app, const std::string& path);
 // The same with the styles that a window shows, in place of what lies on the disk; `base` is without extension.
 void TakeStyleFile(Application& app, const std::string& base, std::string_view styles);
-// Writes the style part of a window's image to its path with ".sty": true when it is done, else the error was shown.
-bool StyFileWrite(Application& app, Bytes& image);
-// The same for a style window, of which the image itself stays untrimmed.
-bool SaveStyFile(Application& app, Bytes& image);
-// Takes that file away for a window without styles: it was found damaged, or has come since, and is set aside. True
-// when it is done or there is none, else the error was shown.
-bool StyFileDelete(Application& app, const Bytes& image);
+// The style part of a window's image for saving; the image itself stays untrimmed. And what becomes of it when the file
+// is written.
+void PutStyFiles(const Application& app, Bytes& image, FileSet& set);
+void StyFilesSaved(Bytes& image, bool whole);
 // The path of part 0 to 2 of an i30 file, without extension; `path` is the i30 file's, with its own.
 std::string StylePartOfI30(const std::string& path, int part);
 // Splits an i30 file, `path` with its extension, into three .sty beside it: 0 done, 1 and 2 as StyFileRead.

@@ -2,6 +2,7 @@
 #include "core/application.h"
 #include "core/boxes.h"
 #include "core/file_reading.h"
+#include "core/file_set.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "files/paths.h"
@@ -62,19 +63,14 @@ void TakeStyleFile(Application& app, const std::string& base, std::string_view s
   SetCurrentStyles(app.style, base);
 }
 
-bool StyFileWrite(Application& app, Bytes& image) {
-  return WriteDataFile(app, std::string(WindowPath(image)) + ".sty", StyFileBytes(image));
-}
-
-bool SaveStyFile(Application& app, Bytes& image) {
+void PutStyFiles(const Application&, Bytes& image, FileSet& set) {
+  // The window goes on showing what the file leaves out.
   Bytes copy = image;
-  if (!StyFileWrite(app, copy)) return false;
-  PutByte(image, kStyChangedPosition, 0);
-  return true;
+  set.Write(std::string(WindowPath(image)) + ".sty", StyFileBytes(copy));
 }
 
-bool StyFileDelete(Application& app, const Bytes& image) {
-  return SetDataFileAside(app, std::string(WindowPath(image)) + ".sty");
+void StyFilesSaved(Bytes& image, bool whole) {
+  if (whole) PutByte(image, kStyChangedPosition, 0);
 }
 
 std::string StylePartOfI30(const std::string& path, int part) {

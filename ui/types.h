@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -93,6 +94,9 @@ struct FileDialogRequest {
   std::string default_extension;  // without the dot; only in save dialogs
   bool read_only = false;
   bool shows_read_only = true;
+  // Only in save dialogs: the names of the files that this answer, its path and filter, would replace or remove beside
+  // the one that it names.
+  std::function<std::vector<std::string>(const std::string& path, int filter)> also_touched = {};
 };
 
 struct FileDialogAnswer {

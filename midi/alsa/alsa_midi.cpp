@@ -254,25 +254,9 @@ int AlsaMidi::TakeShort(MidiHandle handle, std::uint32_t word) {
 
 int AlsaMidi::TakeLong(MidiHandle handle, std::string_view bytes) {
   Output& output = outputs_[handle];
-  const auto total = static_cast<std::uint32_t>(bytes.size());
-  const bool tell = progress_ && total > kPieceBytes;
-  for (std::uint32_t gone = 0; gone < total;) {
-    std::this_thread::sleep_until(output.pace.Free());
-    if (tell) progress_(gone, total);
-    const std::string_view piece = bytes.substr(gone, kPieceBytes);
-    const auto length = static_cast<std::uint32_t>(piece.size());
-    const auto now = Pace::Clock::now();
-    if (const int result = WriteBytes(output, piece)) return result;
-    if (gone == 0) {
-      output.pace.Give(now, length);
-    } else {
-      output.pace.GiveNext(now, length);
-    }
-    gone += length;
-  }
-  std::this_thread::sleep_until(output.pace.Free());
-  if (tell) progress_(total, total);
-  return kMidiOk;
+  return SendPieces(bytes, output.pace,
+                    {[&](std::string_view piece) { return WriteBytes(output, piece); }, stop_,
+                     bytes.size() > kPieceBytes ? progress_ : MidiProgress()});
 }
 
 int AlsaMidi::Join(MidiHandle in, MidiHandle out) {

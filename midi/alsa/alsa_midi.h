@@ -7,6 +7,7 @@
 // takes nothing for half a second; 11 a short message that is none; 1 anything else that the sequencer refuses.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include "midi/alsa/pace.h"
+#include "midi/alsa/pieces.h"
 #include "midi/alsa/thru_guard.h"
 #include "midi/device_service.h"
 
@@ -38,6 +40,10 @@ class AlsaMidi : public DeviceService {
 
   // Told of messages of more than kPieceBytes, on the thread that called midiOutLongMsg, once a piece and at the end.
   void SetProgress(MidiProgress progress) override { progress_ = std::move(progress); }
+
+  // Asked before every piece of a long message, from the thread that sends it: true breaks the message off, which is a
+  // failure.
+  void SetStop(std::function<bool()> stop) { stop_ = std::move(stop); }
 
  protected:
   const std::vector<std::string>& Devices(MidiDirection direction) const override;
@@ -88,6 +94,7 @@ class AlsaMidi : public DeviceService {
   std::map<MidiHandle, std::unique_ptr<ThruGuard>> guards_;  // by input
   int bytes_per_second_ = kCableBytesPerSecond;
   MidiProgress progress_;
+  std::function<bool()> stop_;
 };
 
 }  // namespace zentaline

@@ -113,7 +113,7 @@ TEST_F(Notebook, AWriteThatFailsKeepsItOpenAndTheFileAsItWas) {
   desk_.program.disk.Fail("write", "ENOSPC");
   Close();
   EXPECT_TRUE(Open());
-  EXPECT_THAT(Told(), ElementsAre(ShownBox{48, kTitle, "Disk reading error"}));
+  EXPECT_THAT(Told(), ElementsAre(ShownBox{48, kTitle, "Disk full"}));
   EXPECT_EQ(File(), "old");
   EXPECT_EQ(Box().text(), "new");
   Close();

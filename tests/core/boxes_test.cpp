@@ -204,7 +204,7 @@ TEST(FileErrors, EachErrorOfTheDiskHasItsText) {
       {DiskResult::kIsFolder, "Read only file"},
       {DiskResult::kPathAbsent, "Path not found"},
       {DiskResult::kInputOutput, "Error I/O device"},
-      {DiskResult::kFull, "Disk reading error"},
+      {DiskResult::kFull, "Disk full"},
       {DiskResult::kTooLarge, "Disk reading error"},
       {DiskResult::kTooManyFiles, "Disk reading error"},
       {DiskResult::kAbsent, "Disk reading error"},

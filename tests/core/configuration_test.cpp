@@ -417,8 +417,8 @@ TEST_F(Configuration, AFolderOfItsNameEndsTheProgramAndStays) {
 
 TEST_F(Configuration, AFirstStartThatCannotWriteShowsTheErrorAndEnds) {
   const std::pair<const char*, const char*> errors[] = {
-      {"ENOSPC", "Disk reading error"}, {"EACCES", "Read only file"}, {"EROFS", "Read only file"},
-      {"EIO", "Error I/O device"},      {"ENOENT", "Path not found"},
+      {"ENOSPC", "Disk full"},     {"EACCES", "Read only file"}, {"EROFS", "Read only file"},
+      {"EIO", "Error I/O device"}, {"ENOENT", "Path not found"},
   };
   for (const auto& [error, text] : errors) {
     TestProgram program(folder);
@@ -433,7 +433,7 @@ TEST_F(Configuration, AFirstStartThatCannotWriteShowsTheErrorAndEnds) {
 TEST_F(Configuration, AnErrorAtTheEndIsShownAndTheOldFileStaysWhole) {
   const std::string before = ConfigFile::English().bytes;
   const std::pair<const char*, const char*> errors[] = {
-      {"ENOSPC", "Disk reading error"}, {"EACCES", "Read only file"}, {"EIO", "Error I/O device"}};
+      {"ENOSPC", "Disk full"}, {"EACCES", "Read only file"}, {"EIO", "Error I/O device"}};
   for (const char* operation : {"read", "write"}) {
     for (const auto& [error, text] : errors) {
       folder.Put(kIni, before);

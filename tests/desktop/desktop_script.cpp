@@ -30,8 +30,8 @@ int main(int count, char** arguments) {
   const QApplication application(qt_count, arguments);
   QApplication::setQuitOnLastWindowClosed(false);
   const zentaline::ConsoleParts parts{
-      [](ScriptedDesktop::Clock clock, zentaline::ConsoleParts::Sink sink, zentaline::ui::Handler before_sleep) {
-        return std::make_unique<ScriptedDesktop>(clock, std::move(sink), std::move(before_sleep));
+      [](ScriptedDesktop::Clock clock, zentaline::ConsoleParts::Sink sink, ScriptedDesktop::Rest rest) {
+        return std::make_unique<ScriptedDesktop>(clock, std::move(sink), std::move(rest));
       },
       [](zentaline::ui::ConsoleToolkit& toolkit) {
         return std::make_unique<QtDriver>(static_cast<ScriptedDesktop&>(toolkit));

@@ -23,8 +23,8 @@ class ScriptedDesktop::BothViews : public FormView {
   FormWindow& shown_;
 };
 
-ScriptedDesktop::ScriptedDesktop(Clock clock, std::function<void(const std::string&)> sink, Handler before_sleep)
-    : ConsoleToolkit(clock, std::move(sink), std::move(before_sleep)) {
+ScriptedDesktop::ScriptedDesktop(Clock clock, std::function<void(const std::string&)> sink, Rest rest)
+    : ConsoleToolkit(clock, std::move(sink), std::move(rest)) {
   windows_.tells_places = false;
 }
 

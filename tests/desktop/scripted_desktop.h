@@ -12,7 +12,7 @@ namespace zentaline::ui::qt {
 
 class ScriptedDesktop : public ConsoleToolkit {
  public:
-  ScriptedDesktop(Clock clock, std::function<void(const std::string&)> sink, Handler before_sleep);
+  ScriptedDesktop(Clock clock, std::function<void(const std::string&)> sink, Rest rest);
   ~ScriptedDesktop() override;
 
   Windows& windows() { return windows_; }

@@ -422,8 +422,7 @@ TEST_F(Importing, AFullDiskLeavesNoHalfFileAndTheBoxSaysWhich) {
     for (int n = 1; n <= 3; ++n) desk_.Put("Song-" + std::to_string(n) + ".sty", "old");
     desk_.program.disk.Fail("write", "ENOSPC", 1, failing - 1);
     const std::string name = "Song-" + std::to_string(failing) + ".sty";
-    EXPECT_THAT(Import("mnuImportaStyi30", "Song.sty", 2),
-                ElementsAre(ShownBox{48, "Opening " + name, "Disk reading error"}));
+    EXPECT_THAT(Import("mnuImportaStyi30", "Song.sty", 2), ElementsAre(ShownBox{48, "Opening " + name, "Disk full"}));
     for (int n = 1; n <= 3; ++n) {
       const std::string part = desk_.folder.Get("Song-" + std::to_string(n) + ".sty");
       EXPECT_EQ(part, n < failing ? StyPart(n - 1) : "old") << failing << " " << n;

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <thread>
@@ -35,7 +36,7 @@ class Pipe {
 std::vector<std::string> AllLines(LineReader& reader) {
   std::vector<std::string> lines;
   std::string line;
-  while (reader.Read(line, {}, {})) lines.push_back(line);
+  while (reader.Read(line, {})) lines.push_back(line);
   return lines;
 }
 
@@ -52,8 +53,8 @@ TEST(LineReader, GivesNothingForNoInput) {
   pipe.CloseIn();
   LineReader reader(pipe.out(), 100);
   std::string line;
-  EXPECT_FALSE(reader.Read(line, {}, {}));
-  EXPECT_FALSE(reader.Read(line, {}, {}));
+  EXPECT_FALSE(reader.Read(line, {}));
+  EXPECT_FALSE(reader.Read(line, {}));
 }
 
 TEST(LineReader, CutsALineThatIsTooLongAndGoesOnBehindIt) {
@@ -76,11 +77,13 @@ TEST(LineReader, DoesNotWaitForTheEndOfALineThatIsTooLong) {
   std::string line;
   int waits = 0;
   const auto waiting = [&] {
-    if (++waits > 1) pipe.CloseIn();
+    if (++waits > 2) pipe.CloseIn();
+    return true;
   };
-  ASSERT_TRUE(reader.Read(line, {}, waiting));
+  ASSERT_TRUE(reader.Read(line, {}, {-1, waiting}));
   EXPECT_EQ(line, std::string(51, 'x'));
-  ASSERT_EQ(waits, 1) << "it waited for more than the 51 bytes that were there";
+  // Once before it has looked at what there is, and once behind it.
+  ASSERT_EQ(waits, 2) << "it waited for more than the 51 bytes that were there";
   pipe.Write("yy\nnext");
   pipe.CloseIn();
   EXPECT_THAT(AllLines(reader), ElementsAre("next"));
@@ -94,7 +97,7 @@ TEST(LineReader, TakesALineOfExactlyTheLongestLengthWhole) {
   EXPECT_THAT(AllLines(reader), ElementsAre(std::string(50, 'x'), std::string(51, 'y'), std::string(51, 'z')));
 }
 
-TEST(LineReader, CallsTheIdlerWhileItWaitsAndTellsBeforeItBlocks) {
+TEST(LineReader, CallsTheIdlerWhileItWaitsAndLooksBeforeItBlocks) {
   Pipe pipe;
   LineReader reader(pipe.out(), 100);
   std::string line;
@@ -104,7 +107,11 @@ TEST(LineReader, CallsTheIdlerWhileItWaitsAndTellsBeforeItBlocks) {
     if (++idled == 3) pipe.Write("now\n");
     return 1;
   };
-  EXPECT_TRUE(reader.Read(line, idle, [&] { ++blocked; }));
+  const auto look = [&] {
+    ++blocked;
+    return true;
+  };
+  EXPECT_TRUE(reader.Read(line, idle, {-1, look}));
   EXPECT_EQ(line, "now");
   EXPECT_GE(idled, 3);
   EXPECT_GE(blocked, 3);
@@ -119,24 +126,44 @@ TEST(LineReader, AnIdlerMayReadLinesItself) {
   bool once = false;
   const auto idle = [&] {
     if (!std::exchange(once, true)) {
-      EXPECT_TRUE(reader.Read(inner, {}, {}));
+      EXPECT_TRUE(reader.Read(inner, {}));
     }
     return -1;
   };
-  EXPECT_TRUE(reader.Read(line, idle, {}));
+  EXPECT_TRUE(reader.Read(line, idle));
   EXPECT_EQ(inner, "for the idler");
   EXPECT_EQ(line, "for the reader");
 }
 
-TEST(LineWriter, WritesWholeLinesWhenItIsFlushed) {
+TEST(LineWriter, WritesEachLineAtOnce) {
   Pipe pipe;
   LineWriter writer(pipe.in());
-  writer.Write("a");
-  writer.Write("b c");
-  writer.Flush();
-  pipe.CloseIn();
   LineReader reader(pipe.out(), 100);
-  EXPECT_THAT(AllLines(reader), ElementsAre("a", "b c"));
+  std::string line;
+  writer.Write("a");
+  EXPECT_TRUE(reader.Read(line, {}));
+  EXPECT_EQ(line, "a");
+  writer.Write("b c");
+  EXPECT_TRUE(reader.Read(line, {}));
+  EXPECT_EQ(line, "b c");
+}
+
+TEST(LineReader, AnotherDescriptorEndsTheWait) {
+  Pipe pipe;
+  Pipe other;
+  bool come = false;
+  LineReader reader(pipe.out(), 100);
+  std::thread later([&] { other.Write("x"); });
+  std::string line = "untouched";
+  const auto look = [&] {
+    pollfd waits = {other.out(), POLLIN, 0};
+    come = ::poll(&waits, 1, 0) > 0;
+    return !come;
+  };
+  EXPECT_FALSE(reader.Read(line, {}, {other.out(), look}));
+  EXPECT_TRUE(come);
+  EXPECT_EQ(line, "untouched");
+  later.join();
 }
 
 }  // namespace

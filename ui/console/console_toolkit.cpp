@@ -48,9 +48,9 @@ class ConsoleToolkit::View : public FormView {
   Form& form_;
 };
 
-ConsoleToolkit::ConsoleToolkit(Clock clock, std::function<void(const std::string&)> sink, Handler before_sleep)
+ConsoleToolkit::ConsoleToolkit(Clock clock, std::function<void(const std::string&)> sink, Rest rest)
     : clock_(clock),
-      before_sleep_(std::move(before_sleep)),
+      rest_(std::move(rest)),
       began_(std::chrono::steady_clock::now()),
       transcript_(std::move(sink), [this] { return Now(); }) {}
 
@@ -76,20 +76,23 @@ void ConsoleToolkit::AdvanceVirtual(std::int64_t target) {
     if (!due || *due > target) break;
     now_ = std::max(now_, *due);
     FireDueTimer();
+    RestFor(0);
   }
   if (!main_closed_) now_ = std::max(now_, target);
 }
 
 void ConsoleToolkit::AdvanceReal(std::int64_t target) {
-  if (before_sleep_) before_sleep_();
   while (!main_closed_) {
     const int next = RunDueTimers();
     const std::int64_t left = target - Now();
     if (left <= 0 || main_closed_) return;
-    if (before_sleep_) before_sleep_();
-    std::this_thread::sleep_for(
-        std::chrono::milliseconds(std::min<std::int64_t>(left, next < 0 ? kLongestSleep : next)));
+    RestFor(std::min<std::int64_t>(left, next < 0 ? kLongestSleep : next));
   }
+}
+
+void ConsoleToolkit::RestFor(std::int64_t milliseconds) {
+  if (rest_) return rest_(static_cast<int>(milliseconds));
+  if (milliseconds > 0) std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
 void ConsoleToolkit::RunChain(const std::function<bool()>& running) {
@@ -98,8 +101,7 @@ void ConsoleToolkit::RunChain(const std::function<bool()>& running) {
     if (clock_ == Clock::kReal) {
       const int next = RunDueTimers();
       if (next < 0 || !running()) return;
-      if (before_sleep_) before_sleep_();
-      std::this_thread::sleep_for(std::chrono::milliseconds(next));
+      RestFor(next);
       continue;
     }
     Timer* const timer = timers().TakeFirst(of_main);

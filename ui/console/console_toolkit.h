@@ -23,8 +23,10 @@ class ConsoleToolkit : public Toolkit {
     kReal,
   };
 
-  // `sink` takes the lines of the transcript. `before_sleep` is called before the program waits in real time.
-  ConsoleToolkit(Clock clock, std::function<void(const std::string&)> sink, Handler before_sleep = {});
+  // `sink` takes the lines of the transcript. `rest` is called with milliseconds when the program waits in real time,
+  // and with 0 between two timers, so that something else can end the program there.
+  using Rest = std::function<void(int)>;
+  ConsoleToolkit(Clock clock, std::function<void(const std::string&)> sink, Rest rest = {});
   ~ConsoleToolkit() override;
 
   Transcript& transcript() { return transcript_; }
@@ -71,8 +73,10 @@ class ConsoleToolkit : public Toolkit {
   void AdvanceVirtual(std::int64_t target);
   void AdvanceReal(std::int64_t target);
 
+  void RestFor(std::int64_t milliseconds);
+
   Clock clock_;
-  Handler before_sleep_;
+  Rest rest_;
   std::chrono::steady_clock::time_point began_;
   std::int64_t now_ = 0;  // of the virtual clock
   Transcript transcript_;

@@ -16,20 +16,14 @@ constexpr std::size_t kManyBytes = 1 << 16;
 }  // namespace
 
 void LineWriter::Write(const std::string& line) {
-  waiting_ += line;
-  waiting_ += '\n';
-  if (waiting_.size() >= kManyBytes) Flush();
-}
-
-// Output that nobody takes is dropped.
-void LineWriter::Flush() {
+  const std::string whole = line + '\n';
   std::size_t written = 0;
-  while (written < waiting_.size()) {
-    const ssize_t count = ::write(descriptor_, waiting_.data() + written, waiting_.size() - written);
+  // Output that nobody takes is dropped.
+  while (written < whole.size()) {
+    const ssize_t count = ::write(descriptor_, whole.data() + written, whole.size() - written);
     if (count < 0 && errno != EINTR) break;
     if (count > 0) written += static_cast<std::size_t>(count);
   }
-  waiting_.clear();
 }
 
 bool LineReader::TakeLine(std::string& line) {
@@ -69,15 +63,15 @@ void LineReader::Fill() {
   buffer_.append(block.data(), static_cast<std::size_t>(count));
 }
 
-bool LineReader::Read(std::string& line, const Idle& idle, const std::function<void()>& before_wait) {
+bool LineReader::Read(std::string& line, const Idle& idle, const Other& other) {
   for (;;) {
+    if (other.look && !other.look()) return false;
     const int next = idle ? idle() : -1;
     if (TakeLine(line)) return true;
     if (at_end_) return false;
-    if (before_wait) before_wait();
-    pollfd waits = {descriptor_, POLLIN, 0};
-    const int ready = ::poll(&waits, 1, next);
-    if (ready > 0) Fill();
+    pollfd waits[] = {{descriptor_, POLLIN, 0}, {other.descriptor, POLLIN, 0}};
+    const int ready = ::poll(waits, 2, next);
+    if (ready > 0 && waits[0].revents != 0) Fill();
     if (ready < 0 && errno != EINTR) at_end_ = true;
   }
 }

@@ -6,16 +6,14 @@
 
 namespace zentaline::ui {
 
-// Whole lines to a file descriptor; they leave when there are many of them, or by Flush.
+// Lines to a file descriptor, each at once, so that another program can answer it.
 class LineWriter {
  public:
   explicit LineWriter(int descriptor) : descriptor_(descriptor) {}
   void Write(const std::string& line);
-  void Flush();
 
  private:
   int descriptor_;
-  std::string waiting_;
 };
 
 // Lines from a file descriptor.
@@ -24,14 +22,21 @@ class LineReader {
   // Before a wait for input: gives the milliseconds after which it wants to be called again, -1 for never. It may read
   // lines itself.
   using Idle = std::function<int()>;
+  // What else can end the wait: when the descriptor can be read, and before every line, `look` is called, which gives
+  // false when nothing more is to be read.
+  struct Other {
+    int descriptor = -1;
+    std::function<bool()> look = {};
+  };
 
   // `longest` in bytes: of a longer line one byte more than that is given, without waiting for its end, which may never
   // come; the rest of it is dropped.
   LineReader(int descriptor, std::size_t longest) : descriptor_(descriptor), longest_(longest) {}
 
-  // The next line without its line end; false at the end. A last line needs no line end. `before_wait` is called before
-  // the program blocks; without `idle` nothing else happens meanwhile.
-  bool Read(std::string& line, const Idle& idle, const std::function<void()>& before_wait);
+  // The next line without its line end; false at the end. A last line needs no line end. Without `idle` nothing else
+  // happens meanwhile.
+  bool Read(std::string& line, const Idle& idle, const Other& other);
+  bool Read(std::string& line, const Idle& idle) { return Read(line, idle, Other()); }
 
  private:
   bool TakeLine(std::string& line);

@@ -29,22 +29,40 @@ QString NameFilter(const FileFilter& filter) {
   return text + QStringLiteral(" (") + patterns + u')';
 }
 
-// Asks before a file is replaced, in the program's language.
+// Asks before files are replaced or removed, in the program's language.
 class FileDialog : public QFileDialog {
  public:
-  FileDialog(QWidget* parent, const Words& words) : QFileDialog(parent), words_(words) {}
+  FileDialog(QWidget* parent, const Words& words, const FileDialogRequest& request)
+      : QFileDialog(parent), words_(words), request_(request) {}
 
   void accept() override {
     const QStringList files = selectedFiles();
-    if (acceptMode() == AcceptSave && !files.isEmpty() && QFileInfo(files.front()).isFile()) {
-      const QString text = ToQt(words_.overwrite).arg(QFileInfo(files.front()).fileName());
-      if (RunBox(this, words_, BoxStyle::kYesNo, words_.overwrite_title, FromQt(text)) != BoxAnswer::kYes) return;
+    if (acceptMode() == AcceptSave && !files.isEmpty()) {
+      const QFileInfo file(files.front());
+      if (file.isFile() && !Agreed(ToQt(words_.overwrite).arg(file.fileName()))) return;
+      const QStringList others = AlsoTouched(files.front());
+      if (!others.isEmpty() && !Agreed(ToQt(words_.also_touched).arg(others.join(u'\n')))) return;
     }
     QFileDialog::accept();
   }
 
  private:
+  bool Agreed(const QString& text) {
+    return RunBox(this, words_, BoxStyle::kYesNo, words_.overwrite_title, FromQt(text)) == BoxAnswer::kYes;
+  }
+
+  QStringList AlsoTouched(const QString& file) const {
+    QStringList names;
+    if (!request_.also_touched) return names;
+    const int filter = static_cast<int>(nameFilters().indexOf(selectedNameFilter())) + 1;
+    for (const std::string& name : request_.also_touched(QFile::encodeName(file).toStdString(), filter)) {
+      names.append(QFile::decodeName(name.c_str()));
+    }
+    return names;
+  }
+
   const Words& words_;
+  const FileDialogRequest& request_;
 };
 
 // A question with Yes and No alone can't be put away: Escape and the frame's button do nothing.
@@ -107,7 +125,7 @@ BoxAnswer RunBox(QWidget* parent, const Words& words, BoxStyle style, const std:
 }
 
 FileDialogAnswer RunFileDialog(QWidget* parent, const Words& words, const FileDialogRequest& request) {
-  FileDialog dialog(parent, words);
+  FileDialog dialog(parent, words, request);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setOption(QFileDialog::HideNameFilterDetails, false);

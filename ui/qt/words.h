@@ -18,8 +18,9 @@ struct Words {
   std::string files_of_type;
   std::string read_only;
   std::string overwrite_title;
-  std::string overwrite;  // %1 is the file's name
-  std::string progress;   // %1 bytes gone, %2 bytes in all, %3 seconds left
+  std::string overwrite;     // %1 is the file's name
+  std::string also_touched;  // %1 are names of files, a line each
+  std::string progress;      // %1 bytes gone, %2 bytes in all, %3 seconds left
   std::string progress_tool_tip;
   // Of a document that is shown before it is printed.
   std::string print_preview;

@@ -41,6 +41,9 @@ class ScriptEngine : public ScriptQuestions {
   ScriptEngine(ScriptHost& host, ScriptDriver& driver, Transcript& transcript)
       : host_(host), driver_(driver), transcript_(transcript) {}
 
+  // Whether a question is open that a line of the script answers.
+  bool Asks() const { return situation_ != Situation::kIdle; }
+
   // Carries out the script to its end or its first failure and returns the status.
   int Run();
 
