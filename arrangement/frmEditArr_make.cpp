@@ -15,11 +15,15 @@ namespace zentaline {
 frmEditArr::frmEditArr(Application& app)
     : ChildWindow(app, "frmEditArr", {}), rows_(*this, *this, app.edits, kArrRecordUnderEdit) {
   Label[0].SetCaption("Arrangement");
+  Text1[kStyleBox].SetSaid("Style");
   Frame1.SetCaption("Effects 1,2, On/Off");
   Frame2.SetCaption("Switches");
   Frame5.SetCaption("Ensemble");
   for (int part = 0; part < kArrPartCount; ++part) {
-    PartFrame(part).SetCaption(std::string(PartName(part)));
+    const std::string name(PartName(part));
+    PartFrame(part).SetCaption(name);
+    Text1[kFirstPartBox + 2 * part].SetSaid("Program, " + name);
+    Text1[kFirstPartBox + 2 * part + 1].SetSaid("Program number, " + name);
   }
   MakeRows();
   ConnectButtons();

@@ -70,10 +70,17 @@ frmEditArr* Editor(const Application& app) {
 
 void frmEditArr::ConnectButtons() {
   for (int effect = 0; effect < 2; ++effect) {
+    EffComm[effect].SetSaid("Effect " + std::to_string(effect + 1));
+    EffComm[effect].SetOn(true);
     EffComm[effect].SetCaption(kEffectOn);
     EffComm[effect].on_click = [this, effect] { PressEffectSwitch(effect); };
   }
   for (int part = 0; part < kArrPartCount; ++part) {
+    const std::string of_part = ", " + std::string(PartName(part));
+    CommM[part].SetSaid("Mute" + of_part);
+    CommM[part].SetOn(false);
+    CommS[part].SetSaid("Solo" + of_part);
+    CommS[part].SetOn(false);
     CommM[part].SetCaption("M");
     CommM[part].SetBackColour(kRestColour);
     CommM[part].on_click = [this, part] { PressMute(part); };
@@ -87,17 +94,20 @@ void frmEditArr::PressEffectSwitch(int effect) {
   ClearNameHighlight();
   app().arrangement.ArrSignFlag = 0;
   const bool on = EffComm[effect].caption() != kEffectOn;
+  EffComm[effect].SetOn(on);
   EffComm[effect].SetCaption(on ? kEffectOn : kEffectOff);
   SendArrParam(app(), 0, kEffectSwitchIds[effect], on ? 1 : 0, app().arrangement.ArrSignFlag);
 }
 
 void frmEditArr::SetMuted(int part, bool muted) {
   app().arrangement.PartMuted[static_cast<std::size_t>(part)] = muted;
+  CommM[part].SetOn(muted);
   CommM[part].SetBackColour(muted ? kMuteColour : kRestColour);
 }
 
 void frmEditArr::SetSoloed(int part, bool soloed) {
   app().arrangement.PartSoloed[static_cast<std::size_t>(part)] = soloed;
+  CommS[part].SetOn(soloed);
   CommS[part].SetBackColour(soloed ? kSoloColour : kRestColour);
 }
 

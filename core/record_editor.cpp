@@ -57,6 +57,7 @@ std::string RecordEditorHost::ValueText(const EditorControl& control, int shown)
 
 EditorControl& RecordEditor::Bind(EditorControl bound, bool named) {
   EditorControl& kept = controls_.emplace_back(bound);
+  SayWhat(kept);
   of_.emplace(kept.control, &kept);
   const bool names_itself = kept.control->kind() == ui::ControlKind::kCheckBox;
   if (named && !names_itself && kept.name == nullptr) {
@@ -66,6 +67,12 @@ EditorControl& RecordEditor::Bind(EditorControl bound, bool named) {
   if (kept.name != nullptr) kept.name->SetCaption(std::string(kept.field().name));
   SetUp(kept);
   return kept;
+}
+
+void RecordEditor::SayWhat(const EditorControl& bound) {
+  std::string said(bound.field().name);
+  if (!bound.owner.empty()) said.append(", ").append(bound.owner);
+  bound.control->SetSaid(std::move(said));
 }
 
 void RecordEditor::SetUp(EditorControl& bound) {
@@ -107,6 +114,7 @@ void RecordEditor::SetUp(EditorControl& bound) {
 
 void RecordEditor::Rebind(EditorControl& bound, const EditorRow& row, bool visible) {
   bound.row = &row;
+  SayWhat(bound);
   const Field& field = *row.field;
   if (bound.control->kind() == ui::ControlKind::kScrollBar) {
     auto& bar = static_cast<ui::ScrollBar&>(*bound.control);

@@ -140,6 +140,8 @@ class RecordEditor {
 
  private:
   void SetUp(EditorControl& bound);
+  // "Volume, UPPER1" for who doesn't see where it stands.
+  static void SayWhat(const EditorControl& bound);
   void Show(EditorControl& bound, bool raises);
   void NotePositions();
   void AddIfChanged(std::vector<EditorControl*>& changed, EditorControl& bound, std::string_view before) const;

@@ -47,6 +47,12 @@ void Control::SetToolTip(std::string tool_tip) {
   Changed(Change::kToolTip);
 }
 
+void Control::SetSaid(std::string said) {
+  if (said == said_) return;
+  said_ = std::move(said);
+  Changed(Change::kSaid);
+}
+
 void Control::SetBackColour(std::optional<Colour> colour) {
   if (std::exchange(back_colour_, colour) != colour) Changed(Change::kColours);
 }

@@ -46,7 +46,8 @@ enum class Change {
   kTopLine,
   kFocus,
   kDrawing,
-  kTyped
+  kTyped,
+  kSaid
 };
 
 // The widget of one control. It attaches itself with Control::view and must take itself off before it dies.
@@ -85,6 +86,9 @@ class Control {
 
   const std::string& tool_tip() const { return tool_tip_; }
   void SetToolTip(std::string tool_tip);
+  // What a screen reader calls it, where neither its caption nor the label before it says what it is and of whom.
+  const std::string& said() const { return said_; }
+  void SetSaid(std::string said);
   // None is the desktop's own colour.
   std::optional<Colour> back_colour() const { return back_colour_; }
   std::optional<Colour> fore_colour() const { return fore_colour_; }
@@ -135,6 +139,7 @@ class Control {
   bool enabled_ = true;
   bool visible_ = true;
   std::string tool_tip_;
+  std::string said_;
   std::optional<Colour> back_colour_;
   std::optional<Colour> fore_colour_;
   Font font_;

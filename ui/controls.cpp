@@ -96,6 +96,12 @@ void Captioned::SetCaption(std::string caption) {
   Changed(Change::kText);
 }
 
+void Button::SetOn(bool on) {
+  if (on_ == on) return;
+  on_ = on;
+  Changed(Change::kChecked);
+}
+
 void Button::Press() {
   Call(on_click);
 }

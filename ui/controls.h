@@ -32,9 +32,15 @@ class Button : public Captioned {
   Button(Form& form, std::string name, int index = -1)
       : Captioned(form, ControlKind::kButton, std::move(name), index) {}
   Handler on_click;
+  // Of one that switches something: whether that is on. Nothing for others.
+  std::optional<bool> on() const { return on_; }
+  void SetOn(bool on);
   void Press();  // by another handler: asks nothing
   bool UserPress();
   void DefaultKey(const Key& key) override;
+
+ private:
+  std::optional<bool> on_;
 };
 
 class Label : public Captioned {

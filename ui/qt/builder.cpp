@@ -1,5 +1,6 @@
 #include "ui/qt/builder.h"
 
+#include <QAbstractButton>
 #include <QBoxLayout>
 #include <QFrame>
 #include <QGridLayout>
@@ -19,6 +20,7 @@
 #include "ui/qt/places.h"
 #include "ui/qt/simple_views.h"
 #include "ui/qt/text_views.h"
+#include "ui/spoken.h"
 #include "ui/toolkit.h"
 
 namespace zentaline::ui::qt {
@@ -67,6 +69,7 @@ class Builder {
     Add(*box, whole, 1);
     GiveLetters();
     for (View* view : built_.views) view->ShowAll();
+    GiveNames();
     // Asked for their size only now that they show all they have.
     for (const auto& [area, content] : scrolled_) {
       area->setWidget(content);
@@ -88,6 +91,18 @@ class Builder {
     for (View* view : built_.views) {
       const auto found = letters.find(view->control());
       if (found != letters.end()) view->SetLetter(found->second);
+    }
+  }
+
+  // What bears its own name as its caption goes by that, also when it changes.
+  void GiveNames() {
+    const SpokenNames names = SpokenNamesOf(form_);
+    for (View* view : built_.views) {
+      const auto found = names.find(view->control());
+      if (found == names.end()) continue;
+      const auto* button = qobject_cast<const QAbstractButton*>(view->widget());
+      const bool is_caption = button != nullptr && FromQt(button->text().remove(u'&')) == found->second;
+      if (!is_caption) view->SetSpoken(found->second);
     }
   }
 

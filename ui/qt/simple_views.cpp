@@ -39,8 +39,11 @@ class ButtonView : public View {
 
  protected:
   void Refresh(Change change) override {
-    if (change != Change::kText) return;
-    widget_->setText(WithMnemonic(button_.caption(), button_.literal));
+    if (change == Change::kText) widget_->setText(WithMnemonic(button_.caption(), button_.literal));
+    if (change == Change::kChecked && button_.on()) {
+      widget_->setCheckable(true);
+      widget_->setChecked(*button_.on());
+    }
   }
   bool KeyDoes(const Key& key, const QKeyEvent& event) override {
     if (key.name != Key::kEnter || event.isAutoRepeat()) return key.name == Key::kEnter;

@@ -88,6 +88,10 @@ void View::ShowAll() {
   if (!control_->visible()) widget_->setVisible(false);
 }
 
+void View::SetSpoken(const std::string& name) {
+  widget_->setAccessibleName(ToQt(name));
+}
+
 void View::ShowCommon(Change change) {
   switch (change) {
     case Change::kEnabled:
@@ -104,6 +108,9 @@ void View::ShowCommon(Change change) {
       break;
     case Change::kToolTip:
       widget_->setToolTip(ToToolTip(control_->tool_tip()));
+      break;
+    case Change::kSaid:
+      SetSpoken(control_->said());
       break;
     case Change::kFocus:
       if (!control_->HasFocus() || field()->hasFocus()) break;
