@@ -105,6 +105,7 @@ HostResult ConsoleHost::FailDisk(const std::string& operation, const std::string
 }
 
 void ConsoleHost::Start() {
+  if (options_.journal) app_.KeepJournal();
   if (app_.Start()) {
     toolkit_->RunChain([this] { return app_.Starting(); });
   } else {

@@ -20,7 +20,8 @@ ConsoleOptions ReadConsoleOptions(const std::vector<std::string>& arguments) {
   };
   own.flag = [&](const std::string& name) {
     options.real_time = options.real_time || name == "--realtime";
-    return name == "--realtime";
+    options.journal = options.journal || name == "--journal";
+    return name == "--realtime" || name == "--journal";
   };
   ReadOptions(arguments, own, options);
   if (options.midi == Midi::kAlsa) options.real_time = true;

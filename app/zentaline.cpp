@@ -119,6 +119,7 @@ int main(int count, char** arguments) {
       });
     }
   });
+  program.KeepJournal();
   if (!program.Start()) return 0;
   if (program.main != nullptr) program.main->OpenWhenReady(options.files);
   return toolkit.Run();

@@ -43,6 +43,7 @@ class FaultyDisk::Growing : public GrowingFile {
     return file_->Append(bytes);
   }
   DiskResult Flush() override { return file_->Flush(); }
+  DiskResult Content(Bytes& content) override { return file_->Content(content); }
   DiskResult Replace(const Bytes& content) override {
     if (const int error = Due(disk_.journal_)) return DiskResultFromErrno(error);
     return file_->Replace(content);

@@ -21,6 +21,8 @@ class GrowingFile {
   virtual DiskResult Append(std::string_view bytes) = 0;
   // Waits until all that was appended is on the disk.
   virtual DiskResult Flush() = 0;
+  // All that it holds by now.
+  virtual DiskResult Content(Bytes& content) = 0;
   // Puts this content in the place of the whole; whoever looks finds one or the other.
   virtual DiskResult Replace(const Bytes& content) = 0;
   // Removes the file, or gives it another name in its folder: NAME.old, or the first such name with a number, from 2,

@@ -130,7 +130,7 @@ int MakeTemporary(int folder, mode_t mode, std::string& name) {
                   static_cast<unsigned long>(now.tv_nsec));
     name = text;
     const int file =
-        Retry([&] { return openat(folder, text, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode); });
+        Retry([&] { return openat(folder, text, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode); });
     if (file >= 0 || errno != EEXIST) return file;
   }
   return -1;

@@ -17,6 +17,7 @@ namespace zentaline {
 namespace {
 
 constexpr int kMostNames = 1000;
+constexpr std::size_t kMostContent = std::size_t{1} << 30;  // in bytes
 
 // What comes within it reaches the disk together.
 constexpr auto kFlushAfter = std::chrono::milliseconds(300);
@@ -127,6 +128,14 @@ DiskResult PosixGrowingFile::Flush() {
   dirty_ = false;
   if (failed_ == 0 && Retry([&] { return fdatasync(file_.Number()); }) != 0 && errno == EIO) failed_ = errno;
   return DiskResultFromErrno(failed_);
+}
+
+DiskResult PosixGrowingFile::Content(Bytes& content) {
+  content.clear();
+  const std::lock_guard lock(mutex_);
+  struct stat info {};
+  if (fstat(file_.Number(), &info) != 0 || lseek(file_.Number(), 0, SEEK_SET) != 0) return DiskResultFromErrno(errno);
+  return DiskResultFromErrno(ReadAll(file_.Number(), static_cast<std::size_t>(info.st_size), kMostContent, content));
 }
 
 DiskResult PosixGrowingFile::Replace(const Bytes& content) {

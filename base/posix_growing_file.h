@@ -27,6 +27,7 @@ class PosixGrowingFile : public GrowingFile {
   const std::string& path() const override { return path_; }
   DiskResult Append(std::string_view bytes) override;
   DiskResult Flush() override;
+  DiskResult Content(Bytes& content) override;
   DiskResult Replace(const Bytes& content) override;
   DiskResult Discard() override;
   DiskResult PutAway(std::string& kept) override;

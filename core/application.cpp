@@ -6,6 +6,7 @@
 #include "core/boxes.h"
 #include "core/configuration.h"
 #include "core/frmMain.h"
+#include "core/journal.h"
 #include "data/texts.h"
 #include "files/paths.h"
 #include "midi/api.h"
@@ -24,11 +25,20 @@ Application::Application(ui::Toolkit& the_toolkit, MidiService& the_service, Dis
   core.NotebookFile = JoinPath(directory, "Zentaline-Notebook.txt");
   core.MultisampleFile = JoinPath(directory, "i40Multisample");
   core.DatabaseDir = JoinPath(directory, "i40DBArr");
-  toolkit.on_event_end = [this] { undo.EventEnded(); };
+  toolkit.on_event_end = [this] {
+    undo.EventEnded();
+    if (journal != nullptr) journal->EventEnded();
+  };
 }
 
 Application::~Application() {
   toolkit.on_event_end = nullptr;
+  edits.SetListener(nullptr);
+}
+
+void Application::KeepJournal() {
+  journal = std::make_unique<Journal>(*this);
+  edits.SetListener(journal.get());
 }
 
 bool Application::Start() {

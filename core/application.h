@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <string>
 
 #include "aids/state.h"
@@ -21,6 +22,7 @@
 namespace zentaline {
 
 class ChildWindow;
+class Journal;
 class MainWindow;
 
 struct Application {
@@ -33,6 +35,8 @@ struct Application {
   // Reads the configuration, opens the ports and shows the main window. False when the program ends here, because the
   // language window was cancelled or the configuration can't be read.
   bool Start();
+  // Before the start: a journal is kept, and what earlier ones left is offered.
+  void KeepJournal();
   // What the program does at its end, however that comes: the ports are closed and the configuration is written.
   void End();
   // The end of a session in which nobody can be asked; the program is to end at once then. What the notebook holds is
@@ -58,6 +62,8 @@ struct Application {
 
   Edits edits{*this};  // what can be saved changes through it
   Undo undo{*this};    // and is taken back by it
+
+  std::unique_ptr<Journal> journal;  // of what isn't saved yet; null where none is kept
 
   bool reopening_chain = false;  // the timers that bring windows back are running
 

@@ -189,6 +189,8 @@ class Edits {
 
   // One listener at most, null for none; core/edit_listener.h says what it is told and when.
   void SetListener(EditListener* listener) { listener_ = listener; }
+  // The newest entry doesn't grow any more: what comes next is an action of its own, also in the same event.
+  void EndAction();
   // The outermost event, or a timer's handler, has ended.
   void EventEnded();
 

@@ -212,6 +212,10 @@ void Edits::Tell() {
   if (growing_->kind == EditAction::Kind::kUser) listener_->Noted(*growing_);
 }
 
+void Edits::EndAction() {
+  Settle();
+}
+
 void Edits::EventEnded() {
   if (!set_.empty()) {
     if (!bytes_changed_) {

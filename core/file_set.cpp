@@ -95,6 +95,13 @@ FileSet::Saved FileSet::Save(Application& app) {
   return {result.written, false};
 }
 
+bool FileSet::Stands() const {
+  return std::all_of(writes_.begin(), writes_.end(), [this](const File& file) {
+    FileMark mark;
+    return disk_.Look(file.path, mark) == DiskResult::kOk && mark == MarkOf(file.content);
+  });
+}
+
 std::vector<std::string> FileSet::Touched() const {
   std::vector<std::string> names;
   const auto add = [&](const std::string& path) {

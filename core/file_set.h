@@ -37,6 +37,9 @@ class FileSet {
   // failure is shown, under "Opening " and the file's name.
   Saved Save(Application& app);
 
+  // Whether the disk holds all that would be written.
+  bool Stands() const;
+
   // The names of what is there and would be replaced or removed, but for a main file that is what was asked for: its
   // very name, and no link.
   std::vector<std::string> Touched() const;

@@ -12,6 +12,8 @@
 #include "core/child_window.h"
 #include "core/configuration.h"
 #include "core/frmAbout.h"
+#include "core/journal.h"
+#include "core/journal_recovery.h"
 #include "core/window_image.h"
 #include "data/message_codes.h"
 #include "data/texts.h"
@@ -268,6 +270,9 @@ void frmMain::Unload() {
     if (form != this) form->CloseWithoutAsking();
   }
   toolkit().on_settled = nullptr;
+  // All was saved or given up.
+  if (app().journal != nullptr) app().journal->Discard();
+  RemoveOldJournals(app());
   app().main = nullptr;
 }
 

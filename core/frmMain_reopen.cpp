@@ -4,6 +4,7 @@
 
 #include "core/application.h"
 #include "core/frmMain.h"
+#include "core/journal_recovery.h"
 #include "core/window_image.h"
 #include "files/api.h"
 
@@ -128,6 +129,7 @@ void frmMain::ChainEnded() {
   ShowArrUEntry();
   ShowPrgUEntry();
   RefreshMenus();
+  OfferJournals(app());
   ChildrenChanged();
   OpenWhenReady(std::exchange(files_to_open_, {}));
 }

@@ -7,6 +7,10 @@ namespace zentaline {
 
 enum class MoreText {
   kChangedElsewhere,  // the first "_" is the file, the second the name that it is kept under
+  kJournalFailed,
+  kRecoverQuestion,  // the first "_" is how many changes, the second in how many files
+  kNotAllRecovered,  // "_" is the name of what keeps the rest
+  kRecovered,        // behind a file's name
 };
 
 // `language`: 1 Italian, 2 English.

@@ -14,6 +14,8 @@ class FileSet;
 // Reads the .gbl at `path`, which has its extension, into GblBuffer. 0 good, 1 the file system's error, 2 a wrong file
 // (both shown), 3 absent or empty.
 int ReadGlobalFile(Application& app, const std::string& path);
+// The same with a file that is in memory already.
+void TakeGlobalFile(Application& app, Bytes file);
 // The file in a window's image for saving, and what becomes of the image when it is written.
 void PutGblFiles(const Application& app, Bytes& image, FileSet& set);
 void GblFilesSaved(Bytes& image, bool whole);

@@ -25,6 +25,10 @@ int ReadGlobalFile(Application& app, const std::string& path) {
   return kGlobalWrong;
 }
 
+void TakeGlobalFile(Application& app, Bytes file) {
+  app.global.GblBuffer = std::move(file);
+}
+
 void PutGblFiles(const Application&, Bytes& image, FileSet& set) {
   set.Write(std::string(WindowPath(image)) + ".gbl", GlobalFileBytes(image));
 }
