@@ -107,7 +107,6 @@ void ShowAll(Application& app, ChildWindow& window) {
   for (int row = 0; row < kBankRows; ++row) shown.rows.push_back(row);
   shown.styles = true;
   window.ShowItems(shown);
-  window.ShowName();
   if (app.main != nullptr) app.main->RefreshMenus();
 }
 
@@ -125,6 +124,12 @@ void DoAgain(Application& app, ChildWindow& window, const Lost& lost, const Jour
   app.edits.EndAction();
 }
 
+bool IsChanged(const ChildWindow& window) {
+  constexpr std::size_t kChangedMarks[] = {kChangedPosition, kPrgChangedPosition, kStyChangedPosition};
+  return std::any_of(std::begin(kChangedMarks), std::end(kChangedMarks),
+                     [&](std::size_t mark) { return ByteAt(window.window_image(), mark) == 1; });
+}
+
 // Into the window of the file, which is opened where it isn't. False when that isn't the file of then any more.
 bool BringBackInto(Application& app, const FileKind& kind, const Lost& lost) {
   const JournalWindow& base = lost.left.base;
@@ -137,7 +142,7 @@ bool BringBackInto(Application& app, const FileKind& kind, const Lost& lost) {
     OpenInWindow(app, kind.kind, PathOnDisk(app.disk, base.path + "." + extension), false);
     window = WindowOf(app, kind, base.path);
   }
-  if (window == nullptr || window->ReadOnly() || window->CanSave()) return false;
+  if (window == nullptr || window->ReadOnly() || IsChanged(*window)) return false;
   // The rows as the window has marked them are none of the file's.
   Bytes reached = window->window_image();
   const JournalPlace place{JournalThing::kWindow, base.window};

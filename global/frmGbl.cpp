@@ -95,6 +95,10 @@ void frmGbl::ResetScale(int scale) {
   CommLoadGbl.Press();
 }
 
+void frmGbl::ShowItems(const ItemsShown&) {
+  FillGlobalWindow();
+}
+
 void frmGbl::ShowStep(const EditStep& step) {
   for (const EditShown& each : step.action.shown) rows_.ShowAgain(*each.control, step.Shown(each).number);
   ShowDamper();

@@ -47,6 +47,7 @@ class frmGbl : public ChildWindow, private RecordEditorHost {
   // Shows the block in all controls; nothing is sent.
   void FillGlobalWindow();
   // The block has gone a step back or forth; it goes out once.
+  void ShowItems(const ItemsShown&) override;
   void ShowStep(const EditStep& step) override;
 
   bool CanSave() const override { return true; }
