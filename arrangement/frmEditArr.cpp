@@ -235,7 +235,7 @@ void frmEditArr::TypeName() {
   Bytes name;
   if (!BytesFromUtf8(Text1[kNameBox].text(), name)) return;
   app().edits.Put(kArrRecordUnderEdit, arr_edit::kRecord, Padded(name, kArrNameLength), {"Name"});
-  app().edits.NoteShown(Text1[kNameBox], {0, name_shown_}, {0, Text1[kNameBox].text()});
+  app().edits.NoteShown(Text1[kNameBox], name_shown_, Text1[kNameBox].text());
   name_shown_ = Text1[kNameBox].text();
   ShowTitle();
   state.ArrNameChanged = true;

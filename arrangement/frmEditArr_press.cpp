@@ -207,7 +207,7 @@ void frmEditArr::PickProgram(const Bytes& image, int row) {
 }
 
 void frmEditArr::ShowPicked(ui::TextBox& box, const std::string& text) {
-  app().edits.NoteShown(box, {0, box.text()}, {0, text});
+  app().edits.NoteShown(box, box.text(), text);
   box.SetText(text);
 }
 
@@ -227,7 +227,7 @@ void frmEditArr::PickStyle(const Bytes& image, int row, const std::string& row_t
   ShowPicked(Text1[kStyleBox], Utf8FromBytes(TrimRight(name)));
   // By the style's number, not by the list's row with its gaps.
   const std::string shown = StyleText(source->first + place, source->location);
-  app().edits.NoteShown(Label[1], {0, Label[1].caption()}, {0, shown});
+  app().edits.NoteShown(Label[1], Label[1].caption(), shown);
   Label[1].SetCaption(shown);
   MarkChanged();
 }

@@ -23,7 +23,7 @@ frmEditArr* Editor(const Application& app) {
 }
 
 bool Differs(std::string_view a, std::string_view b, std::size_t position, std::size_t length) {
-  return Slice(a, position, length) != Slice(b, position, length);
+  return a.substr(position - 1, length) != b.substr(position - 1, length);
 }
 
 }  // namespace
@@ -38,9 +38,9 @@ void frmEditArr::ShowStep(const EditStep& step) {
   toolkit().Activate(*this);
   ShowMapOf(step.action);
   for (const EditShown& each : step.action.shown) {
-    const EditValue& value = step.Shown(each);
-    if (!rows_.ShowAgain(*each.control, value.number)) ShowAgain(*each.control, value, each.row);
+    if (!rows_.ShowAgain(*each.control, step.Shown(each))) ShowAgain(*each.control, step.Shown(each));
   }
+  for (const EditTextShown& each : step.action.texts) ShowAgain(*each.control, step.Shown(each), each.row);
   name_shown_ = Text1[kNameBox].text();
   if (Differs(step.record_before, record(), arr_edit::kRecord, kArrNameLength)) ShowTitle();
   SendChanged(rows_.Changed(step.action, step.record_before), step.record_before);
@@ -112,7 +112,10 @@ void frmEditArr::TakeOver(Bytes taken) {
 // --- What other windows ask ---
 
 void ShowArrEditorStep(Application& app, const EditStep& step) {
-  if (frmEditArr* editor = Editor(app)) editor->ShowStep(step);
+  // The controls that have changed are the editor's own.
+  const auto& shown = step.action.shown;
+  ui::Form* editor = shown.empty() ? Editor(app) : &shown.front().control->form();
+  if (editor != nullptr) static_cast<frmEditArr*>(editor)->ShowStep(step);
 }
 
 // What is changed in the editor itself stays there.

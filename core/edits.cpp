@@ -232,7 +232,9 @@ void Edits::Closed(ChildWindow& window) {
   std::erase(opened_, &window);
   std::erase_if(set_, [&](const EditMark& mark) { return mark.target == ImageOf(window); });
   for (EditAction& action : actions_) {
-    std::erase_if(action.shown, [&](const EditShown& shown) { return &shown.control->form() == &window; });
+    const auto gone = [&](const auto& shown) { return &shown.control->form() == &window; };
+    std::erase_if(action.shown, gone);
+    std::erase_if(action.texts, gone);
   }
   if (listener_ != nullptr) listener_->Closed(window);
   Drop(ImageOf(window));
@@ -259,9 +261,8 @@ EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
     actions_.erase(actions_.begin() + static_cast<std::ptrdiff_t>(standing_ - 1));
     --standing_;
   }
-  EditAction room = DropOldest();
-  const auto place = actions_.begin() + static_cast<std::ptrdiff_t>(standing_++);
-  growing_ = &*actions_.insert(place, std::move(room));
+  growing_ = &MakeRoom();
+  ++standing_;
   growing_->number = ++last_number_;
   growing_->cause = cause;
   growing_->kind = kind;
@@ -432,23 +433,34 @@ void Edits::DropTakenBack() {
   }
 }
 
-// The new action has the memory of the last one that went.
-EditAction Edits::DropOldest() {
-  EditAction room;
+void Edits::DropOldest() {
+  size_ -= SizeOf(actions_.front());
+  if (listener_ != nullptr) listener_->Left(actions_.front());
+  --standing_;
+}
+
+// An empty entry behind those that stand. It has the memory of the last one that went.
+EditAction& Edits::MakeRoom() {
   while (standing_ > 0 && (actions_.size() >= most_actions_ || size_ > most_bytes_)) {
-    room = std::move(actions_.front());
-    size_ -= SizeOf(room);
-    if (listener_ != nullptr) listener_->Left(room);
+    DropOldest();
+    const bool enough = actions_.size() <= most_actions_ && size_ <= most_bytes_;
+    if (!enough || standing_ + 1 != actions_.size()) {
+      actions_.pop_front();
+      continue;
+    }
+    actions_.push_back(std::move(actions_.front()));
     actions_.pop_front();
-    --standing_;
+    EditAction& room = actions_.back();
+    room.changes.clear();
+    room.marks.clear();
+    room.shown.clear();
+    room.texts.clear();
+    room.counted = false;
+    room.words = {};
+    room.window = nullptr;
+    return room;
   }
-  room.changes.clear();
-  room.marks.clear();
-  room.shown.clear();
-  room.counted = false;
-  room.words = {};
-  room.window = nullptr;
-  return room;
+  return *actions_.emplace(actions_.begin() + static_cast<std::ptrdiff_t>(standing_));
 }
 
 }  // namespace zentaline

@@ -70,16 +70,18 @@ struct EditMarkChange {
 };
 
 // What a control showed before an action and after it: the value of a bar, the row of a list, whether a button can be
-// used, or the text of a box, of a label, or of a list's row.
-struct EditValue {
-  int number = 0;
-  std::string text = {};
-};
+// used.
 struct EditShown {
   ui::Control* control;
-  int row;  // of a list whose rows are texts; -1 for the control itself
-  EditValue before;
-  EditValue after;
+  int before;
+  int after;
+};
+// The text of a box, of a label, or of a list's row (-1 where it has none).
+struct EditTextShown {
+  ui::Control* control;
+  int row;
+  std::string before;
+  std::string after;
 };
 
 // What one action of the user's changed, or what a save did.
@@ -97,6 +99,7 @@ struct EditAction {
   std::vector<EditChange> changes = {};  // in their order
   std::vector<EditMarkChange> marks = {};
   std::vector<EditShown> shown = {};
+  std::vector<EditTextShown> texts = {};
   bool counted = false;  // in the tallies of what it changed
 
   // An event that only set marks is noted, but is no action.
@@ -132,7 +135,8 @@ class Edits {
   void Mark(const EditTarget& record, bool changed);
   // What a control showed before the change that the running event has made, and shows now. Nothing is noted of an
   // event that has changed no byte.
-  void NoteShown(ui::Control& control, EditValue before, EditValue after, int row = -1);
+  void NoteShown(ui::Control& control, int before, int after);
+  void NoteShown(ui::Control& control, const std::string& before, const std::string& after, int row = -1);
 
   // --- What is no action ---
 
@@ -177,6 +181,7 @@ class Edits {
   // The step that is taken back next, or brought forth; null when there is none. And how many there are.
   const EditAction* NextBack() const;
   const EditAction* NextForward() const;
+  bool NewestIsStep() const { return standing_ > 0 && standing_ == actions_.size() && actions_.back().IsStep(); }
   int BackCount() const;
   int ForwardCount() const;
   // The marks of what the entry touched say whether it is away from what was saved; StepBack and StepForward alone give
@@ -234,6 +239,8 @@ class Edits {
   void StayMarked(const EditMark& mark);
   int MarkValue(const EditMark& mark);
   void TallySaved(ChildWindow& window);
+  // The entry that takes what is shown; null when the event has changed no byte.
+  EditAction* Showing();
   // Tells the listener of the newest entry if it has changed.
   void Tell();
   // What was taken back can't be brought forth: a save that lies there isn't reached any more.
@@ -244,8 +251,8 @@ class Edits {
   // Takes out all that touches a target, and what wouldn't fit without it.
   void Drop(const EditTarget& target);
   void DropTakenBack();
-  // Gives an empty action.
-  EditAction DropOldest();
+  void DropOldest();
+  EditAction& MakeRoom();
 
   Application& app_;
   std::deque<EditAction> actions_;

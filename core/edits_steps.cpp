@@ -164,14 +164,31 @@ void Edits::LoseUnreached(const EditAction& gone) {
 
 // --- What was shown ---
 
-void Edits::NoteShown(ui::Control& control, EditValue before, EditValue after, int row) {
-  if (growing_ == nullptr || growing_->changes.empty() || growing_->cause != app_.toolkit.cause()) return;
-  for (EditShown& each : growing_->shown) {
-    if (each.control != &control || each.row != row) continue;
-    each.after = std::move(after);
+EditAction* Edits::Showing() {
+  const bool changed = growing_ != nullptr && !growing_->changes.empty() && growing_->cause == app_.toolkit.cause();
+  return changed ? growing_ : nullptr;
+}
+
+void Edits::NoteShown(ui::Control& control, int before, int after) {
+  EditAction* const action = Showing();
+  if (action == nullptr) return;
+  for (EditShown& each : action->shown) {
+    if (each.control != &control) continue;
+    each.after = after;
     return;
   }
-  growing_->shown.push_back({&control, row, std::move(before), std::move(after)});
+  action->shown.push_back({&control, before, after});
+}
+
+void Edits::NoteShown(ui::Control& control, const std::string& before, const std::string& after, int row) {
+  EditAction* const action = Showing();
+  if (action == nullptr) return;
+  for (EditTextShown& each : action->texts) {
+    if (each.control != &control || each.row != row) continue;
+    each.after = after;
+    return;
+  }
+  action->texts.push_back({&control, row, before, after});
 }
 
 // --- Steps ---

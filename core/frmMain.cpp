@@ -81,6 +81,7 @@ void frmMain::ConnectMenus() {
     mnuDevMIDIOut(device).on_click = [this, device] { ChooseMidiOut(app(), device); };
     mnuDevMIDIIn(device).on_click = [this, device] { ChooseMidiIn(app(), device); };
   }
+  app().undo.MakeCaptions(Menu(mnuAnnulla), Menu(mnuRipeti));
   Menu(mnuAnnulla).on_click = [this] { app().undo.TakeBack(); };
   Menu(mnuRipeti).on_click = [this] { app().undo.BringForth(); };
   Menu(mnuIngrandisci).on_click = [this] { Enlarge(); };

@@ -190,14 +190,14 @@ void RecordEditor::Store(EditorControl& bound, int shown) {
 
 void RecordEditor::NoteShown(EditorControl& bound) {
   const int shown = Shown(bound);
-  edits_.NoteShown(*bound.control, {bound.shown}, {shown});
+  edits_.NoteShown(*bound.control, bound.shown, shown);
   bound.shown = shown;
 }
 
 bool RecordEditor::ShowAgain(const ui::Control& control, int shown) {
   EditorControl* bound = Of(control);
   if (bound == nullptr) return false;
-  zentaline::ShowAgain(*bound->control, {shown}, -1);
+  zentaline::ShowAgain(*bound->control, shown);
   bound->shown = shown;
   ShowLabel(*bound);
   return true;

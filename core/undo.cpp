@@ -20,20 +20,6 @@ bool Changes(const EditAction& action, const EditTarget& target) {
                      [&](const EditChange& change) { return change.target == target; });
 }
 
-bool Holds(const ui::Layout& layout, const ui::Control& control) {
-  if (layout.control == &control) return true;
-  return std::any_of(layout.children.begin(), layout.children.end(),
-                     [&](const ui::Layout& child) { return Holds(child, control); });
-}
-
-void TurnTo(const ui::Layout& layout, const ui::Control& control) {
-  for (std::size_t i = 0; i < layout.children.size(); ++i) {
-    if (!Holds(layout.children[i], control)) continue;
-    if (layout.kind == ui::Layout::Kind::kPages) static_cast<ui::Tabs&>(*layout.control).ShowPage(static_cast<int>(i));
-    return TurnTo(layout.children[i], control);
-  }
-}
-
 bool TakesFocus(const ui::Control& control) {
   switch (control.kind()) {
     case ui::ControlKind::kScrollBar:
@@ -66,20 +52,28 @@ void Undo::EventEnded() {
   app_.edits.EventEnded();
   if (shown_changes_ == app_.edits.changes()) return;
   shown_changes_ = app_.edits.changes();
-  ShowEntries();
+  // Most often there is one action more, where there were some.
+  const bool more = shows_back_alone_ && app_.edits.NewestIsStep();
+  if (!more) ShowEntries();
 }
 
 void Undo::ShowEntries() {
   if (app_.main == nullptr) return;
-  const auto show = [this](MenuId id, const EditAction* action, std::int64_t& shown) {
+  const auto show = [this](MenuId id, const EditAction* action) {
     ui::MenuEntry& entry = app_.main->Menu(id);
-    const std::int64_t number = action == nullptr ? 0 : action->number;
-    if (number != shown) entry.SetCaption(UndoCaption(app_, id == mnuAnnulla, action));
-    shown = number;
     entry.SetEnabled(action != nullptr && !Off());
   };
-  show(mnuAnnulla, app_.edits.NextBack(), shown_back_);
-  show(mnuRipeti, app_.edits.NextForward(), shown_forward_);
+  const EditAction* back = app_.edits.NextBack();
+  const EditAction* forward = app_.edits.NextForward();
+  show(mnuAnnulla, back);
+  show(mnuRipeti, forward);
+  shows_back_alone_ = back != nullptr && forward == nullptr && !Off();
+}
+
+// Only when somebody looks: a hand makes many changes in between.
+void Undo::MakeCaptions(ui::MenuEntry& back, ui::MenuEntry& forward) {
+  back.before_look = [this, &back] { back.SetCaption(UndoCaption(app_, true, app_.edits.NextBack())); };
+  forward.before_look = [this, &forward] { forward.SetCaption(UndoCaption(app_, false, app_.edits.NextForward())); };
 }
 
 // --- A step ---
@@ -92,9 +86,9 @@ void Undo::Step(bool back) {
   const bool of_database = Changes(*next, kDatabaseImage);
   if (of_database && !DatabaseFits(app_)) return edits.ForgetDatabase();
 
-  Bytes record;
+  record_.clear();
   for (const EditTarget& target : {kArrRecordUnderEdit, kPrgRecordUnderEdit}) {
-    if (Changes(*next, target)) record = edits.Read(target);
+    if (Changes(*next, target)) record_ = edits.Read(target);
   }
   const std::size_t before = edits.standing();
   Move(*next, back);
@@ -106,7 +100,7 @@ void Undo::Step(bool back) {
     const EditAction& crossed = edits.actions()[i];
     if (crossed.kind != EditAction::Kind::kUser && !crossed.changes.empty()) Show({crossed, back});
   }
-  Show({*next, back, record});
+  Show({*next, back, record_});
 }
 
 // Back over the step itself, forth over what follows it up to the next one: a save stands behind what was saved.
@@ -153,33 +147,46 @@ bool ChangesWithin(const EditAction& action, const EditTarget& target, std::size
   });
 }
 
-void ShowPlace(ChildWindow& window, ui::Control& control) {
-  TurnTo(window.layout, control);
+void ShowPlace(ui::Control& control) {
+  control.TurnPages();
   if (control.Usable()) control.SetFocus();
 }
 
-void ShowPlace(ChildWindow& window, const EditStep& step) {
-  for (const EditShown& shown : step.action.shown) {
-    if (&shown.control->form() == &window && TakesFocus(*shown.control)) return ShowPlace(window, *shown.control);
+void ShowPlace(const ChildWindow& window, const EditStep& step) {
+  const auto here = [&](const auto& shown) { return &shown.control->form() == &window && TakesFocus(*shown.control); };
+  const auto& shown = step.action.shown;
+  if (const auto first = std::find_if(shown.begin(), shown.end(), here); first != shown.end()) {
+    return ShowPlace(*first->control);
+  }
+  const auto& texts = step.action.texts;
+  if (const auto first = std::find_if(texts.begin(), texts.end(), here); first != texts.end()) {
+    ShowPlace(*first->control);
   }
 }
 
-void ShowAgain(ui::Control& control, const EditValue& value, int row) {
+void ShowAgain(ui::Control& control, int value) {
   switch (control.kind()) {
     case ui::ControlKind::kScrollBar:
-      return static_cast<ui::ScrollBar&>(control).ShowValue(value.number);
+      return static_cast<ui::ScrollBar&>(control).ShowValue(value);
     case ui::ControlKind::kComboBox:
-      return static_cast<ui::ComboBox&>(control).ShowRow(value.number);
+      return static_cast<ui::ComboBox&>(control).ShowRow(value);
     case ui::ControlKind::kCheckBox:
-      return static_cast<ui::CheckBox&>(control).ShowValue(value.number != 0);
+      return static_cast<ui::CheckBox&>(control).ShowValue(value != 0);
     case ui::ControlKind::kButton:
-      return control.SetEnabled(value.number != 0);
+      return control.SetEnabled(value != 0);
+    default:
+      return;
+  }
+}
+
+void ShowAgain(ui::Control& control, const std::string& text, int row) {
+  switch (control.kind()) {
     case ui::ControlKind::kTextBox:
-      return static_cast<ui::TextBox&>(control).ShowText(value.text);
+      return static_cast<ui::TextBox&>(control).ShowText(text);
     case ui::ControlKind::kLabel:
-      return static_cast<ui::Label&>(control).SetCaption(value.text);
+      return static_cast<ui::Label&>(control).SetCaption(text);
     case ui::ControlKind::kListBox:
-      return static_cast<ui::ListBox&>(control).SetRowText(row, value.text);
+      return static_cast<ui::ListBox&>(control).SetRowText(row, text);
     default:
       return;
   }

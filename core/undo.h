@@ -21,7 +21,8 @@ struct EditStep {
   // The record under edit as it was before the step; empty where the action didn't change it.
   std::string_view record_before = {};
 
-  const EditValue& Shown(const EditShown& shown) const { return back ? shown.before : shown.after; }
+  int Shown(const EditShown& shown) const { return back ? shown.before : shown.after; }
+  const std::string& Shown(const EditTextShown& shown) const { return back ? shown.before : shown.after; }
 };
 
 class Undo {
@@ -33,6 +34,9 @@ class Undo {
   // One step back, or forth again. Nothing happens while there is none, and where the entries are off.
   void TakeBack() { Step(true); }
   void BringForth() { Step(false); }
+
+  // Of the two entries, what they would do.
+  void MakeCaptions(ui::MenuEntry& back, ui::MenuEntry& forward);
 
   // While one of these lives a box, a dialog or a long send holds the program up, and the entries are off.
   class Hold {
@@ -60,8 +64,8 @@ class Undo {
   Application& app_;
   int holds_ = 0;
   std::int64_t shown_changes_ = 0;
-  std::int64_t shown_back_ = 0;  // the numbers of the actions that the entries tell of
-  std::int64_t shown_forward_ = 0;
+  bool shows_back_alone_ = false;
+  Bytes record_;  // under edit, as it was before the step
 };
 
 // "&Undo: Volume of UPPER1", or without an action the bare word, in the language of this run.
@@ -71,11 +75,12 @@ std::string UndoCaption(const Application& app, bool back, const EditAction* act
 bool ChangesWithin(const EditAction& action, const EditTarget& target, std::size_t begin, std::size_t end);
 
 // Turns to the page that a control stands on, and gives it the focus.
-void ShowPlace(ChildWindow& window, ui::Control& control);
+void ShowPlace(ui::Control& control);
 // The same for the first control that the step was about, of those that take a focus.
-void ShowPlace(ChildWindow& window, const EditStep& step);
+void ShowPlace(const ChildWindow& window, const EditStep& step);
 
 // Shows in a control, without raising anything, what it showed.
-void ShowAgain(ui::Control& control, const EditValue& value, int row);
+void ShowAgain(ui::Control& control, int value);
+void ShowAgain(ui::Control& control, const std::string& text, int row);
 
 }  // namespace zentaline

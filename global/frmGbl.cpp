@@ -89,7 +89,7 @@ void frmGbl::ResetScale(int scale) {
     EditorControl& bar = *scale_bars_[static_cast<std::size_t>(kNotesOfScale * scale + note)];
     const int shown = bar.shown;
     rows_.Show(bar);
-    app().edits.NoteShown(*bar.control, {shown}, {bar.shown});
+    app().edits.NoteShown(*bar.control, shown, bar.shown);
   }
   MarkChanged();
   CommLoadGbl.Press();
@@ -100,7 +100,7 @@ void frmGbl::ShowItems(const ItemsShown&) {
 }
 
 void frmGbl::ShowStep(const EditStep& step) {
-  for (const EditShown& each : step.action.shown) rows_.ShowAgain(*each.control, step.Shown(each).number);
+  for (const EditShown& each : step.action.shown) rows_.ShowAgain(*each.control, step.Shown(each));
   ShowDamper();
   if (step.action.kind == EditAction::Kind::kUser) Send();
   ShowPlace(*this, step);

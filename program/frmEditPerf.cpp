@@ -147,23 +147,23 @@ frmEditPerf::RowShown frmEditPerf::ShownOf(int row) const {
 void frmEditPerf::NoteShown(int row, const RowShown& before) {
   const RowShown now = ShownOf(row);
   Edits& edits = app().edits;
-  edits.NoteShown(PerfLab[row], {before.count}, {now.count});
-  edits.NoteShown(CommUp[row], {before.up}, {now.up});
-  edits.NoteShown(CommDown[row], {before.down}, {now.down});
+  edits.NoteShown(PerfLab[row], before.count, now.count);
+  edits.NoteShown(CommUp[row], before.up, now.up);
+  edits.NoteShown(CommDown[row], before.down, now.down);
 }
 
 // The program has gone a step back or forth, and the rows with it.
 void frmEditPerf::ShowStep(const EditStep& step) {
   for (const EditShown& each : step.action.shown) {
     if (&each.control->form() != this) continue;
-    const EditValue& value = step.Shown(each);
+    const int value = step.Shown(each);
     if (each.control->kind() != ui::ControlKind::kLabel) {
-      ShowAgain(*each.control, value, each.row);
+      ShowAgain(*each.control, value);
       continue;
     }
     const int row = each.control->index();
-    SetCount(row, value.number);
-    app().program.PerfStepValue[static_cast<std::size_t>(row)] = value.number;
+    SetCount(row, value);
+    app().program.PerfStepValue[static_cast<std::size_t>(row)] = value;
     ShowBar(row);
   }
 }

@@ -223,13 +223,15 @@ void frmEditPrg::ShowStep(const EditStep& step) {
       std::any_of(shown.begin(), shown.end(), [&](const auto& each) { return each.control == &EffCombo[4]; });
   for (const EditShown& each : shown) {
     if (each.control != &EffCombo[4]) continue;
-    rows_.ShowAgain(*each.control, step.Shown(each).number);
+    rows_.ShowAgain(*each.control, step.Shown(each));
     ShowPans();
   }
   for (const EditShown& each : shown) {
     if (&each.control->form() != this || (placed && each.control == &EffCombo[4])) continue;
-    const EditValue& value = step.Shown(each);
-    if (!rows_.ShowAgain(*each.control, value.number)) ShowAgain(*each.control, value, each.row);
+    if (!rows_.ShowAgain(*each.control, step.Shown(each))) ShowAgain(*each.control, step.Shown(each));
+  }
+  for (const EditTextShown& each : step.action.texts) {
+    if (&each.control->form() == this) ShowAgain(*each.control, step.Shown(each), each.row);
   }
   name_shown_ = BasText[0].text();
   for (int oscillator : {1, 2}) {
@@ -256,7 +258,7 @@ void frmEditPrg::ShowAround(const EditStep& step) {
     const std::size_t position = kSoundPositions[oscillator];
     if (WordLowFirst(record(), position) == WordLowFirst(step.record_before, position)) continue;
     if (app().program.MultisoundTarget == oscillator) FollowMultisound(app());
-    if (toolkit().active_child() == this) ShowPlace(*this, BasText[oscillator]);
+    if (toolkit().active_child() == this) ShowPlace(BasText[oscillator]);
   }
   if (toolkit().active_child() == this) ShowPlace(*this, step);
 }
@@ -267,7 +269,7 @@ void frmEditPrg::TypeName() {
   Bytes name;
   if (!BytesFromUtf8(BasText[0].text(), name)) return;
   Put(rec::kName, Padded(name, rec::kNameLength), "Program Name", {});
-  app().edits.NoteShown(BasText[0], {0, name_shown_}, {0, BasText[0].text()});
+  app().edits.NoteShown(BasText[0], name_shown_, BasText[0].text());
   name_shown_ = BasText[0].text();
   MarkChanged();
   ClosePerformance();

@@ -189,7 +189,7 @@ void frmPrgUN::ShowStep(const EditStep& step) {
     const auto row = static_cast<int>((change.position - kPrgImageRecordsPosition) / kPrgRecordLength);
     if (row < kPrgRecordCount) first = std::min(first, row);
   }
-  for (const EditShown& shown : step.action.shown) {
+  for (const EditTextShown& shown : step.action.texts) {
     if (shown.control == &List1) ShowAgain(List1, step.Shown(shown), shown.row);
   }
   if (first < kPrgRecordCount) List1.ShowRow(first);
@@ -203,7 +203,7 @@ void frmPrgUN::ShowStep(const EditStep& step) {
 }
 
 void frmPrgUN::ShowRowText(int row, std::string text) {
-  app().edits.NoteShown(List1, {0, List1.RowText(row)}, {0, text}, row);
+  app().edits.NoteShown(List1, List1.RowText(row), text, row);
   List1.SetRowText(row, std::move(text));
 }
 

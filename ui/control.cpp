@@ -36,6 +36,15 @@ bool Control::Usable() const {
   return true;
 }
 
+void Control::TurnPages() {
+  if (!form_.Noted()) form_.NoteContainers();
+  for (const Control* inside = this; inside->container_ != nullptr; inside = inside->container_) {
+    if (inside->container_->kind() != ControlKind::kTabs) continue;
+    // The form's controls are all its own.
+    const_cast<Tabs&>(static_cast<const Tabs&>(*inside->container_)).ShowPage(inside->page_);
+  }
+}
+
 bool Control::SharesRoomWith(const Control& other) const {
   if (&form_ != &other.form_) return false;
   if (!form_.Noted()) form_.NoteContainers();

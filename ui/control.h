@@ -81,6 +81,8 @@ class Control {
   // True when the user can reach it: enabled, visible, and so all that it stands in by the form's layout. Which page is
   // in front doesn't matter.
   virtual bool Usable() const;
+  // Turns to the pages that it stands on; nothing is raised.
+  void TurnPages();
   // True when the form's layout puts both into the same frame or page, or both into none.
   bool SharesRoomWith(const Control& other) const;
 
@@ -135,6 +137,7 @@ class Control {
   std::string name_;
   int index_;
   const Control* container_ = nullptr;  // what it stands in, as the form notes it
+  int page_ = 0;                        // which page of its container, where that has pages
   int room_ = 0;                        // the frame or page that it stands in: equal for all in there, 0 for the form
   bool enabled_ = true;
   bool visible_ = true;

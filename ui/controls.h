@@ -317,6 +317,12 @@ class MenuEntry : public Captioned {
   bool numbered = false;  // of an array: the first nine can be chosen by their number
   std::string shortcut;   // as in Ctrl+Shift+S
   Handler on_click;
+  // Makes its caption anew, where that is done only when somebody looks at it.
+  Handler before_look;
+  const std::string& ShownCaption() const {
+    if (before_look) before_look();
+    return caption();
+  }
   void Press();
   bool UserPress();
   bool Usable() const override;

@@ -45,19 +45,20 @@ void Form::NoteContainers() {
     control->room_ = 0;
   }
   int rooms = 0;
-  const auto note = [&rooms](const auto& self, const Layout& part, const Control* around, int room) -> void {
+  const auto note = [&rooms](const auto& self, const Layout& part, const Control* around, int room, int page) -> void {
     if (part.control != nullptr) {
       part.control->container_ = around;
       part.control->room_ = room;
+      part.control->page_ = page;
     }
     const Control* const inside = part.control != nullptr ? part.control : around;
     if (part.kind == Layout::Kind::kFrame) room = ++rooms;
-    for (const Layout& child : part.children) {
-      self(self, child, inside, part.kind == Layout::Kind::kPages ? ++rooms : room);
-    }
+    const bool pages = part.kind == Layout::Kind::kPages;
+    int next = 0;
+    for (const Layout& child : part.children) self(self, child, inside, pages ? ++rooms : room, pages ? next++ : page);
   };
-  note(note, layout, nullptr, 0);
-  note(note, free_area, nullptr, 0);
+  note(note, layout, nullptr, 0, 0);
+  note(note, free_area, nullptr, 0, 0);
 }
 
 bool Form::Reachable() const {

@@ -89,41 +89,41 @@ class ItalianUndoTest : public UndoTest {
 
 TEST_F(UndoTest, TheEntriesSayWhatTheyTakeBack) {
   PlainWindow& window = Open();
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo");
-  EXPECT_EQ(Entry(mnuRipeti).caption(), "&Redo");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo");
+  EXPECT_EQ(Entry(mnuRipeti).ShownCaption(), "&Redo");
   EXPECT_FALSE(Back());
   Change(window, 'b');
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo: Volume of UPPER1");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo: Volume of UPPER1");
   EXPECT_FALSE(Entry(mnuRipeti).enabled());
   Change(window, 'c', {"VOL", "LOWER"});
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo: Volume of LOWER") << "the instrument's short name is spelled out";
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo: Volume of LOWER") << "the instrument's short name is spelled out";
   Change(window, 'd', {"Paste", "Arrangements"});
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo: Paste Arrangements");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo: Paste Arrangements");
   Change(window, 'e', {"Kept", {}, "Rock & Roll"});
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo: Rock && Roll kept") << "the sign is no mnemonic";
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo: Rock && Roll kept") << "the sign is no mnemonic";
   Change(window, 'f', {"Delete", {}, "song"});
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo: Delete song");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo: Delete song");
   ASSERT_TRUE(Back());
-  EXPECT_EQ(Entry(mnuRipeti).caption(), "&Redo: Delete song");
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo: Rock && Roll kept");
+  EXPECT_EQ(Entry(mnuRipeti).ShownCaption(), "&Redo: Delete song");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo: Rock && Roll kept");
   while (Back()) continue;
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Undo");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Undo");
   EXPECT_FALSE(Entry(mnuAnnulla).enabled());
-  EXPECT_EQ(Entry(mnuRipeti).caption(), "&Redo: Volume of UPPER1");
+  EXPECT_EQ(Entry(mnuRipeti).ShownCaption(), "&Redo: Volume of UPPER1");
 }
 
 TEST_F(ItalianUndoTest, TheEntriesSayItInItalian) {
   PlainWindow& window = Open();
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Annulla");
-  EXPECT_EQ(Entry(mnuRipeti).caption(), "&Ripeti");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Annulla");
+  EXPECT_EQ(Entry(mnuRipeti).ShownCaption(), "&Ripeti");
   Change(window, 'b', {"PAN", "LOWER"});
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Annulla: Pan di LOWER");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Annulla: Pan di LOWER");
   Change(window, 'c', {"Cut", "Programs"});
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Annulla: Taglia Program");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Annulla: Taglia Program");
   Change(window, 'd', {"Kept", {}, "Notte"});
-  EXPECT_EQ(Entry(mnuAnnulla).caption(), "&Annulla: Notte mantenuto");
+  EXPECT_EQ(Entry(mnuAnnulla).ShownCaption(), "&Annulla: Notte mantenuto");
   Back();
-  EXPECT_EQ(Entry(mnuRipeti).caption(), "&Ripeti: Notte mantenuto");
+  EXPECT_EQ(Entry(mnuRipeti).ShownCaption(), "&Ripeti: Notte mantenuto");
 }
 
 TEST_F(UndoTest, TheEntriesAreOffWhileABoxIsOpen) {

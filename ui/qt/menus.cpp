@@ -154,6 +154,9 @@ void AddEntry(MenuEntry& entry, char letter, Gate& gate, QWidget& place) {
   } else {
     menu = new QMenu(&place);
     menu->setToolTipsVisible(true);
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [&entry] {
+      for (const MenuEntry* below : entry.entries()) below->ShownCaption();
+    });
     action = menu->menuAction();
   }
   place.addAction(action);

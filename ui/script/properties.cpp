@@ -35,8 +35,9 @@ Value Caption(const Control& control) {
     case ControlKind::kPictureBox:
     case ControlKind::kCheckBox:
     case ControlKind::kOptionButton:
-    case ControlKind::kMenuEntry:
       return Text(As<Captioned>(control).caption());
+    case ControlKind::kMenuEntry:
+      return Text(As<MenuEntry>(control).ShownCaption());
     default:
       return std::nullopt;
   }
