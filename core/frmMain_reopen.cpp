@@ -94,6 +94,7 @@ bool frmMain::Reopens() const {
 void frmMain::FinishLoad() {
   Timer0.Stop();
   Timer2.Stop();
+  if (!Reopens()) return ChainEnded();
   to_reopen_ = static_cast<int>(std::count_if(std::begin(kAutoWindows), std::end(kAutoWindows),
                                               [this](const auto& row) { return ComesBack(row.form, row.entry); }));
   TimerAuto.front()->Start();

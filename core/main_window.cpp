@@ -40,8 +40,8 @@ MainWindow::MainWindow(Application& app)
     return key.name == ui::Key::kEnter;
   };
   layout = ui::Inside(Picture1,
-                      ui::Row({ui::Item(LabelNomeAppl), ui::Item(Label1, 2), ui::Item(LabelMode), ui::Item(LabelArr, 1),
-                               ui::Item(LabelSty, 1), ui::Item(LabelPrg, 1), ui::Item(LabelPort, 1)}));
+                      ui::Row({ui::Item(LabelNomeAppl), ui::Item(Label1, 5), ui::Item(LabelMode), ui::Item(LabelArr, 3),
+                               ui::Item(LabelSty, 3), ui::Item(LabelPrg, 3), ui::Item(LabelPort, 4)}));
   wait_field = &Label1;
   free_area = welcome_.LayOut();
 }

@@ -13,6 +13,7 @@ namespace zentaline {
 namespace {
 
 constexpr char kExamples[] = "examples";
+constexpr int kCommandWidth = 40;
 
 }  // namespace
 
@@ -28,6 +29,7 @@ Welcome::Welcome(MainWindow& main, Application& app)
       CommWelcomeRecent(main, "CommWelcomeRecent", 0, kRecentFiles - 1),
       CommWelcomeGuide(main, "CommWelcomeGuide") {
   LabelWelcome.literal = true;
+  CommWelcomeOutput.least_characters = {kCommandWidth, 1};
   CommWelcomeOutput.on_click = [this] { main_.PopupOutputs(); };
   CommWelcomeOpen.on_click = [this] { main_.Menu(MenuId::mnuApriArr).Press(); };
   CommWelcomeExample.on_click = [this] { OpenPath(app_, Example()); };

@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
@@ -248,6 +249,44 @@ TEST_F(Hands, AWindowWithoutAPlaceOpensBesideTheOneInFront) {
   auto& form = static_cast<ToyRecord&>(toolkit.Open(std::make_unique<ToyRecord>(toolkit)));
   Settle();
   EXPECT_FALSE(Frame(form)->geometry().intersects(Frame(*child)->geometry()));
+}
+
+TEST_F(Hands, MaximisingAndRestoringKeepTheFocus) {
+  auto* text = Widget<QLineEdit>(child->Text1);
+  text->setFocus(Qt::MouseFocusReason);
+  Settle();
+  Frame(*child)->showMaximized();
+  Settle();
+  EXPECT_EQ(QApplication::focusWidget(), text);
+  Frame(*child)->showNormal();
+  Settle();
+  EXPECT_EQ(QApplication::focusWidget(), text);
+  EXPECT_TRUE(child->Text1.HasFocus());
+}
+
+TEST_F(Hands, InANarrowWindowTheProgressStandsInTheWaitTextsPlace) {
+  main->wait_field = &main->Label1;
+  main->LabelArr.SetCaption("A name that is to be read whole");
+  MainFormWindow* window = toolkit.windows().main();
+  auto* bar = window->window()->findChild<QProgressBar*>();
+  auto* wait = Widget<QWidget>(main->Label1);
+  auto* name = Widget<QLabel>(main->LabelArr);
+  window->window()->resize(600, 500);
+  Settle();
+  const QRect before = name->geometry();
+  window->ShowProgress(10, 100, 5);
+  Settle();
+  EXPECT_EQ(bar->parentWidget(), wait->parentWidget());
+  EXPECT_EQ(bar->geometry(), wait->geometry());
+  EXPECT_EQ(name->geometry(), before) << "the fields keep their room";
+  window->HideProgress();
+  window->window()->resize(1600, 500);
+  Settle();
+  window->ShowProgress(10, 100, 5);
+  Settle();
+  EXPECT_GE(bar->mapTo(window->window(), QPoint()).x(), name->mapTo(window->window(), name->rect().topRight()).x());
+  EXPECT_TRUE(wait->isVisible());
+  window->HideProgress();
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 class Window : public Form {
  public:
   explicit Window(Toolkit& toolkit, const std::string& number) : Form(toolkit, FormKind::kChild, "frmWindow", number) {
-    List.SetRows({"11 + Night Train", "12   Night Owl", "13   ballad", "14", "15 * Émile", "81   8 Beat"});
+    List.SetRows({"11 +Night Train", "12  Night Owl", "13  ballad", "14", "15 *Émile", "81  +8 Beat"});
     List.on_click = [this] { clicks.push_back(List.Row()); };
     List.on_double_click = [this] { clicks.push_back(1000 + List.Row()); };
     Bar.SetRange(0, 127);
@@ -97,6 +97,11 @@ TEST_F(Keys, ADigitThatStandsAloneForASecondIsForgotten) {
   toolkit.Advance(1001);
   Type(window.List, "13");
   EXPECT_EQ(window.List.Row(), 2);
+}
+
+TEST_F(Keys, AMarkIsNoPartOfAName) {
+  Type(window.List, "+");
+  EXPECT_EQ(window.List.Row(), 5) << "there it stands behind the mark's place";
 }
 
 TEST_F(Keys, AccentedLettersHaveNoCaseEither) {

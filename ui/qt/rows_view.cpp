@@ -108,8 +108,11 @@ RowsView::RowsView(ListBox& box, QWidget* parent) : QListView(parent), box_(&box
 
 void RowsView::ShowRows() {
   const int scrolled = verticalScrollBar()->value();
-  if (rows_->Take()) verticalScrollBar()->setValue(scrolled);
-  ShowColumns();
+  if (rows_->Take()) {
+    verticalScrollBar()->setValue(scrolled);
+    // Other texts of the same rows are as wide.
+    ShowColumns();
+  }
   updateGeometry();
   ShowSelection();
 }

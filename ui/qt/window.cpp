@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QUrl>
@@ -301,6 +302,15 @@ bool MainFormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == free_part_ && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)) {
     free_room_->setVisible(event->type() == QEvent::ShowToParent);
     free_room_->raise();
+    // Who opens the program by the keyboard finds the first command in hand.
+    const QWidget* focused = window_->focusWidget();
+    const auto commands = free_part_->findChildren<QPushButton*>();
+    const auto first = std::find_if(commands.begin(), commands.end(), [](const QPushButton* command) {
+      return !command->isHidden() && command->isEnabled();
+    });
+    const bool free = focused == nullptr || !focused->isVisible();
+    if (event->type() == QEvent::ShowToParent && free && first != commands.end())
+      (*first)->setFocus(Qt::OtherFocusReason);
     return false;
   }
   if (watched == window_ && (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove)) {
@@ -357,10 +367,14 @@ void MainFormWindow::PlaceProgress() {
   progress_->raise();
 }
 
+// Whether the fields that share what room there is, but for the wait text, still show theirs whole with so much less.
 bool MainFormWindow::HasRoomBeside(int width) const {
-  int needed = width;
-  for (const QLabel* field : body()->findChildren<QLabel*>()) needed += field->sizeHint().width();
-  return needed <= body()->width();
+  const QWidget* wait = static_cast<View*>(form()->wait_field->view)->widget();
+  const QList<QLabel*> fields = body()->findChildren<QLabel*>();
+  return std::all_of(fields.begin(), fields.end(), [&](const QLabel* field) {
+    if (field == wait || field->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored) return true;
+    return field->sizeHint().width() <= field->width() * (body()->width() - width) / std::max(body()->width(), 1);
+  });
 }
 
 ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMdiArea* area, const Form* belongs_to)
