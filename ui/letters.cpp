@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
+#include <vector>
 
 namespace zentaline::ui {
 
@@ -17,16 +19,16 @@ char Small(char c) {
   return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
 
-// The first letters of words before all others.
-char FreeLetter(std::string_view caption, const std::set<char>& taken) {
+// Those of a caption, the first letters of words before all others.
+std::string LettersIn(std::string_view caption) {
+  std::string letters;
   for (const bool begins_word : {true, false}) {
     for (std::size_t i = 0; i < caption.size(); ++i) {
       const bool begins = i == 0 || !IsLetter(caption[i - 1]);
-      if (!IsLetter(caption[i]) || (begins_word && !begins)) continue;
-      if (!taken.contains(Small(caption[i]))) return Small(caption[i]);
+      if (IsLetter(caption[i]) && begins == begins_word) letters += Small(caption[i]);
     }
   }
-  return 0;
+  return letters;
 }
 
 const Captioned* CaptionedOf(const Control& control) {
@@ -46,22 +48,69 @@ bool IsCommand(const Captioned& control) {
   return static_cast<std::size_t>(std::count_if(caption.begin(), caption.end(), IsLetter)) > kLongestMark;
 }
 
-// First what the captions name, then what is left; who finds none of its letters free has none.
+// Who has which letter, as long as others can still have one too.
+template <class Each>
+class Assignment {
+ public:
+  explicit Assignment(std::set<char> taken) : taken_(std::move(taken)) {}
+
+  // A letter that nobody else gets, when it is free.
+  bool Keep(const Each& control, char letter) {
+    if (!taken_.insert(letter).second) return false;
+    kept_[&control] = letter;
+    return true;
+  }
+  // One of its letters; who has it already takes another one, if he can. False when nobody can.
+  bool Give(const Each& control) {
+    std::set<char> tried;
+    return Give(control, tried);
+  }
+  // One that its caption doesn't hold: a number, or what else is left.
+  void GiveOther(const Each& control) {
+    static constexpr std::string_view kOthers = "123456789abcdefghijklmnopqrstuvwxyz0";
+    const auto* const free = std::find_if(kOthers.begin(), kOthers.end(), [this](char letter) {
+      return !taken_.contains(letter) && !given_.contains(letter);
+    });
+    if (free != kOthers.end()) given_[*free] = &control;
+  }
+  Letters Result() const {
+    Letters letters(kept_.begin(), kept_.end());
+    for (const auto& [letter, control] : given_) letters[control] = letter;
+    return letters;
+  }
+
+ private:
+  bool Give(const Each& control, std::set<char>& tried) {
+    const std::string letters = LettersIn(control.caption());
+    for (const bool owned : {false, true}) {
+      for (const char letter : letters) {
+        const auto owner = given_.find(letter);
+        if (taken_.contains(letter) || (owner != given_.end()) != owned) continue;
+        if (owned && (!tried.insert(letter).second || !Give(*owner->second, tried))) continue;
+        given_[letter] = &control;
+        return true;
+      }
+    }
+    return false;
+  }
+
+  std::set<char> taken_;
+  Letters kept_;
+  std::map<char, const Each*> given_;
+};
+
+// First what the captions name, then what is left of their letters, then numbers: of eight Resets not each finds one.
 template <class Each>
 Letters Assigned(const std::vector<Each*>& controls, std::set<char> taken) {
-  Letters letters;
-  for (const Each* control : controls) {
+  Assignment<Each> assignment(std::move(taken));
+  std::vector<Each*> others;
+  for (Each* control : controls) {
     const char named = control->literal ? '\0' : NamedLetter(control->caption());
-    if (named != 0 && taken.insert(named).second) letters[control] = named;
+    if (named == 0 || !assignment.Keep(*control, named)) others.push_back(control);
   }
-  for (const Each* control : controls) {
-    if (letters.contains(control)) continue;
-    const char free = FreeLetter(control->caption(), taken);
-    if (free == 0) continue;
-    taken.insert(free);
-    letters[control] = free;
-  }
-  return letters;
+  std::erase_if(others, [&assignment](const Each* control) { return assignment.Give(*control); });
+  for (Each* control : others) assignment.GiveOther(*control);
+  return assignment.Result();
 }
 
 }  // namespace
@@ -153,6 +202,7 @@ std::string WithLetter(std::string_view caption, char letter, bool literal) {
       ++i;
     }
   }
+  if (!placed && !literal) shown += std::string(" (&") + letter + ')';
   return shown;
 }
 

@@ -69,10 +69,18 @@ TEST_F(LettersOfAWindow, MarksAndDataHaveNone) {
   EXPECT_EQ(Given(), "---");
 }
 
-TEST_F(LettersOfAWindow, WhatNoLetterIsFreeForHasNone) {
+TEST_F(LettersOfAWindow, WhatNoneOfItsLettersIsFreeForHasANumber) {
   window.Add("aaa");
   window.Add("aaa");
-  EXPECT_EQ(Given(), "a-");
+  window.Add("aaa");
+  EXPECT_EQ(Given(), "a12");
+  EXPECT_EQ(WithLetter("aaa", '1', false), "aaa (&1)");
+}
+
+TEST_F(LettersOfAWindow, WhoHasOthersLeavesItsLetterToOneThatHasNone) {
+  window.Add("abc");
+  window.Add("aaa");
+  EXPECT_EQ(Given(), "ba");
 }
 
 TEST_F(LettersOfAWindow, CheckBoxesKeepWhatTheyNameAndLabelsToo) {

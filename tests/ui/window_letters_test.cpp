@@ -107,18 +107,30 @@ TEST_P(WindowLetters, EachCommandHasOneOfItsOwn) {
   ExpectLetters(*program_.app.main, bar_);
   for (const MenuId entry :
        {mnuNuovoArr, mnuNuovoSty, mnuNuovoPrg, mnuArrA, mnuArrB, mnuStyA, mnuStyB, mnuWProgA, mnuDrum, mnuPerc,
-        mnuMultisample, mnuMsgEx, mnuWEditDBArr, mnuTastiera, mnuBloccoNote, mnuGuida, mnuWFindID, mnuMIDI, mnuInfo}) {
+        mnuMultisample, mnuMsgEx, mnuTastiera, mnuBloccoNote, mnuGuida, mnuMIDI, mnuInfo}) {
     ExpectBehind(entry);
   }
   Open(mnuApriSty, "/disk/First Steps.sty", 2);
   Open(mnuApriArr, "/disk/Sunday Band.arr", 1);
   SelectFirst();
   ExpectBehind(mnuEdit);
+  program_.app.toolkit.Activate(*program_.Arr(1));
+  program_.toolkit.answers.push_back(ui::BoxAnswer::kYes);
+  ASSERT_TRUE(program_.Press(mnui40DBArr));
+  program_.toolkit.Advance(3000);
+  ExpectBehind(mnuWEditDBArr);
+  ExpectBehind(mnuWFindID);
   Open(mnuApriPrg, "/disk/First Steps.prg", 3);
+  ui::Form& bank = *program_.app.toolkit.active_child();
   SelectFirst();
-  ExpectBehind(mnuEdit);
-  program_.app.toolkit.Activate(*program_.app.prg_windows[1]);
   ExpectBehind(mnuEditPerf);
+  ASSERT_TRUE(program_.app.perf_editor->Close());
+  program_.app.toolkit.Activate(bank);
+  SelectFirst();
+  ASSERT_TRUE(program_.Press(mnuEdit)) << program_.app.toolkit.active_child()->caption();
+  program_.toolkit.Advance(3000);
+  ASSERT_NE(program_.app.prg_editor, nullptr);
+  ExpectLetters(*program_.app.prg_editor, bar_);
   EXPECT_GT(windows_, 22);
   EXPECT_GT(commands_, 60);
 }

@@ -80,8 +80,8 @@ class EntryView : public AnyEntry {
  private:
   // Another caption may lack the one that was found, and name one of its own.
   char Letter() const {
-    const bool has = entry_->literal || HasLetter(entry_->caption(), letter_);
-    return has ? letter_ : NamedLetter(entry_->caption());
+    const char named = entry_->literal ? '\0' : NamedLetter(entry_->caption());
+    return named == 0 || HasLetter(entry_->caption(), letter_) ? letter_ : named;
   }
   // The key by which an entry of a numbered array is chosen.
   QString Number() const {

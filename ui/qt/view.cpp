@@ -17,6 +17,9 @@ namespace zentaline::ui::qt {
 
 namespace {
 
+// The property of a top window whose focus has left a widget that was no longer to be seen.
+constexpr char kFocusFled[] = "focus_fled";
+
 // Menus that open meanwhile open there.
 class ScopedPlace {
  public:
@@ -59,7 +62,8 @@ void View::Detach() {
 // Another caption than the one that the letter was found for may lack it, and name one of its own. Of two that ask for
 // the same key neither is done: what the menu bar has is no control's.
 QString View::WithMnemonic(const std::string& caption, bool literal) const {
-  char letter = HasLetter(caption, letter_) || literal ? letter_ : NamedLetter(caption);
+  const char named = literal ? '\0' : NamedLetter(caption);
+  char letter = HasLetter(caption, letter_) || named == 0 ? letter_ : named;
   if (letter != letter_ && MenuBarHas(letter)) letter = 0;
   return ToQt(WithLetter(caption, letter, literal));
 }
@@ -178,7 +182,12 @@ bool View::eventFilter(QObject* watched, QEvent* event) {
   if (control_ == nullptr) return false;
   QWidget* part = static_cast<QWidget*>(watched);
   switch (event->type()) {
+    case QEvent::FocusOut:
+      part->window()->setProperty(kFocusFled, !part->isVisible());
+      return false;
     case QEvent::FocusIn: {
+      // From a window that is hidden for a moment, as one that is restored, nobody has taken it.
+      if (part->window()->property(kFocusFled).toBool()) return false;
       const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
       if (reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
           reason == Qt::ShortcutFocusReason) {

@@ -22,6 +22,7 @@
 #include "ui/qt/builder.h"
 #include "ui/qt/convert.h"
 #include "ui/qt/menus.h"
+#include "ui/toolkit.h"
 
 namespace zentaline::ui::qt {
 
@@ -161,6 +162,11 @@ void FormWindow::GeometryChanged() {
         report_due_ = false;
         if (form_ == nullptr) return;
         gate_.User(this, [this] { Report(); });
+        if (form_ == nullptr || form_->toolkit().active_child() != form_) return;
+        if (!frame_->window()->property("focus_fled").toBool()) return;
+        frame_->window()->setProperty("focus_fled", false);
+        const Gate::Showing showing(gate_);
+        ShowFocus();
       },
       Qt::QueuedConnection);
 }
