@@ -78,7 +78,10 @@ DiskResult PosixGrowingFile::Take(const std::string& path, Bytes& content, std::
 }
 
 PosixGrowingFile::PosixGrowingFile(std::string path, Descriptor folder, Descriptor file)
-    : path_(std::move(path)), folder_(std::move(folder)), file_(std::move(file)) {}
+    : path_(std::move(path)), folder_(std::move(folder)), file_(std::move(file)) {
+  struct stat info {};
+  if (fstat(file_.Number(), &info) == 0) length_ = info.st_size;
+}
 
 PosixGrowingFile::~PosixGrowingFile() {
   {
@@ -112,12 +115,12 @@ void PosixGrowingFile::Watch() {
 DiskResult PosixGrowingFile::Append(std::string_view bytes) {
   const std::lock_guard lock(mutex_);
   if (failed_ != 0) return DiskResultFromErrno(failed_);
-  const off_t before = lseek(file_.Number(), 0, SEEK_END);
   if (const int error = WriteAll(file_.Number(), bytes)) {
     // Half a record would be the end of what is read.
-    if (before >= 0 && ftruncate(file_.Number(), before) != 0) failed_ = error;
+    if (ftruncate(file_.Number(), length_) != 0) failed_ = error;
     return DiskResultFromErrno(error);
   }
+  length_ += static_cast<off_t>(bytes.size());
   if (!std::exchange(dirty_, true)) changed_.notify_all();
   if (!flusher_.joinable()) flusher_ = std::thread([this] { Watch(); });
   return DiskResult::kOk;
@@ -155,6 +158,7 @@ DiskResult PosixGrowingFile::Replace(const Bytes& content) {
   }
   const std::lock_guard lock(mutex_);
   file_ = std::move(made);
+  length_ = static_cast<off_t>(content.size());
   fcntl(file_.Number(), F_SETFL, O_APPEND);
   return FlushFolder(folder_.Number());
 }

@@ -41,6 +41,7 @@ class PosixGrowingFile : public GrowingFile {
   std::mutex mutex_;
   std::condition_variable changed_;
   Descriptor file_;
+  off_t length_ = 0;  // nobody else writes to it
   bool dirty_ = false;
   bool ending_ = false;
   int failed_ = 0;  // the error number of the disk's own

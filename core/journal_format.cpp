@@ -476,12 +476,8 @@ bool JournalLeft::Changed() const {
 }
 
 bool PutPieces(const JournalAction& action, JournalPlace place, Bytes& bytes) {
-  Bytes changed = bytes;
-  for (const JournalPiece& piece : action.pieces) {
-    if (piece.place == place && !PutPiece(piece, changed)) return false;
-  }
-  bytes.swap(changed);
-  return true;
+  return std::all_of(action.pieces.begin(), action.pieces.end(),
+                     [&](const JournalPiece& piece) { return piece.place != place || PutPiece(piece, bytes); });
 }
 
 Bytes RewriteJournal(const JournalContent& content) {

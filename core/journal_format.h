@@ -140,7 +140,7 @@ std::optional<JournalPiece> JournalDifference(JournalPlace place, std::string_vi
 // All that leads from the window's beginning to its end, as one action.
 JournalAction NetAction(const JournalLeft& left, std::int64_t number);
 
-// Puts the pieces of a place into its bytes; false, with nothing changed, where they don't fit.
+// Puts the pieces of a place into its bytes; false where they don't fit, and then only those before are put.
 bool PutPieces(const JournalAction& action, JournalPlace place, Bytes& bytes);
 
 }  // namespace zentaline

@@ -39,6 +39,7 @@ constexpr std::string_view kPutAway = ".journal.old";
 
 constexpr std::size_t kLargestJournal = std::size_t{1} << 28;  // in bytes
 constexpr int kBankRows = 64;
+constexpr std::size_t kMostSteps = 1999;  // one less than the list of actions holds
 
 // A window with changes, and the record of it that was under edit.
 struct Lost {
@@ -114,13 +115,21 @@ void ShowAll(Application& app, ChildWindow& window) {
 void DoAgain(Application& app, ChildWindow& window, const Lost& lost, const JournalAction& action) {
   const JournalPlace place{JournalThing::kWindow, lost.left.base.window};
   const EditWords words{app.journal->Word(action.what), app.journal->Word(action.of), action.name};
+  const EditTarget target = ImageOf(window);
   app.edits.EndAction();
-  app.edits.Change(ImageOf(window), words, [&](Bytes& image) {
-    PutPieces(action, place, image);
-    for (const JournalMark& mark : action.marks) {
-      if (mark.place == place) PutByte(image, mark.position, mark.after);
+  // Most actions leave all bytes in their places.
+  const bool in_place = std::all_of(action.pieces.begin(), action.pieces.end(),
+                                    [](const auto& piece) { return piece.before.size() == piece.after.size(); });
+  if (in_place) {
+    for (const JournalPiece& piece : action.pieces) {
+      if (piece.place == place) app.edits.Put(target, piece.position, piece.after, words);
     }
-  });
+  } else {
+    app.edits.Change(target, words, [&](Bytes& image) { PutPieces(action, place, image); });
+  }
+  for (const JournalMark& mark : action.marks) {
+    if (mark.place == place && mark.position <= kControlLength) app.edits.Mark(window, mark.position, mark.after);
+  }
   app.edits.EndAction();
 }
 
@@ -128,6 +137,31 @@ bool IsChanged(const ChildWindow& window) {
   constexpr std::size_t kChangedMarks[] = {kChangedPosition, kPrgChangedPosition, kStyChangedPosition};
   return std::any_of(std::begin(kChangedMarks), std::end(kChangedMarks),
                      [&](std::size_t mark) { return ByteAt(window.window_image(), mark) == 1; });
+}
+
+// Of more actions than the list holds the first are one. `image` is what the window shows, and then what it will show;
+// false where they don't fit.
+bool Fold(const Lost& lost, Bytes& image, std::vector<JournalAction>& actions) {
+  const JournalPlace place{JournalThing::kWindow, lost.left.base.window};
+  const std::size_t folded = lost.actions.size() > kMostSteps ? lost.actions.size() - kMostSteps : 0;
+  JournalLeft first;
+  first.base.window = lost.left.base.window;
+  if (folded > 0) first.base.image = image;
+  for (std::size_t i = 0; i < lost.actions.size(); ++i) {
+    if (!PutPieces(lost.actions[i], place, image)) return false;
+    if (i + 1 < folded) continue;
+    if (i + 1 > folded) {
+      actions.push_back(lost.actions[i]);
+      continue;
+    }
+    first.image = image;
+    JournalAction one = NetAction(first, 0);
+    for (std::size_t j = 0; j <= i; ++j) {
+      one.marks.insert(one.marks.end(), lost.actions[j].marks.begin(), lost.actions[j].marks.end());
+    }
+    actions.push_back(std::move(one));
+  }
+  return true;
 }
 
 // Into the window of the file, which is opened where it isn't. False when that isn't the file of then any more.
@@ -143,14 +177,10 @@ bool BringBackInto(Application& app, const FileKind& kind, const Lost& lost) {
     window = WindowOf(app, kind, base.path);
   }
   if (window == nullptr || window->ReadOnly() || IsChanged(*window)) return false;
-  // The rows as the window has marked them are none of the file's.
   Bytes reached = window->window_image();
-  const JournalPlace place{JournalThing::kWindow, base.window};
-  for (const JournalAction& action : lost.actions) {
-    if (!PutPieces(action, place, reached)) return false;
-  }
-  if (reached.size() != lost.image.size()) return false;
-  for (const JournalAction& action : lost.actions) DoAgain(app, *window, lost, action);
+  std::vector<JournalAction> actions;
+  if (!Fold(lost, reached, actions) || reached.size() != lost.image.size()) return false;
+  for (const JournalAction& action : actions) DoAgain(app, *window, lost, action);
   ShowAll(app, *window);
   return true;
 }

@@ -100,6 +100,8 @@ void frmGbl::ShowItems(const ItemsShown&) {
 }
 
 void frmGbl::ShowStep(const EditStep& step) {
+  // What a crash had interrupted noted nothing that was shown.
+  if (step.action.shown.empty()) FillGlobalWindow();
   for (const EditShown& each : step.action.shown) rows_.ShowAgain(*each.control, step.Shown(each));
   ShowDamper();
   if (step.action.kind == EditAction::Kind::kUser) Send();

@@ -189,6 +189,10 @@ void frmPrgUN::ShowStep(const EditStep& step) {
     const auto row = static_cast<int>((change.position - kPrgImageRecordsPosition) / kPrgRecordLength);
     if (row < kPrgRecordCount) first = std::min(first, row);
   }
+  // What a crash had interrupted noted nothing that was shown.
+  for (int row = first; step.action.texts.empty() && row < kPrgRecordCount; ++row) {
+    if (std::string text = RowText(row); text != List1.RowText(row)) List1.SetRowText(row, std::move(text));
+  }
   for (const EditTextShown& shown : step.action.texts) {
     if (shown.control == &List1) ShowAgain(List1, step.Shown(shown), shown.row);
   }
