@@ -16,7 +16,8 @@ namespace {
 constexpr std::string_view kMagic = "Zentaline journal";
 constexpr char kVersion = 1;
 
-constexpr std::size_t kHeadLength = 8;  // of a record: its length and its check sum
+constexpr std::size_t kHeadLength = 8;     // of a record: its length and its check sum
+constexpr std::size_t kUsualLength = 256;  // most are shorter
 
 // Of a record; nothing that the program keeps is near it.
 constexpr std::size_t kLongest = std::size_t{1} << 28;
@@ -30,7 +31,10 @@ constexpr int kQuickly = 1;  // zlib's level
 
 class Out {
  public:
-  explicit Out(char type) : bytes_(kHeadLength, '\0') { bytes_ += type; }
+  explicit Out(char type) : bytes_(kHeadLength, '\0') {
+    bytes_.reserve(kUsualLength);
+    bytes_ += type;
+  }
 
   void Byte(int value) { bytes_ += static_cast<char>(value); }
   void Number(std::uint64_t value, int length) {

@@ -132,6 +132,38 @@ TEST_F(Dialogs, AFileIsReplacedOnlyAfterAYes) {
   EXPECT_EQ(answer.path, Path("song.arr"));
 }
 
+TEST_F(Dialogs, WhatElseAnAnswerWouldTouchIsListedAndAskedFor) {
+  request.save = true;
+  request.default_extension = "arr";
+  std::vector<std::pair<std::string, int>> answers;
+  request.also_touched = [&](const std::string& path, int filter) {
+    answers.emplace_back(path, filter);
+    return std::vector<std::string>{"new.sty", "new.ARR"};
+  };
+  std::vector<std::string> asked;
+  const auto answer_box = [&asked](QMessageBox::ButtonRole role) {
+    QTimer::singleShot(0, [&asked, role] {
+      auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      asked.push_back(FromQt(box->text()));
+      for (QAbstractButton* button : box->buttons()) {
+        if (box->buttonRole(button) == role) return button->click();
+      }
+    });
+  };
+  const FileDialogAnswer answer = Run([&] {
+    answer_box(QMessageBox::NoRole);
+    Type("new.arr");
+    EXPECT_NE(Dialog(), nullptr) << "after a no the dialog stays";
+    answer_box(QMessageBox::YesRole);
+    Type("new.arr");
+  });
+  EXPECT_EQ(asked,
+            std::vector<std::string>(2, "These files would be replaced or removed as well:\nnew.sty\nnew.ARR\nGo on?"));
+  EXPECT_EQ(answer.path, Path("new.arr"));
+  EXPECT_EQ(answers, (std::vector<std::pair<std::string, int>>(2, {Path("new.arr"), 1})));
+}
+
 TEST_F(Dialogs, TheDialogSpeaksTheProgramsLanguage) {
   toolkit.SetWordSource(ItalianWords);
   const auto own_word = [] { return QCoreApplication::translate("QFileSystemModel", "Date Modified"); };
