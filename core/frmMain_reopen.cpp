@@ -4,9 +4,9 @@
 
 #include "core/application.h"
 #include "core/frmMain.h"
-#include "core/journal_recovery.h"
 #include "core/window_image.h"
 #include "files/api.h"
+#include "files/recovery.h"
 
 namespace zentaline {
 

@@ -8,9 +8,9 @@
 
 #include "core/file_reading.h"
 #include "core/journal_format.h"
-#include "core/journal_recovery.h"
 #include "core/window_image.h"
 #include "files/api.h"
+#include "files/recovery.h"
 #include "tests/files/save_desk.h"
 
 namespace zentaline::test {

@@ -161,7 +161,7 @@ TEST_F(Dialogs, WhatElseAnAnswerWouldTouchIsListedAndAskedFor) {
   EXPECT_EQ(asked,
             std::vector<std::string>(2, "These files would be replaced or removed as well:\nnew.sty\nnew.ARR\nGo on?"));
   EXPECT_EQ(answer.path, Path("new.arr"));
-  EXPECT_EQ(answers, (std::vector<std::pair<std::string, int>>(2, {Path("new.arr"), 1})));
+  EXPECT_EQ(answers, (std::vector<std::pair<std::string, int>>(2, {Path("new.arr"), request.filter})));
 }
 
 TEST_F(Dialogs, TheDialogSpeaksTheProgramsLanguage) {

@@ -1,4 +1,4 @@
-#include "core/journal_recovery.h"
+#include "files/recovery.h"
 
 #include <algorithm>
 #include <string>
