@@ -129,7 +129,7 @@ TEST_F(MainWindowTest, EntriesHangWhereTheyBelong) {
       {mnuPreferenze,
        {mnuLingua, mnuMIDIOut, mnuMIDIIn, mnuMIDIThru, mnuMIDI, mnuCaricaArr, mnuCaricaSty, mnuCaricaStyNuovoArr,
         mnuCaricaPrg, mnuAutoPrgSel, mnuRdOnly, mnuVisBarraStato, mnuAddi40DBArr}},
-      {mnuWindow, {mnuBloccoNote, mnuWCascade}},
+      {mnuWindow, {mnuBloccoNote, mnuWCascade, mnuWTile}},
       {mnuHelp, {mnuGuida, mnuInfo}},
   };
   const auto program = Run();
@@ -137,6 +137,8 @@ TEST_F(MainWindowTest, EntriesHangWhereTheyBelong) {
   for (const auto& [menu, children] : tree) {
     std::vector<const ui::MenuEntry*> expected;
     for (const MenuId child : children) expected.push_back(&main.Menu(child));
+    // The open windows stand below the menu's own entries.
+    for (int i = 0; menu == mnuWindow && i < kMostWindows; ++i) expected.push_back(&main.mnuWindowList(i));
     const auto& entries = main.Menu(menu).entries();
     EXPECT_EQ(std::vector<const ui::MenuEntry*>(entries.begin(), entries.end()), expected) << main.Menu(menu).name();
   }
