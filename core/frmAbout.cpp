@@ -9,6 +9,7 @@ namespace zentaline {
 
 frmAbout::frmAbout(Application& app) : Form(app.toolkit, ui::FormKind::kModal, "frmAbout"), app_(app) {
   layout = ui::Column({ui::Item(Label1), ui::Item(Label2), ui::Space(), ui::Row({ui::Space(), ui::Item(cmdOK)})});
+  Label1.wraps = Label2.wraps = true;
   default_button = cancel_button = &cmdOK;
   cmdOK.on_click = [this] { Close(); };
 }

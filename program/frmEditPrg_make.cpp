@@ -218,6 +218,7 @@ using ui::Space;
 using ui::Tight;
 
 constexpr ui::Size kNameSize = {18, 1};
+constexpr ui::Size kWaveformSize = {16, 1};
 constexpr ui::Size kSoundSize = {17, 1};
 constexpr ui::Size kBarSize = {7, 1};
 constexpr ui::Size kValueSize = {4, 1};
@@ -286,6 +287,7 @@ Layout frmEditPrg::CommonPage() {
     return Row({Item(MakeLabel("OSC-" + std::to_string(oscillator) + " M/D SOUND")), Item(BasText[oscillator], 1),
                 Item(BasVScroll[oscillator])});
   };
+  BasCombo[8].least_characters = kWaveformSize;
   const auto lists = [this](std::initializer_list<int> indices) {
     std::vector<Layout> cells;
     for (const int index : indices) {

@@ -92,6 +92,7 @@ class FieldLabel : public QLabel {
   void Shorten() {
     const QString shown = fontMetrics().elidedText(whole_, Qt::ElideMiddle, contentsRect().width() - 2 * margin());
     if (shown != text()) setText(shown);
+    setAccessibleName(whole_);
     setToolTip(shown == whole_ ? tool_tip_ : tool_tip_.isEmpty() ? whole_ : tool_tip_ + u'\n' + whole_);
   }
   QString whole_;

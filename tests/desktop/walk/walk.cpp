@@ -18,6 +18,7 @@
 #include <functional>
 #include <string>
 
+#include "arrangement/db_format.h"
 #include "base/posix_disk.h"
 #include "core/application.h"
 #include "core/main_window.h"
@@ -133,6 +134,10 @@ class Walk {
     fs::copy(wanted.factory, folder_.Path(), fs::copy_options::recursive);
     folder_.Put("Hall.gbl", GlobalFile());
     folder_.Put("Stage.bsq", BackSequences());
+    Bytes database = NewDatabase();
+    PutDBDirectory(database, folder_.Path());
+    DBAddEntry(database, "Night Train");
+    folder_.Put("i40DBArr", database);
   }
 
   bool Go() {
@@ -149,12 +154,16 @@ class Walk {
 
     for (const MenuId entry :
          {MenuId::mnuArrA, MenuId::mnuArrB, MenuId::mnuStyA, MenuId::mnuStyB, MenuId::mnuWProgA, MenuId::mnuDrum,
-          MenuId::mnuPerc, MenuId::mnuMsgEx, MenuId::mnuMIDI, MenuId::mnuTastiera, MenuId::mnuBloccoNote,
-          MenuId::mnuGuida, MenuId::mnuNuovoArr, MenuId::mnuNuovoSty, MenuId::mnuNuovoPrg, MenuId::mnuWFindID}) {
+          MenuId::mnuPerc, MenuId::mnuMsgEx, MenuId::mnuMIDI, MenuId::mnuTastiera, MenuId::mnuGuida,
+          MenuId::mnuNuovoArr, MenuId::mnuNuovoSty, MenuId::mnuNuovoPrg, MenuId::mnuWFindID, MenuId::mnuWEditDBArr}) {
       Open(Menu(entry).name(), [&] { Menu(entry).UserPress(); });
       CloseAll();
     }
     Menu(MenuId::mnuInfo).UserPress();
+    // The notebook's entry is there beside another window.
+    Open("mnuArrA", [&] { Menu(MenuId::mnuArrA).UserPress(); });
+    Open("mnuBloccoNote", [&] { Menu(MenuId::mnuBloccoNote).UserPress(); });
+    CloseAll();
     Open("Hall.gbl", [&] { File("Hall.gbl", MenuId::mnuApriGbl); });
     CloseAll();
     Open("Stage.bsq", [&] { File("Stage.bsq", MenuId::mnuApriBSQ); });
