@@ -88,6 +88,9 @@ class Looker {
     if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
       // Fields of a strip are as wide as their share, whatever they hold.
       const bool shares = label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+      if (shares && label->text().size() < std::min<qsizetype>(label->accessibleName().size(), 3)) {
+        Found(*label, "shows nothing of \"" + label->accessibleName().toStdString() + "\"");
+      }
       if (!label->wordWrap() && !shares) Cut(*label, label->text(), label->contentsRect().width());
       if (label->height() < std::min(label->minimumSizeHint().height(), label->fontMetrics().height())) {
         Found(*label, "is too low for its text");
