@@ -15,6 +15,7 @@
 #include "arrangement/arr_format.h"
 #include "base/memory.h"
 #include "base/posix_disk.h"
+#include "bench/clipboard_files.h"
 #include "bench/measure.h"
 #include "bench/program.h"
 #include "core/application.h"
@@ -58,61 +59,19 @@ class TimedRecorder : public RecorderMidi {
   }
 };
 
-Bytes ArrFile(int count) {
-  Bytes file = NewArrFile();
-  for (int i = 0; i < count; ++i) {
-    const std::size_t place = kArrHeaderLength + kArrRecordLength * static_cast<std::size_t>(i);
-    file.replace(place, kArrNameLength, Padded("Arrangement " + std::to_string(i), kArrNameLength));
-    file[place + arr_record::kStyleNumber] = static_cast<char>(i % kStyEntryCount);
-    file[place + arr_record::kStyleLocation] = kUserStyleLocation;
-  }
-  return file;
-}
-
-Bytes Styles() {
-  constexpr std::size_t kLength = 18000;  // four of them fit in a group
-  Bytes file = Bytes("KORG\x4D\x00\x04\x01", 8) + Bytes(216, '\0');
-  for (int e = 0; e < kStyEntryCount; ++e) {
-    const std::size_t place = kStySizeOffset + 4 * static_cast<std::size_t>(e);
-    file[place] = static_cast<char>(kLength % 256);
-    file[place + 1] = static_cast<char>(kLength / 256);
-    file +=
-        Padded("Style " + std::to_string(e), kStyNameLength) + Bytes(kLength - kStyNameLength, static_cast<char>(e));
-  }
-  return file;
-}
-
-Bytes Template() {
-  Bytes file = Bytes("KORG\x4D\x00\x04\x01", 8) + Bytes(kStyTemplateLength - 8, '\0');
-  for (std::size_t e = 0; e < kStyGroupEntries; ++e) {
-    file[kStySizeOffset + 4 * e] = static_cast<char>(kStyTemplateEntryLength % 256);
-    file[kStySizeOffset + 4 * e + 1] = static_cast<char>(kStyTemplateEntryLength / 256);
-  }
-  return file;
-}
-
 Bytes PrgFile() {
   Bytes file = Bytes("KORG\x4D\0\0\x01", 8) + Bytes(kPrgFileLength - 8, '\0');
   PutBytes(file, kPrgHeaderLength + 1, Padded("First", kArrNameLength));
   return file;
 }
 
-class AnsweringToolkit : public StartingToolkit {
- public:
-  std::string file;
-
-  ui::FileDialogAnswer FileDialog(const ui::FileDialogRequest& request) override {
-    return {false, file, request.filter, false};
-  }
-};
-
 class Desk {
  public:
   Desk() : app(toolkit, midi, disk_, folder_.Path()) {
     folder_.Put("i40Sty", Template());
-    folder_.Put("Full.arr", ArrFile(kArrRecordCount));
+    folder_.Put("Full.arr", Arrangements(kArrRecordCount));
     folder_.Put("Full.sty", Styles());
-    folder_.Put("Empty.arr", ArrFile(0));
+    folder_.Put("Empty.arr", Arrangements(0));
     midi.SetOuts({"Out"});
     app.Start();
     toolkit.RunChain([this] { return app.Starting(); });
@@ -120,7 +79,7 @@ class Desk {
   }
 
   ui::Form& Arrangement() {
-    app.arrangement.ArrFileImage = ArrFile(1);
+    app.arrangement.ArrFileImage = Arrangements(1);
     OpenArrEditor(app, OpenArrWindow(app, 1, folder_.Path("Song"), false), 0);
     return *toolkit.active_child();
   }
@@ -284,6 +243,7 @@ void MeasurePaste() {
     ChildWindow& window = desk.OpenFileWindow("Empty.arr");
     const std::size_t before = window.window_image().size();
     pastes.push_back(press(MenuId::mnuIncolla));
+    if (window.window_image().size() < kStyEntryCount * kStyleLength) Fail("not all was pasted");
     backs.push_back(press(MenuId::mnuAnnulla));
     if (window.window_image().size() != before) Fail("not all was taken back");
     window.CloseWithoutAsking();
