@@ -93,7 +93,8 @@ void Undo::Step(bool back) {
   const std::size_t before = edits.standing();
   Move(*next, back);
   if (of_database && !WriteDatabaseStep(app_)) return Move(*next, !back);
-  const auto [first, last] = std::minmax(before, edits.standing());
+  const std::size_t first = std::min(before, edits.standing());
+  const std::size_t last = std::max(before, edits.standing());
   for (std::size_t i = first; i < last; ++i) edits.SetTrueMarks(edits.actions()[i]);
   // What saves did by themselves, as with styles that nobody used.
   for (std::size_t i = first; i < last; ++i) {
