@@ -17,7 +17,7 @@ JournalWindow Window(std::uint32_t id, char filling = 'i') {
   window.kind = 19;
   window.number = static_cast<int>(id);
   window.has_file = true;
-  window.path = "/home/songs/song" + std::to_string(id);
+  window.path = "songs/song" + std::to_string(id);
   window.files = {{"arr", {true, 10528, 0x12345678}}, {"sty", {}}};
   window.image = Bytes(270, '\0') + Bytes(100, filling);
   return window;
