@@ -15,29 +15,19 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabWidget>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "base/posix_disk.h"
+#include "bench/desk.h"
 #include "bench/measure.h"
-#include "core/application.h"
-#include "core/main_window.h"
-#include "midi/virtual/virtual_midi.h"
-#include "tests/support/scratch_folder.h"
 #include "ui/picture.h"
-#include "ui/qt/long_sender.h"
-#include "ui/qt/toolkit.h"
-#include "ui/qt/view.h"
 
 namespace {
 
 using zentaline::ui::ControlKind;
-namespace fs = std::filesystem;
 using namespace zentaline::bench;
 
 constexpr int kRounds = 31;
@@ -62,33 +52,6 @@ class FirstFrame : public QObject {
   }
 };
 
-// Answers what the program asks at its first start.
-class StartingToolkit : public zentaline::ui::qt::QtToolkit {
- public:
-  zentaline::ui::BoxAnswer MessageBox(zentaline::ui::BoxStyle, const std::string&, const std::string&) override {
-    return zentaline::ui::BoxAnswer::kOk;
-  }
-
- protected:
-  void RunModal(zentaline::ui::Form& form) override {
-    static_cast<zentaline::ui::OptionButton*>(form.Find("Option1", 1))->UserPress();
-    static_cast<zentaline::ui::Button*>(form.Find("CommOK"))->UserPress();
-  }
-};
-
-void Settle() {
-  for (int i = 0; i < 20; ++i) {
-    QApplication::processEvents();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-}
-
-bool WaitUntil(const std::function<bool()>& done) {
-  const Clock::time_point begin = Clock::now();
-  while (!done() && Clock::now() - begin < std::chrono::seconds(20)) QApplication::processEvents();
-  return done();
-}
-
 // Milliseconds from `open` to the frame that shows what it has opened.
 double Measure(const std::function<void()>& open) {
   Settle();
@@ -100,10 +63,6 @@ double Measure(const std::function<void()>& open) {
     std::exit(1);
   }
   return Nanoseconds(Clock::now() - begin) / 1e6;
-}
-
-QWidget* WidgetOf(const zentaline::ui::Control& control) {
-  return control.view == nullptr ? nullptr : static_cast<zentaline::ui::qt::View*>(control.view)->widget();
 }
 
 // What stands on the pages of the editor, and around them.
@@ -188,48 +147,6 @@ QMdiSubWindow* OpenPlain(QMdiArea& area, const Kinds& kinds, const QRect& place)
   window->show();
   return window;
 }
-
-// The program on the desktop, with its examples.
-class Desk {
- public:
-  Desk() : sender_(toolkit, service_), program(toolkit, sender_, disk_, folder_.Path()) {
-    fs::copy(fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "zentaline", folder_.Path(),
-             fs::copy_options::recursive);
-  }
-
-  bool Start() {
-    if (!program.Start()) return false;
-    // Room for a bank and an editor side by side.
-    toolkit.windows().main()->window()->resize(1900, 1000);
-    return true;
-  }
-  // The window of an example, its list on a row; null when it doesn't come.
-  zentaline::ui::Form* Open(const char* file, int row) {
-    const std::size_t before = toolkit.forms().size();
-    program.main->OpenWhenReady({folder_.Path(std::string("examples/") + file)});
-    if (!WaitUntil([&] { return toolkit.forms().size() == before + 1; })) return nullptr;
-    zentaline::ui::Form* opened = toolkit.forms().back();
-    static_cast<zentaline::ui::ListBox*>(opened->Find("List1"))->UserSelect({row});
-    Settle();
-    return opened;
-  }
-  QMdiArea& area() { return *toolkit.windows().main()->area(); }
-  QWidget* FrameOf(const zentaline::ui::Form& form) { return toolkit.windows().Of(form)->frame(); }
-
- private:
-  const zentaline::test::ScratchFolder folder_;
-  zentaline::VirtualMidi service_;
-  zentaline::PosixDisk disk_;
-
- public:
-  StartingToolkit toolkit;
-
- private:
-  zentaline::ui::qt::LongSender sender_;
-
- public:
-  zentaline::Application program;
-};
 
 QPushButton* EditButton(const zentaline::ui::Form& source) {
   auto* button = qobject_cast<QPushButton*>(WidgetOf(*source.Find("CommEdit")));
