@@ -68,5 +68,32 @@ TEST(Placing, AWindowThatLiesOutsideCountsAsFarAsItIsSeen) {
   EXPECT_EQ(Covered(found, beyond), 0);
 }
 
+TEST(Placing, OverAWindowThatFillsTheAreaItLeavesTheTitleInSight) {
+  const Placement list{0, 0, 1000, 600};
+  EXPECT_EQ(PlaceInArea(kArea, {500, 400}, &list), (Placement{500, 28, 500, 400}));
+  const Placement wide{0, 0, 1000, 600};
+  const Placement found = PlaceInArea(kArea, {1000, 400}, &wide);
+  EXPECT_GE(found.top, 28);
+  EXPECT_TRUE(Inside(found));
+}
+
+TEST(Placing, WhatIsAsHighAsTheAreaGivesUpTheHeightOfTheTitle) {
+  const Placement list{0, 0, 1000, 600};
+  EXPECT_EQ(PlaceInArea(kArea, {900, 600}, &list, 200), (Placement{100, 28, 900, 572}));
+  EXPECT_EQ(PlaceInArea(kArea, {1000, 590}, &list, 572), (Placement{0, 28, 1000, 572}));
+  // Not where it would fall below its least height, nor where it may not be shortened.
+  EXPECT_EQ(PlaceInArea(kArea, {1000, 600}, &list, 573), (Placement{0, 0, 1000, 600}));
+  EXPECT_EQ(PlaceInArea(kArea, {1000, 600}, &list), (Placement{0, 0, 1000, 600}));
+  // Nor where enough of the title is left beside it.
+  EXPECT_EQ(PlaceInArea(kArea, {880, 600}, &list, 200), (Placement{120, 0, 880, 600}));
+  EXPECT_EQ(PlaceInArea(kArea, {881, 600}, &list, 200), (Placement{119, 28, 881, 572}));
+}
+
+TEST(Placing, OfALowWindowNoMoreIsCoveredForTheSakeOfItsTitle) {
+  // The place that covers least hides no title, wherever it lies.
+  const Placement list{0, 0, 1000, 300};
+  EXPECT_EQ(PlaceInArea(kArea, {1000, 400}, &list, 100), (Placement{0, 200, 1000, 400}));
+}
+
 }  // namespace
 }  // namespace zentaline::ui

@@ -403,8 +403,9 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
     window_->resize(hint.boundedTo(room).expandedTo(window_->minimumSizeHint()));
     const bool beside = belongs_to != nullptr && belongs_to->placement().state == WindowState::kNormal;
     const Placement found =
-        PlaceInArea(SizeOf(room), SizeOf(window_->size()), beside ? &belongs_to->placement() : nullptr);
-    window_->move(found.left, found.top);
+        PlaceInArea(SizeOf(room), SizeOf(window_->size()), beside ? &belongs_to->placement() : nullptr,
+                    window_->minimumSizeHint().height());
+    window_->setGeometry(found.left, found.top, found.width, found.height);
   }
   Place(place);
 }
