@@ -4,6 +4,9 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTimer>
 #include <optional>
@@ -72,6 +75,42 @@ TEST_F(Hands, TheHandleOfAnUprightBarIsAtTheTopForTheGreatestValue) {
   EXPECT_LE(Upright()->HandlePlace().top(), 2);
   child->VScroll1.SetValue(0);
   EXPECT_GE(Upright()->HandlePlace().bottom(), Upright()->height() - 4);
+}
+
+// A page of upright bars, as an editor has it.
+class ToyStrips : public Form {
+ public:
+  explicit ToyStrips(Toolkit& the_toolkit) : Form(the_toolkit, FormKind::kChild, "frmStrips") {
+    Bar.vertical = true;
+    Bar.SetRange(127, 0);
+    Tabs1.captions = {"Desk"};
+    Layout page = Row({Column({Item(Name), Item(Bar, 1), Item(List)}, 1)}, 1);
+    page.scrolls = true;
+    layout = Column({Pages(Tabs1, {std::move(page)})});
+  }
+  Label Name{*this, "Name"};
+  ScrollBar Bar{*this, "Bar"};
+  ComboBox List{*this, "List"};
+  Tabs Tabs1{*this, "Tabs1"};
+};
+
+TEST_F(Hands, AnUprightBarUsesTheHeightThatIsThereAndItsPageScrollsRatherThanShortenIt) {
+  auto& form = static_cast<ToyStrips&>(toolkit.Open(std::make_unique<ToyStrips>(toolkit)));
+  toolkit.windows().main()->window()->resize(900, 900);
+  Settle();
+  const auto* bar = Widget<Fader>(form.Bar);
+  const auto* page = Frame(form)->findChild<QTabWidget*>()->findChild<QScrollArea*>();
+  ASSERT_NE(page, nullptr);
+  Frame(form)->resize(300, 700);
+  Settle();
+  EXPECT_GT(bar->height(), 400);
+  EXPECT_EQ(page->verticalScrollBar()->maximum(), 0);
+  for (const int height : {220, 200, 180}) {
+    Frame(form)->resize(300, height);
+    Settle();
+    EXPECT_EQ(bar->height(), 120) << height;
+    EXPECT_GT(page->verticalScrollBar()->maximum(), 0) << height;
+  }
 }
 
 class ToyRecord : public Form {
@@ -249,6 +288,24 @@ TEST_F(Hands, AWindowWithoutAPlaceOpensBesideTheOneInFront) {
   auto& form = static_cast<ToyRecord&>(toolkit.Open(std::make_unique<ToyRecord>(toolkit)));
   Settle();
   EXPECT_FALSE(Frame(form)->geometry().intersects(Frame(*child)->geometry()));
+}
+
+TEST_F(Hands, AWindowOverOneThatFillsTheAreaLeavesItsTitleInReach) {
+  toolkit.windows().main()->window()->resize(700, 600);
+  Settle();
+  QWidget* owner = Frame(*child);
+  owner->setGeometry(owner->parentWidget()->rect());
+  Settle();
+  auto large = std::make_unique<ToyRecord>(toolkit);
+  large->Other.multi_line = true;
+  large->Other.least_characters = {300, 60};
+  const auto& form = static_cast<ToyRecord&>(toolkit.Open(std::move(large)));
+  Settle();
+  const QWidget* frame = Frame(form);
+  const int title = owner->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, owner);
+  EXPECT_GE(frame->y(), title);
+  EXPECT_TRUE(owner->parentWidget()->rect().contains(frame->geometry()));
+  EXPECT_EQ(owner->parentWidget()->childAt(40, title / 2), owner) << "a click there brings it to the front";
 }
 
 TEST_F(Hands, MaximisingAndRestoringKeepTheFocus) {

@@ -16,8 +16,7 @@ namespace zentaline::ui::qt {
 
 namespace {
 
-constexpr int kLeastLength = 120;  // pixels: long enough to aim at a value
-constexpr int kLeastHeight = 72;   // a window has less room to give in its height
+constexpr int kLeastLength = 120;  // pixels: long enough to aim at a value; a page that is lower scrolls
 constexpr int kThickness = 18;
 constexpr int kHandle = 12;  // along the groove
 constexpr int kGroove = 4;
@@ -89,7 +88,7 @@ QSize Fader::sizeHint() const {
 }
 
 QSize Fader::minimumSizeHint() const {
-  return Upright() ? QSize(kThickness, kLeastHeight) : sizeHint();
+  return sizeHint();
 }
 
 // --- Places ---
