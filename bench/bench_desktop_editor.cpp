@@ -21,14 +21,18 @@
 #include <string>
 #include <vector>
 
-#include "bench/desk.h"
 #include "bench/measure.h"
+#include "tests/support/desktop.h"
 #include "ui/picture.h"
 
 namespace {
 
 using zentaline::ui::ControlKind;
 using namespace zentaline::bench;
+using zentaline::test::Desktop;
+using zentaline::test::Settle;
+using zentaline::test::WaitUntil;
+using zentaline::test::WidgetOf;
 
 constexpr int kRounds = 31;
 constexpr double kLimit = 1.5;
@@ -153,7 +157,7 @@ QPushButton* EditButton(const zentaline::ui::Form& source) {
   return button != nullptr && button->isEnabled() ? button : nullptr;
 }
 
-bool MeasureOpening(Desk& desk, const zentaline::ui::Form& source, const char* name, const char* text) {
+bool MeasureOpening(Desktop& desk, const zentaline::ui::Form& source, const char* name, const char* text) {
   QPushButton* button = EditButton(source);
   if (button == nullptr) return false;
   const std::size_t before = desk.toolkit.forms().size();
@@ -205,7 +209,7 @@ class Paints : public QObject {
 };
 
 // From program to program by the rows of the bank; each is waited for until the editor has painted it.
-bool MeasureRows(Desk& desk, zentaline::ui::Form& bank, const zentaline::ui::Form& editor) {
+bool MeasureRows(Desktop& desk, zentaline::ui::Form& bank, const zentaline::ui::Form& editor) {
   auto& list = *static_cast<zentaline::ui::ListBox*>(bank.Find("List1"));
   QWidget* frame = desk.FrameOf(editor);
   desk.FrameOf(bank)->move(0, 0);
@@ -263,7 +267,7 @@ bool MeasurePicture(const zentaline::ui::Form& editor) {
 }
 
 bool Run() {
-  Desk desk;
+  Desktop desk;
   if (!desk.Start()) return false;
   const zentaline::ui::Form* arrangements = desk.Open("First Steps.arr", 19);
   if (arrangements == nullptr ||

@@ -19,14 +19,18 @@
 #include <string>
 #include <vector>
 
-#include "bench/desk.h"
 #include "bench/measure.h"
+#include "tests/support/desktop.h"
 #include "ui/strips.h"
 
 namespace {
 
 using namespace zentaline;
 using namespace zentaline::bench;
+using zentaline::test::Desktop;
+using zentaline::test::Settle;
+using zentaline::test::WaitUntil;
+using zentaline::test::WidgetOf;
 
 constexpr double kFrame = 16;                            // milliseconds
 constexpr auto kRepeat = std::chrono::milliseconds(33);  // thirty times a second, as keyboards do
@@ -84,14 +88,14 @@ void Print(const char* name, const Frames& frames, double empty, const char* tex
 }
 
 // Wide enough for columns of eight; false when they don't come.
-bool StandsInColumns(Desk& desk, const ui::Form& window, const QListView& list) {
+bool StandsInColumns(Desktop& desk, const ui::Form& window, const QListView& list) {
   desk.FrameOf(window)->setGeometry(0, 0, 1880, 700);
   Settle();
   return list.isWrapping() && list.model()->rowCount() == kRows;
 }
 
 // All rows, down and up, then along the columns: what a hand does that looks for a song.
-bool MeasureList(Desk& desk, ui::Form& window) {
+bool MeasureList(Desktop& desk, ui::Form& window) {
   auto& rows = *static_cast<ui::ListBox*>(window.Find("List1"));
   auto* list = qobject_cast<QListView*>(WidgetOf(rows));
   if (list == nullptr || !StandsInColumns(desk, window, *list)) return false;
@@ -114,7 +118,7 @@ bool MeasureList(Desk& desk, ui::Form& window) {
 }
 
 // From the first strip to the last and back, from each kind of control that a strip has.
-bool MeasureStrips(Desk& desk, ui::Form& editor) {
+bool MeasureStrips(Desktop& desk, ui::Form& editor) {
   if (!static_cast<ui::Tabs*>(editor.Find("SSTab1"))->UserSet(1)) return false;
   desk.FrameOf(editor)->setGeometry(0, 0, 1500, 800);
   const double empty = EmptyFrame(desk.area(), desk.FrameOf(editor)->geometry(), Qt::Key_Right, Qt::AltModifier);
@@ -141,7 +145,7 @@ bool MeasureStrips(Desk& desk, ui::Form& editor) {
 }
 
 bool Run() {
-  Desk desk;
+  Desktop desk;
   if (!desk.Start()) return false;
   // Each row that is passed is heard.
   auto* output = static_cast<ui::MenuEntry*>(desk.program.main->Find("mnuDevMIDIOut", 0));

@@ -361,6 +361,38 @@ TEST_F(Controls, WhereNothingScrollsTheWheelMovesTheBarUnderThePointer) {
   EXPECT_THAT(log, ElementsAre("bar 1"));
 }
 
+// Turns the wheel as the one of a mouse does, which may take the focus along.
+void TurnWheel(QWidget* widget) {
+  const QPointF place = QRectF(widget->rect()).center();
+  QWheelEvent event(place, widget->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                    false);
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  qApp->notify(widget, &event);
+}
+
+TEST_F(Controls, TheWheelThatScrollsAPageTakesNoFocusAndChoosesNoRow) {
+  child->Combo1.ShowRow(0);
+  child->Combo2.ShowRow(0);
+  auto* text = Widget<QLineEdit>(child->Text1);
+  text->setFocus();
+  Settle();
+  log.clear();
+  auto* typed = Widget<QComboBox>(child->Combo2);
+  for (QWidget* widget : {static_cast<QWidget*>(Widget<QComboBox>(child->Combo1)), static_cast<QWidget*>(typed),
+                          static_cast<QWidget*>(typed->lineEdit())}) {
+    TurnWheel(widget);
+    TurnWheel(widget);
+    Settle();
+    EXPECT_EQ(QApplication::focusWidget(), text);
+  }
+  EXPECT_THAT(log, IsEmpty());
+  // Where the focus is it does.
+  Widget<QComboBox>(child->Combo1)->setFocus();
+  log.clear();
+  TurnWheel(Widget<QComboBox>(child->Combo1));
+  EXPECT_THAT(log, ElementsAre("combo 1"));
+}
+
 TEST_F(Controls, AScrollBarWhoseGreaterValueIsAtTheTopRunsDownwards) {
   auto* bar = Widget<Fader>(child->VScroll1);
   child->VScroll1.SetValue(100);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionFocusRect>
@@ -138,11 +139,33 @@ class Combo : public QComboBox {
   }
 };
 
+// What was typed into a list is taken back in it; what was chosen from it, by the program.
+class ListLine : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::ShortcutOverride) {
+      const auto& key = *static_cast<QKeyEvent*>(event);
+      const bool nothing = (key.matches(QKeySequence::Undo) && !isUndoAvailable()) ||
+                           (key.matches(QKeySequence::Redo) && !isRedoAvailable());
+      if (nothing) {
+        event->ignore();
+        return false;
+      }
+    }
+    return QLineEdit::event(event);
+  }
+};
+
 class ComboBoxView : public View {
  public:
   ComboBoxView(ComboBox& box, Gate& gate, QWidget* parent)
       : View(box, gate, new Combo(parent)), box_(box), widget_(static_cast<Combo*>(View::widget())) {
     if (box.editable) GiveLine();
+    // Else the wheel that scrolls a page would leave the focus, and its next turns, to the lists that pass below it.
+    widget_->setFocusPolicy(Qt::StrongFocus);
     widget_->setInsertPolicy(QComboBox::NoInsert);
     widget_->setMaxVisibleItems(24);
     widget_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -166,7 +189,9 @@ class ComboBoxView : public View {
     }
     if (change != Change::kRows && change != Change::kRow) return;
     widget_->shown = ToQt(box_.text());
-    widget_->setCurrentIndex(box_.row());
+    // A text that is being typed keeps its place and what can be taken back of it: the row would write another one.
+    const bool typed = widget_->isEditable() && change == Change::kRow && widget_->lineEdit()->text() == widget_->shown;
+    if (!typed || widget_->itemText(box_.row()) == widget_->shown) widget_->setCurrentIndex(box_.row());
     if (widget_->isEditable() && widget_->lineEdit()->text() != widget_->shown) {
       widget_->lineEdit()->setText(widget_->shown);
     }
@@ -190,7 +215,7 @@ class ComboBoxView : public View {
       none = new QCompleter(qApp);
       none->setObjectName(QLatin1String(kName));
     }
-    auto* line = new QLineEdit(widget_);
+    auto* line = new ListLine(widget_);
     line->setCompleter(none);
     widget_->setLineEdit(line);
     line->setCompleter(nullptr);

@@ -1,4 +1,4 @@
-// The whole program on the desktop, for benchmarks of its windows.
+// The whole program on the desktop, with its factory files and an instrument, for tests and benchmarks of its windows.
 #pragma once
 
 #include <QApplication>
@@ -12,7 +12,6 @@
 #include <string>
 
 #include "base/posix_disk.h"
-#include "bench/measure.h"
 #include "core/application.h"
 #include "core/main_window.h"
 #include "midi/virtual/virtual_midi.h"
@@ -22,7 +21,7 @@
 #include "ui/qt/toolkit.h"
 #include "ui/qt/view.h"
 
-namespace zentaline::bench {
+namespace zentaline::test {
 
 // Answers what the program asks at its first start.
 class StartingToolkit : public ui::qt::QtToolkit {
@@ -44,6 +43,7 @@ inline void Settle() {
 }
 
 inline bool WaitUntil(const std::function<bool()>& done) {
+  using Clock = std::chrono::steady_clock;
   const Clock::time_point begin = Clock::now();
   while (!done() && Clock::now() - begin < std::chrono::seconds(20)) QApplication::processEvents();
   return done();
@@ -54,14 +54,15 @@ inline QWidget* WidgetOf(const ui::Control& control) {
 }
 
 // The program on the desktop, with its examples.
-class Desk {
+class Desktop {
  public:
-  Desk() : sender_(toolkit, service_), program(toolkit, sender_, disk_, folder_.Path()) {
+  Desktop() : sender_(toolkit, service_), program(toolkit, sender_, disk_, folder_.Path()) {
     std::filesystem::copy(
         std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "zentaline",
         folder_.Path(), std::filesystem::copy_options::recursive);
   }
 
+  void Put(const std::string& name, const Bytes& bytes) { folder_.Put(name, bytes); }
   bool Start() {
     if (!program.Start()) return false;
     // Room for a bank and an editor side by side.
@@ -82,7 +83,7 @@ class Desk {
   QWidget* FrameOf(const ui::Form& form) { return toolkit.windows().Of(form)->frame(); }
 
  private:
-  const test::ScratchFolder folder_;
+  const ScratchFolder folder_;
   VirtualMidi service_;
   PosixDisk disk_;
 
@@ -96,4 +97,4 @@ class Desk {
   Application program;
 };
 
-}  // namespace zentaline::bench
+}  // namespace zentaline::test
