@@ -206,6 +206,13 @@ TEST_F(Hands, AListOf64StandsInColumnsOfEightWhereThereIsRoom) {
     EXPECT_TRUE(List()->viewport()->rect().contains(place(row).center())) << row;
   }
   EXPECT_GT(place(8).left(), place(0).left());
+  // No gaps: a click beside a text is on its row.
+  for (const int row : {0, 9, 63}) {
+    EXPECT_EQ(List()->RowAt(place(row).topLeft()), row);
+    EXPECT_EQ(List()->RowAt(place(row).bottomRight()), row);
+  }
+  EXPECT_EQ(place(0).bottom() + 1, place(1).top());
+  EXPECT_EQ(place(0).right() + 1, place(8).left());
   child->List1.SetRow(10);
   List()->setFocus();
   log.clear();
@@ -218,8 +225,13 @@ TEST_F(Hands, AListOf64StandsInColumnsOfEightWhereThereIsRoom) {
   log.clear();
   QTest::keyClick(List(), Qt::Key_Left);
   EXPECT_EQ(child->List1.Row(), 3) << "there is no column";
+  // They stay as long as there is room for their texts, and come back with it.
+  Resize({3000, 700});
+  EXPECT_GT(place(8).left(), place(0).left());
   Resize({600, 500});
   EXPECT_EQ(place(8).left(), place(0).left());
+  Resize({3000, 700});
+  EXPECT_GT(place(8).left(), place(0).left());
 }
 
 TEST_F(Hands, ATextThatIsNoRowGoesBackWhenTheFocusLeaves) {

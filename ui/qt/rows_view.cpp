@@ -7,6 +7,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "base/scoped_value.h"
 #include "ui/qt/convert.h"
 
 namespace zentaline::ui::qt {
@@ -20,9 +21,10 @@ constexpr int kRowsOfAPage = 10;
 constexpr int kBankRows = 64;  // these stand in columns of eight where there is room
 constexpr int kColumnRows = 8;
 constexpr int kBankColumns = kBankRows / kColumnRows;
-constexpr int kRowRoom = 2;   // pixels between two rows
-constexpr int kRoomyRow = 6;  // the same where other controls stand beside the rows
-constexpr int kGroupGap = 7;  // pixels between two groups, with a line in their middle
+constexpr int kColumnGap = 2;  // pixels from the line between two columns to the row
+constexpr int kRowRoom = 2;    // pixels between two rows
+constexpr int kRoomyRow = 6;   // the same where other controls stand beside the rows
+constexpr int kGroupGap = 7;   // pixels between two groups, with a line in their middle
 
 // A line that is seen on a light desktop and on a dark one, and louder on neither.
 QColor Between(const QColor& back, const QColor& text) {
@@ -63,6 +65,8 @@ class RowsView::RowPainter : public QStyledItemDelegate {
   RowPainter(RowsView& view) : QStyledItemDelegate(&view), view_(view) {}
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    // A row in columns is the whole of its place: it is marked as such, and a click beside its text is on it.
+    if (view_.InColumns() && !view_.measuring_) return view_.gridSize();
     QSize size = QStyledItemDelegate::sizeHint(option, index);
     if (view_.box_ != nullptr && view_.box_->fills_height) {
       size.setHeight(view_.PartOfHeight(index.row()));
@@ -74,9 +78,15 @@ class RowsView::RowPainter : public QStyledItemDelegate {
   }
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyleOptionViewItem row = option;
+    const QColor line = Between(row.palette.color(QPalette::Base), row.palette.color(QPalette::Text));
+    if (view_.InColumns() && index.row() >= kColumnRows) {
+      painter->setPen(line);
+      painter->drawLine(row.rect.topLeft(), row.rect.bottomLeft());
+      row.rect.setLeft(row.rect.left() + kColumnGap);
+    }
     if (BeginsGroup(index)) {
       const int middle = row.rect.top() + kGroupGap / 2;
-      painter->setPen(Between(row.palette.color(QPalette::Base), row.palette.color(QPalette::Text)));
+      painter->setPen(line);
       painter->drawLine(row.rect.left() + 2, middle, row.rect.right() - 2, middle);
       row.rect.setTop(row.rect.top() + kGroupGap);
     }
@@ -150,7 +160,7 @@ void RowsView::ShowColumns() {
   // Without the bars of a list that scrolls there is more room.
   const QSize room = maximumViewportSize();
   const int row = fontMetrics().height() + kRowRoom;
-  const bool fits = bank && room.width() >= kBankColumns * sizeHintForColumn(0) && room.height() >= kColumnRows * row;
+  const bool fits = bank && room.width() >= kBankColumns * WidestRow() && room.height() >= kColumnRows * row;
   setGridSize(fits ? QSize(room.width() / kBankColumns, room.height() / kColumnRows) : QSize());
   if (fits == InColumns()) return;
   setWrapping(fits);
@@ -176,9 +186,16 @@ int RowsView::LeastRowHeight() const {
   return fontMetrics().height() + kRoomyRow;
 }
 
+// By its text, also where the rows stand in columns.
+int RowsView::WidestRow() const {
+  const ScopedValue measuring(measuring_, true);
+  return sizeHintForColumn(0);
+}
+
 int RowsView::HeightOfRows(int rows) const {
   if (rows <= 0) return 0;
   if (box_ != nullptr && box_->fills_height) return rows * LeastRowHeight();
+  const ScopedValue measuring(measuring_, true);
   const int row = model()->rowCount() > 0 ? std::max(sizeHintForRow(0), 1) : fontMetrics().height() + kRowRoom;
   const int gaps = box_ != nullptr && box_->group_rows > 0 ? (rows - 1) / box_->group_rows : 0;
   return rows * row + gaps * kGroupGap;
@@ -187,7 +204,7 @@ int RowsView::HeightOfRows(int rows) const {
 QSize RowsView::sizeHint() const {
   const int widest = fontMetrics().averageCharWidth() * kWidestRow;
   const int rows = std::min(std::max(model()->rowCount(), kLeastRows), kShownRows);
-  const int width = std::min(std::max(sizeHintForColumn(0), fontMetrics().averageCharWidth() * 12), widest);
+  const int width = std::min(std::max(WidestRow(), fontMetrics().averageCharWidth() * 12), widest);
   return {width + 2 * frameWidth() + verticalScrollBar()->sizeHint().width() + 4,
           HeightOfRows(rows) + 2 * frameWidth() + 2};
 }

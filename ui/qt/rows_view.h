@@ -47,6 +47,7 @@ class RowsView : public QListView {
  private:
   class Rows;
   class RowPainter;
+  int WidestRow() const;
   int HeightOfRows(int rows) const;
   int PartOfHeight(int row) const;
   // A bank stands in columns, as on the instrument's panel, where there is room for all of them.
@@ -58,8 +59,9 @@ class RowsView : public QListView {
 
   ListBox* box_;
   Rows* rows_;
-  int anchor_ = 0;       // where a range begins
-  int dragged_to_ = -1;  // the row that the pressed mouse is on
+  mutable bool measuring_ = false;  // rows by their text, not by their place in a column
+  int anchor_ = 0;                  // where a range begins
+  int dragged_to_ = -1;             // the row that the pressed mouse is on
 };
 
 }  // namespace zentaline::ui::qt

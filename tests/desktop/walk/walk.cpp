@@ -6,6 +6,7 @@
 // FACTORY holds the factory files. At its least the main window is 480 by 320, else 1280 by 860. The scale is the
 // toolkit's own (QT_SCALE_FACTOR). The exit status is 1 when something was found; what, goes to standard output.
 #include <QApplication>
+#include <QListView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPalette>
@@ -29,6 +30,7 @@
 #include "ui/qt/convert.h"
 #include "ui/qt/long_sender.h"
 #include "ui/qt/toolkit.h"
+#include "ui/qt/view.h"
 
 namespace zentaline {
 namespace {
@@ -170,6 +172,7 @@ class Walk {
     CloseAll();
 
     Open("examples/First Steps.arr", [&] { File("examples/First Steps.arr", MenuId::mnuApriArr); });
+    SeeInColumns();
     Open("a row's editor", [&] { EditRow(0); });
     CloseAll();
     Open("examples/First Steps.sty", [&] { File("examples/First Steps.sty", MenuId::mnuApriSty); });
@@ -197,6 +200,30 @@ class Walk {
   void EditRow(int row) {
     auto& window = static_cast<ChildWindow&>(*toolkit_.active_child());
     window.ItemList()->UserDouble(row);
+  }
+
+  // The list in front, in a window that is wide enough for columns of eight.
+  void SeeInColumns() {
+    if (wanted_.least || toolkit_.active_child() == nullptr) return;
+    QWidget& main = *toolkit_.windows().main()->window();
+    const ui::Form& form = *toolkit_.active_child();
+    auto& list = *static_cast<ui::ListBox*>(form.Find("List1"));
+    auto& frame = *toolkit_.windows().Of(form)->frame();
+    const QSize before = main.size();
+    const QRect place = frame.geometry();
+    main.resize(1900, 860);
+    Settle();
+    frame.resize(1860, 500);
+    list.UserSelect({9});
+    eye_.See(form.FullName() + " columns", frame);
+    const auto* rows = static_cast<const QListView*>(static_cast<ui::qt::View*>(list.view)->widget());
+    if (!rows->isWrapping()) {
+      std::printf("%s: the list doesn't stand in columns\n", form.FullName().c_str());
+      complete_ = false;
+    }
+    frame.setGeometry(place);
+    main.resize(before);
+    Settle();
   }
 
   // A window must come by it.
