@@ -52,6 +52,7 @@ void frmEditArr::MakeRows() {
   ui::ComboBox& chooser = Combo1[kMapChooser];
   chooser.SetRows({kMapVariations.begin(), kMapVariations.end()});
   chooser.SetRow(0);
+  chooser.SetSaid("DDrumMap, Variation");
   chooser.editable = true;
   chooser.on_change = [this, &chooser] { TypeInList(chooser); };
   chooser.on_click = [this] { ChooseVariation(); };

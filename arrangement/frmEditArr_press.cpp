@@ -70,7 +70,7 @@ frmEditArr* Editor(const Application& app) {
 
 void frmEditArr::ConnectButtons() {
   for (int effect = 0; effect < 2; ++effect) {
-    EffComm[effect].SetSaid("Effect " + std::to_string(effect + 1));
+    EffComm[effect].SetSaid("Effect " + std::to_string(effect + 1) + ", On/Off");
     EffComm[effect].SetOn(true);
     EffComm[effect].SetCaption(kEffectOn);
     EffComm[effect].on_click = [this, effect] { PressEffectSwitch(effect); };

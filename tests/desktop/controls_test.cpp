@@ -1,4 +1,5 @@
 // Every kind of control on its real widget: what the model holds is shown, and what the user does reaches the model.
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -391,6 +392,63 @@ TEST_F(Controls, TheWheelThatScrollsAPageTakesNoFocusAndChoosesNoRow) {
   log.clear();
   TurnWheel(Widget<QComboBox>(child->Combo1));
   EXPECT_THAT(log, ElementsAre("combo 1"));
+}
+
+// A bar that says more than its number.
+class ToyShown : public ToyChild {
+ public:
+  ToyShown(Toolkit& the_toolkit, Log& the_log) : ToyChild(the_toolkit, the_log, "shown") {
+    HScroll1.shown = [](int value) { return value == 64 ? std::string("CNT") : std::to_string(value); };
+  }
+};
+
+QAccessibleInterface* Spoken(QWidget* widget) {
+  return QAccessible::queryAccessibleInterface(widget);
+}
+
+TEST_F(Controls, AScreenReaderHearsTheValueThatABarShows) {
+  child->VScroll1.SetValue(30);
+  QAccessibleInterface* bar = Spoken(Widget<Fader>(child->VScroll1));
+  ASSERT_NE(bar->valueInterface(), nullptr);
+  EXPECT_EQ(bar->role(), QAccessible::Slider);
+  EXPECT_EQ(bar->valueInterface()->currentValue().toInt(), 30) << "not the way from the top, where 100 is";
+  EXPECT_EQ(bar->valueInterface()->minimumValue().toInt(), 0);
+  EXPECT_EQ(bar->valueInterface()->maximumValue().toInt(), 100);
+  EXPECT_EQ(bar->text(QAccessible::Value), "30");
+  log.clear();
+  bar->valueInterface()->setCurrentValue(70);
+  bar->valueInterface()->setCurrentValue(101);
+  EXPECT_THAT(log, ElementsAre("vbar 70"));
+  EXPECT_EQ(child->VScroll1.value(), 70);
+}
+
+TEST_F(Controls, AScreenReaderHearsWhatStandsForANumber) {
+  auto& form = static_cast<ToyChild&>(toolkit.Open(std::make_unique<ToyShown>(toolkit, log)));
+  form.HScroll1.SetToolTip("Left and right");
+  form.HScroll1.SetValue(64);
+  QAccessibleInterface* bar = Spoken(Widget<Fader>(form.HScroll1));
+  EXPECT_EQ(bar->text(QAccessible::Value), "CNT");
+  EXPECT_EQ(bar->text(QAccessible::Description), "CNT: Left and right");
+  form.HScroll1.SetValue(65);
+  EXPECT_EQ(bar->text(QAccessible::Description), "Left and right");
+}
+
+TEST_F(Controls, AScreenReaderHearsOfOptionsAndTypedLists) {
+  QAccessibleInterface* first = Spoken(Widget<QRadioButton>(child->Option0));
+  QAccessibleInterface* second = Spoken(Widget<QRadioButton>(child->Option1));
+  EXPECT_EQ(first->role(), QAccessible::RadioButton);
+  EXPECT_EQ(first->text(QAccessible::Name), "Option 0");
+  EXPECT_TRUE(first->state().checkable);
+  EXPECT_TRUE(first->state().checked);
+  EXPECT_FALSE(second->state().checked);
+  log.clear();
+  second->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_THAT(log, ElementsAre("option 1"));
+  EXPECT_TRUE(second->state().checked);
+  EXPECT_FALSE(first->state().checked);
+  auto* list = Widget<QComboBox>(child->Combo2);
+  EXPECT_NE(Spoken(list)->text(QAccessible::Name), "");
+  EXPECT_EQ(Spoken(list->lineEdit())->text(QAccessible::Name), Spoken(list)->text(QAccessible::Name));
 }
 
 TEST_F(Controls, AScrollBarWhoseGreaterValueIsAtTheTopRunsDownwards) {

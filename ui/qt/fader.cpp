@@ -59,6 +59,11 @@ void Fader::SetNothing(int way) {
   update();
 }
 
+void Fader::SetMeaning(int first, int sign) {
+  first_ = first;
+  sign_ = sign;
+}
+
 void Fader::ShowTyped(const QString& typed) {
   typed_ = typed;
   update();

@@ -18,6 +18,13 @@ class Fader : public QAbstractSlider, public FollowsHand {
   std::function<void()> on_reset;  // a double click on the handle
   // The way at which the value is nothing: from there on the groove is filled.
   void SetNothing(int way);
+  // The value at the start of the way, and 1 or -1 for which way it grows.
+  void SetMeaning(int first, int sign);
+  int MeantBy(int way) const { return first_ + sign_ * way; }
+  int Meant() const { return MeantBy(value()); }
+  // How the value is shown, to screen readers; without it as a number.
+  std::function<QString(int value)> shown;
+  QString Said() const { return shown ? shown(Meant()) : QString::number(Meant()); }
   // Digits that wait for Enter.
   void ShowTyped(const QString& typed);
   QRect HandlePlace() const;
@@ -46,6 +53,8 @@ class Fader : public QAbstractSlider, public FollowsHand {
   int PixelOf(int way) const;
   QRect Across(int from, int to, int thickness) const;
 
+  int first_ = 0;
+  int sign_ = 1;
   int nothing_ = 0;
   QString typed_;
   int turned_ = 0;        // of a notch of the wheel, in eighths of a degree

@@ -13,7 +13,7 @@
 #include "ui/qt/dialogs.h"
 #include "ui/qt/icon.h"
 #include "ui/qt/menus.h"
-#include "ui/qt/spoken_list.h"
+#include "ui/qt/spoken_widgets.h"
 
 namespace zentaline::ui::qt {
 
@@ -38,7 +38,7 @@ class PlainPointer {
 }  // namespace
 
 QtToolkit::QtToolkit() {
-  SpeakOfListsByName();
+  SpeakOfWidgets();
   clock_.start();
   // Reading the pictures takes longer than all else here: the first frame doesn't wait for them.
   QTimer::singleShot(0, QCoreApplication::instance(), [] { QApplication::setWindowIcon(ProgramIcon()); });

@@ -30,6 +30,8 @@ class ScrollBarView : public View {
         widget_(static_cast<Fader*>(View::widget())) {
     // What is told of each event by itself can't be told of moves alone.
     widget_->follows = !bar.on_mouse && !bar.on_key;
+    if (bar.shown)
+      widget_->shown = [this](int value) { return control() == nullptr ? QString() : ToQt(bar_.shown(value)); };
     if (bar.kept_value) widget_->on_reset = [this] { User([this] { bar_.UserReset(); }); };
     connect(widget_, &Fader::valueChanged, this, [this](int way) { Moved(bar_.min() + Sign() * way); });
   }
@@ -40,6 +42,7 @@ class ScrollBarView : public View {
   int WayOf(int value) const { return Sign() * (value - bar_.min()); }
   void Refresh(Change change) override {
     if (change == Change::kRange) {
+      widget_->SetMeaning(bar_.min(), Sign());
       widget_->setRange(0, std::abs(bar_.max() - bar_.min()));
       widget_->setSingleStep(bar_.step());
       widget_->setPageStep(bar_.page());
@@ -197,6 +200,11 @@ class ComboBoxView : public View {
     }
     widget_->setAccessibleDescription(widget_->shown);
     widget_->update();
+  }
+  // The line in it is the same to who hears it.
+  void SetSpoken(const std::string& name) override {
+    View::SetSpoken(name);
+    if (QLineEdit* line = widget_->lineEdit()) line->setAccessibleName(ToQt(name));
   }
   bool KeyDoes(const Key& key, const QKeyEvent&) override {
     const bool in_text = box_.editable && (key.name == Key::kHome || key.name == Key::kEnd);

@@ -34,7 +34,7 @@ class View : public QObject, public ControlView {
   // The letter that reaches the control from the keyboard, 0 for none.
   void SetLetter(char letter) { letter_ = letter; }
   // What a screen reader calls it, unless the control says so itself.
-  void SetSpoken(const std::string& name);
+  virtual void SetSpoken(const std::string& name);
   QWidget* widget() const { return widget_; }
   Control* control() const { return control_; }
 
