@@ -234,6 +234,24 @@ TEST_F(Hands, AListOf64StandsInColumnsOfEightWhereThereIsRoom) {
   EXPECT_GT(place(8).left(), place(0).left());
 }
 
+TEST_F(Hands, ColumnsHaveEightRowsEachAtEverySizeAndWaitForRoomForNames) {
+  std::vector<std::string> rows;
+  for (int row = 0; row < 64; ++row) rows.push_back(std::to_string(row / 8 + 1) + std::to_string(row % 8 + 1));
+  child->List1.SetRows(rows);
+  Resize({900, 500});
+  const auto place = [this](int row) { return List()->visualRect(List()->model()->index(row, 0)); };
+  EXPECT_EQ(place(8).left(), place(0).left()) << "a name would have no room";
+  for (int step = 0; step < 40; ++step) {
+    Resize({3100 + 7 * step, 420 + 5 * step});
+    ASSERT_TRUE(List()->isWrapping());
+    for (int row = 0; row < 64; ++row) {
+      ASSERT_EQ(place(row).left(), place(row / 8 * 8).left()) << row << " at " << step;
+      ASSERT_EQ(place(row).top(), place(row % 8).top()) << row << " at " << step;
+      ASSERT_TRUE(List()->viewport()->rect().contains(place(row))) << row << " at " << step;
+    }
+  }
+}
+
 TEST_F(Hands, ATextThatIsNoRowGoesBackWhenTheFocusLeaves) {
   auto* combo = Widget<QComboBox>(child->Combo2);
   child->Combo2.ShowRow(1);

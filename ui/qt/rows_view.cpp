@@ -21,10 +21,11 @@ constexpr int kRowsOfAPage = 10;
 constexpr int kBankRows = 64;  // these stand in columns of eight where there is room
 constexpr int kColumnRows = 8;
 constexpr int kBankColumns = kBankRows / kColumnRows;
-constexpr int kColumnGap = 2;  // pixels from the line between two columns to the row
-constexpr int kRowRoom = 2;    // pixels between two rows
-constexpr int kRoomyRow = 6;   // the same where other controls stand beside the rows
-constexpr int kGroupGap = 7;   // pixels between two groups, with a line in their middle
+constexpr int kLeastColumn = 20;  // characters, of a number, a mark and a name
+constexpr int kColumnGap = 2;     // pixels from the line between two columns to the row
+constexpr int kRowRoom = 2;       // pixels between two rows
+constexpr int kRoomyRow = 6;      // the same where other controls stand beside the rows
+constexpr int kGroupGap = 7;      // pixels between two groups, with a line in their middle
 
 // A line that is seen on a light desktop and on a dark one, and louder on neither.
 QColor Between(const QColor& back, const QColor& text) {
@@ -160,13 +161,20 @@ void RowsView::ShowColumns() {
   // Without the bars of a list that scrolls there is more room.
   const QSize room = maximumViewportSize();
   const int row = fontMetrics().height() + kRowRoom;
-  const bool fits = bank && room.width() >= kBankColumns * WidestRow() && room.height() >= kColumnRows * row;
-  setGridSize(fits ? QSize(room.width() / kBankColumns, room.height() / kColumnRows) : QSize());
-  if (fits == InColumns()) return;
-  setWrapping(fits);
-  setUniformItemSizes(fits || (box_->group_rows == 0 && !box_->fills_height));
-  setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
-  setHorizontalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+  const int column = std::max(WidestRow(), fontMetrics().averageCharWidth() * kLeastColumn);
+  const bool fits = bank && room.width() >= kBankColumns * column && room.height() > kColumnRows * row;
+  if (fits != InColumns()) {
+    // First the bars, for which the rows would else leave room.
+    setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    setHorizontalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    setWrapping(fits);
+    setUniformItemSizes(fits || (box_->group_rows == 0 && !box_->fills_height));
+  }
+  // A row that ends with the room's last pixel would begin the next column.
+  const QSize grid = fits ? QSize(room.width() / kBankColumns, (room.height() - 1) / kColumnRows) : QSize();
+  if (grid == gridSize() && !fits) return;
+  setGridSize(grid);
+  scheduleDelayedItemsLayout();
   if (currentIndex().isValid()) scrollTo(currentIndex());
 }
 
