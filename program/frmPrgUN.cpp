@@ -249,9 +249,13 @@ bool frmPrgUN::Offers(WindowFunction function) {
   return function == WindowFunction::kEditPerf ? SelectedProgram() >= 0 : ChildWindow::Offers(function);
 }
 
-// A channel that was chosen can be saved, though nobody is asked about it.
+// A new file, and a channel that was chosen, can be saved, though nobody is asked about them.
 bool frmPrgUN::CanSave() const {
-  return ByteAt(window_image(), kPrgChangedPosition) != 0 || NeverSaved() || channel_chosen_;
+  return Unsaved() || NeverSaved() || channel_chosen_;
+}
+
+bool frmPrgUN::Unsaved() const {
+  return ByteAt(window_image(), kPrgChangedPosition) != 0;
 }
 
 // --- Closing ---
@@ -274,7 +278,7 @@ void frmPrgUN::Resized() {
 
 bool frmPrgUN::QueryClose() {
   if (!CloseProgramEditorsOf(app(), *this)) return false;
-  if (ByteAt(window_image(), kPrgChangedPosition) == 0) return true;
+  if (!Unsaved()) return true;
   if (!SaveBeforeClosing(app(), *this)) return false;
   app().edits.Mark(*this, kPrgChangedPosition, 0);
   return true;

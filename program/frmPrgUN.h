@@ -19,6 +19,7 @@ class frmPrgUN : public ProgramListWindow {
 
   bool Offers(WindowFunction function) override;
   bool CanSave() const override;
+  bool Unsaved() const override;
   void ShowName() override;
   // Whether the editor can be opened on the row that is selected.
   void ShowEditButton();

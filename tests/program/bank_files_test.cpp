@@ -11,6 +11,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 // The template: a bank of programs with a channel of its own, and bytes of every value behind it.
 std::string Template() {
@@ -136,6 +137,27 @@ TEST_F(BankFiles, ANewBankHasNumbersWithoutNames) {
   desk_.Log();
   desk_.Click(0);
   EXPECT_THAT(desk_.Wire(), IsEmpty());
+}
+
+// What its title marks as not saved is what a closing asks about.
+TEST_F(BankFiles, ANewBankAndAChosenChannelHoldNothingThatCouldBeLost) {
+  desk_.Press("mnuNuovoPrg");
+  EXPECT_TRUE(desk_.Enabled("mnuSalvaAs"));
+  EXPECT_FALSE(desk_.Prg(1)->modified());
+  EXPECT_TRUE(Close());
+  Open(Bank());
+  EXPECT_FALSE(desk_.Prg(1)->modified());
+  EXPECT_TRUE(desk_.Channel("frmPrgUN(1)", 4));
+  EXPECT_TRUE(desk_.Enabled("mnuSalva"));
+  EXPECT_FALSE(desk_.Prg(1)->modified());
+  desk_.Click(3);
+  desk_.Press("mnuCopia");
+  desk_.Click(5);
+  desk_.Press("mnuIncolla");
+  EXPECT_TRUE(desk_.Prg(1)->modified());
+  AnswerBox(ui::BoxAnswer::kNo);
+  EXPECT_TRUE(Close());
+  EXPECT_THAT(Boxes(), SizeIs(1));
 }
 
 TEST_F(BankFiles, ANewBankIsNamedInTheLanguageOfTheProgramAndUntitledInBoth) {
