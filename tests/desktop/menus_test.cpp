@@ -46,6 +46,28 @@ TEST_F(Menus, OfTwoMnemonicsThatAreAlikeTheMenuBarsIsDone) {
   EXPECT_TRUE(MenuOf(main->mnuFile)->isVisible());
 }
 
+// A key goes to the menu that is open, else to who has the focus.
+void Type(int key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+  QWidget* const popup = QApplication::activePopupWidget();
+  QTest::keyClick(popup != nullptr ? popup : QApplication::focusWidget(), static_cast<Qt::Key>(key), with);
+  for (int i = 0; i < 20; ++i) QApplication::processEvents();
+}
+
+TEST_F(Menus, WhoLeavesTheBarByEscapeIsWhereHeWas) {
+  auto* list = Widget<QWidget>(child->List1);
+  list->setFocus();
+  Settle();
+  Type(Qt::Key_F, Qt::AltModifier);
+  ASSERT_TRUE(MenuOf(main->mnuFile)->isVisible());
+  Type(Qt::Key_Escape);
+  // From the bar into another menu, and out of it.
+  Type(Qt::Key_E, Qt::AltModifier);
+  ASSERT_TRUE(MenuOf(main->mnuEdit)->isVisible());
+  Type(Qt::Key_Escape);
+  Type(Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), list);
+}
+
 TEST_F(Menus, MarksAreTheModels) {
   QAction* mark = Action("mnuMark");
   EXPECT_FALSE(mark->isCheckable());

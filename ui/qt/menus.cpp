@@ -1,6 +1,9 @@
 #include "ui/qt/menus.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QEvent>
+#include <QPointer>
 #include <vector>
 
 #include "ui/letters.h"
@@ -166,9 +169,39 @@ void AddEntry(MenuEntry& entry, char letter, Gate& gate, QWidget& place) {
   if (menu != nullptr) AddEntries(entry.entries(), gate, *menu);
 }
 
+// Whoever leaves the bar by the keyboard is where he was before. The toolkit's bar forgets that when a letter leads
+// from it into another of its menus, and then keeps the focus itself.
+class WayBack : public QObject {
+ public:
+  explicit WayBack(QMenuBar& bar) : QObject(&bar), bar_(bar) {
+    bar.installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+      if (now == &bar_ && before != nullptr) before_ = before;
+    });
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress)
+      QMetaObject::invokeMethod(
+          this, [this] { GoBack(); }, Qt::QueuedConnection);
+    return false;
+  }
+
+ private:
+  void GoBack() {
+    const bool left = bar_.hasFocus() && bar_.activeAction() == nullptr && QApplication::activePopupWidget() == nullptr;
+    if (left && before_ != nullptr && before_->isVisible()) before_->setFocus(Qt::MenuBarFocusReason);
+  }
+
+  QMenuBar& bar_;
+  QPointer<QWidget> before_;
+};
+
 }  // namespace
 
 void BuildMenus(Form& form, Gate& gate, QMenuBar& bar) {
+  new WayBack(bar);
   AddEntries(form.menu_bar(), gate, bar);
 }
 
