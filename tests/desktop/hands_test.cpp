@@ -12,6 +12,7 @@
 #include <optional>
 
 #include "tests/desktop/desk.h"
+#include "ui/control_array.h"
 #include "ui/qt/fader.h"
 #include "ui/qt/rows_view.h"
 
@@ -111,6 +112,53 @@ TEST_F(Hands, AnUprightBarUsesTheHeightThatIsThereAndItsPageScrollsRatherThanSho
     EXPECT_EQ(bar->height(), 120) << height;
     EXPECT_GT(page->verticalScrollBar()->maximum(), 0) << height;
   }
+}
+
+// Strips side by side, as on a mixing desk.
+class ToyDesk : public Form {
+ public:
+  explicit ToyDesk(Toolkit& the_toolkit) : Form(the_toolkit, FormKind::kChild, "frmDesk") {
+    std::vector<Layout> strips;
+    for (int strip = 0; strip < 5; ++strip) {
+      Box[strip].least_characters = {20, 1};
+      strips.push_back(Inside(Strip[strip], Column({Item(Box[strip]), Item(Low[strip])})));
+    }
+    layout = Row(std::move(strips));
+    layout.scrolls = true;
+  }
+  ControlArray<Frame> Strip{*this, "Strip", 0, 4};
+  ControlArray<TextBox> Box{*this, "Box", 0, 4};
+  ControlArray<TextBox> Low{*this, "Low", 0, 4};
+};
+
+TEST_F(Hands, WhatTheProgramGivesTheFocusComesIntoSight) {
+  auto& form = static_cast<ToyDesk&>(toolkit.Open(std::make_unique<ToyDesk>(toolkit)));
+  Frame(form)->resize(300, 200);
+  Settle();
+  auto* page = Frame(form)->findChild<QScrollArea*>();
+  const auto in_sight = [&](const Control& control) {
+    const auto* widget = Widget<QWidget>(control);
+    const QPoint place = widget->mapTo(page->viewport(), QPoint());
+    return page->viewport()->rect().contains(QRect(place, widget->size()));
+  };
+  Widget<QWidget>(form.Box[0])->setFocus(Qt::TabFocusReason);
+  Settle();
+  ASSERT_FALSE(in_sight(form.Box[4]));
+  for (int strip = 1; strip < 5; ++strip) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right, Qt::AltModifier);
+    Settle();
+    EXPECT_EQ(QApplication::focusWidget(), Widget<QWidget>(form.Box[strip]));
+    EXPECT_TRUE(in_sight(form.Box[strip])) << strip;
+  }
+  // What a hand clicks stays where it is, also where it is seen in part.
+  page->horizontalScrollBar()->setValue(page->horizontalScrollBar()->maximum() - 150);
+  Settle();
+  const int before = page->horizontalScrollBar()->value();
+  ASSERT_FALSE(in_sight(form.Low[4]));
+  QTest::mouseClick(Widget<QWidget>(form.Low[4]), Qt::LeftButton, Qt::NoModifier, {3, 3});
+  Settle();
+  EXPECT_EQ(QApplication::focusWidget(), Widget<QWidget>(form.Low[4]));
+  EXPECT_EQ(page->horizontalScrollBar()->value(), before);
 }
 
 class ToyRecord : public Form {
@@ -241,8 +289,8 @@ TEST_F(Hands, ColumnsHaveEightRowsEachAtEverySizeAndWaitForRoomForNames) {
   Resize({900, 500});
   const auto place = [this](int row) { return List()->visualRect(List()->model()->index(row, 0)); };
   EXPECT_EQ(place(8).left(), place(0).left()) << "a name would have no room";
-  for (int step = 0; step < 40; ++step) {
-    Resize({3100 + 7 * step, 420 + 5 * step});
+  for (int step = 0; step < 16; ++step) {
+    Resize({3100 + 9 * step, 420 + 13 * step});
     ASSERT_TRUE(List()->isWrapping());
     for (int row = 0; row < 64; ++row) {
       ASSERT_EQ(place(row).left(), place(row / 8 * 8).left()) << row << " at " << step;

@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScrollArea>
 #include <algorithm>
 #include <utility>
 
@@ -19,6 +20,7 @@ namespace {
 
 // The property of a top window whose focus has left a widget that was no longer to be seen.
 constexpr char kFocusFled[] = "focus_fled";
+constexpr int kRoomAround = 8;  // pixels, of a widget that is brought into view
 
 // Menus that open meanwhile open there.
 class ScopedPlace {
@@ -32,6 +34,17 @@ class ScopedPlace {
   Gate& gate_;
   std::optional<QPoint> before_;
 };
+
+// On a page that scrolls: the whole of it, not only where its cursor stands; of what is too large the beginning.
+void BringIntoView(const QWidget& widget) {
+  for (QWidget* around = widget.parentWidget(); around != nullptr; around = around->parentWidget()) {
+    auto* page = qobject_cast<QScrollArea*>(around);
+    if (page == nullptr || page->widget() == nullptr) continue;
+    const QRect place(widget.mapTo(page->widget(), QPoint()), widget.size());
+    page->ensureVisible(place.right(), place.bottom(), kRoomAround, kRoomAround);
+    page->ensureVisible(place.left(), place.top(), kRoomAround, kRoomAround);
+  }
+}
 
 }  // namespace
 
@@ -118,6 +131,8 @@ void View::ShowCommon(Change change) {
       break;
     case Change::kFocus:
       if (!control_->HasFocus() || field()->hasFocus()) break;
+      // Not where a hand has put the focus: the page would go away from under the pointer.
+      BringIntoView(*widget_);
       field()->setFocus(Qt::OtherFocusReason);
       // A mnemonic or the program took the focus there, and no eye on a pointer follows it: it is drawn.
       field()->window()->setAttribute(Qt::WA_KeyboardFocusChange);
