@@ -63,6 +63,10 @@ class ConsoleHost : public ui::ScriptHost {
   void Complain(const std::string& message) override;
   [[noreturn]] void End(int status) override;
 
+ protected:
+  // For who looks at the program between two lines.
+  Application& app() { return app_; }
+
  private:
   MidiService& Service();
   // Waits, and ends the session when a signal has come.

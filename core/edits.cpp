@@ -65,9 +65,18 @@ void CopyTo(char* place, std::string_view bytes) {
   }
 }
 
-// Another length than the new bytes have is of bytes that were replaced.
-void Replace(Bytes& bytes, std::size_t position, std::size_t length, std::string_view by) {
-  if (position - 1 <= bytes.size()) bytes.replace(position - 1, length, by);
+// Only what the change made another: what lies between may have been set aside since, as a bank's channel. Another
+// length is of bytes that were replaced.
+void Replace(Bytes& bytes, std::size_t position, std::string_view old, std::string_view by) {
+  if (position - 1 > bytes.size()) return;
+  if (old.size() != by.size() || by.size() > bytes.size() - (position - 1)) {
+    bytes.replace(position - 1, old.size(), by);
+    return;
+  }
+  char* const place = bytes.data() + (position - 1);
+  for (std::size_t i = 0; i < by.size(); ++i) {
+    if (old[i] != by[i]) place[i] = by[i];
+  }
 }
 
 // Whether taking it back or bringing it forth would change nothing.
@@ -360,7 +369,7 @@ const EditAction* Edits::StepBack() {
   ++changes_;
   if (action.IsStep()) Count(action, -1);
   for (auto change = action.changes.rbegin(); change != action.changes.rend(); ++change) {
-    Replace(BytesOf(change->target), change->position, change->after.size(), change->before);
+    Replace(BytesOf(change->target), change->position, change->after, change->before);
   }
   for (const EditMarkChange& each : action.marks) SetMark(each.mark, each.before);
   if (listener_ != nullptr) listener_->TakenBack(action);
@@ -374,7 +383,7 @@ const EditAction* Edits::StepForward() {
   ++changes_;
   if (action.IsStep()) Count(action, 1);
   for (const EditChange& change : action.changes) {
-    Replace(BytesOf(change.target), change.position, change.before.size(), change.after);
+    Replace(BytesOf(change.target), change.position, change.before, change.after);
   }
   for (const EditMarkChange& each : action.marks) SetMark(each.mark, each.after);
   if (listener_ != nullptr) listener_->BroughtForth(action);

@@ -194,14 +194,29 @@ JournalAction TakeAction(In& in) {
   return action;
 }
 
+// What the piece leaves as it was needn't be there: it may have been set aside in between, as a bank's channel.
 bool Fits(const JournalPiece& piece, const Bytes& bytes) {
-  return piece.position >= 1 && piece.position - 1 <= bytes.size() &&
-         bytes.compare(piece.position - 1, piece.before.size(), piece.before) == 0;
+  const std::size_t length = piece.before.size();
+  if (piece.position < 1 || piece.position - 1 > bytes.size() || length > bytes.size() - (piece.position - 1)) {
+    return false;
+  }
+  const char* const place = bytes.data() + (piece.position - 1);
+  for (std::size_t i = 0; i < length; ++i) {
+    const bool stays = length == piece.after.size() && piece.before[i] == piece.after[i];
+    if (!stays && place[i] != piece.before[i]) return false;
+  }
+  return true;
 }
 
 bool PutPiece(const JournalPiece& piece, Bytes& bytes) {
   if (!Fits(piece, bytes)) return false;
-  bytes.replace(piece.position - 1, piece.before.size(), piece.after);
+  if (piece.before.size() != piece.after.size()) {
+    bytes.replace(piece.position - 1, piece.before.size(), piece.after);
+    return true;
+  }
+  for (std::size_t i = 0; i < piece.after.size(); ++i) {
+    if (piece.before[i] != piece.after[i]) bytes[piece.position - 1 + i] = piece.after[i];
+  }
   return true;
 }
 

@@ -164,6 +164,28 @@ bool Fold(const Lost& lost, Bytes& image, std::vector<JournalAction>& actions) {
   return true;
 }
 
+// Whether two images hold the same files. A bank's channel is no part of what was done, nor are the programs that
+// stand by arrangements, unless they were changed.
+bool HoldSameFiles(int kind, const Bytes& one, const Bytes& other) {
+  const auto without_channel = [](const Bytes& image) {
+    Bytes file = PrgFileBytes(image);
+    PutByte(file, kPrgFileChannelPosition, 0);
+    return file;
+  };
+  const auto programs = [](const Bytes& image) { return Slice(image, kArrImageProgramPosition, kPrgFileLength); };
+  switch (kind) {
+    case kKindArr:
+      return ArrFileBytes(one) == ArrFileBytes(other) && StylePart(one) == StylePart(other) &&
+             (ByteAt(other, kPrgChangedPosition) != 1 || programs(one) == programs(other));
+    case kKindPrg:
+      return without_channel(one) == without_channel(other);
+    case kKindSty:
+      return StylePart(one) == StylePart(other);
+    default:
+      return GlobalFileBytes(one) == GlobalFileBytes(other);
+  }
+}
+
 // Into the window of the file, which is opened where it isn't. False when that isn't the file of then any more.
 bool BringBackInto(Application& app, const FileKind& kind, const Lost& lost) {
   const JournalWindow& base = lost.left.base;
@@ -179,7 +201,8 @@ bool BringBackInto(Application& app, const FileKind& kind, const Lost& lost) {
   if (window == nullptr || window->ReadOnly() || IsChanged(*window)) return false;
   Bytes reached = window->window_image();
   std::vector<JournalAction> actions;
-  if (!Fold(lost, reached, actions) || reached.size() != lost.image.size()) return false;
+  // Another window may have saved the file after this one had read it.
+  if (!Fold(lost, reached, actions) || !HoldSameFiles(kind.kind, reached, lost.image)) return false;
   for (const JournalAction& action : actions) DoAgain(app, *window, lost, action);
   ShowAll(app, *window);
   return true;
