@@ -438,6 +438,22 @@ TEST_F(EditsTest, WhatIsSetAsideIsNoAction) {
   EXPECT_EQ(window.window_image().substr(399, 5), "marks");
 }
 
+// A piece goes over bytes that it leaves as they are, as the channel in a bank's header.
+TEST_F(EditsTest, WhatWasSetAsideStaysWhenAnActionGoesBackAndForthOverIt) {
+  PlainWindow& window = Open();
+  edits().Change(ImageOf(window), {"Paste"}, [](Bytes& image) { image[399] = image[403] = 'x'; });
+  ASSERT_EQ(edits().actions().front().changes.size(), 1u);
+  edits().SetAside(window, 402, 5);
+  edits().StepBack();
+  EXPECT_EQ(ByteAt(window.window_image(), 402), 5);
+  EXPECT_NE(window.window_image()[399], 'x');
+  edits().SetAside(window, 402, 6);
+  edits().StepForward();
+  EXPECT_EQ(ByteAt(window.window_image(), 402), 6);
+  EXPECT_EQ(window.window_image()[399], 'x');
+  EXPECT_EQ(window.window_image()[403], 'x');
+}
+
 // A save has its place among the actions, with what it did to the bytes by itself.
 TEST_F(EditsTest, ASaveHasItsPlaceInTheList) {
   PlainWindow& window = Open();

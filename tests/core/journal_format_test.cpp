@@ -100,6 +100,16 @@ TEST(JournalFormat, ActionsChangeTheImageAndStandOneByOne) {
   EXPECT_TRUE(left.Changed());
 }
 
+// The byte between was set aside, of which the journal is told nothing.
+TEST(JournalFormat, WhatAPieceLeavesAsItWasNeedNotBeThere) {
+  const JournalAction action = Action(1, kFirst, 271, "i9i", "A9B");
+  const JournalContent content = Read(JournalHead() + JournalBytes(Window(1)) + Done(action) + Done(action));
+  EXPECT_EQ(Tail(content.windows.at(1).image, 3), "AiB");
+  // What it changes must be as it was.
+  const Bytes wrong = JournalHead() + JournalBytes(Window(1));
+  EXPECT_EQ(Read(wrong + Done(Action(1, kFirst, 271, "i9j", "A9B"))).read, wrong.size());
+}
+
 TEST(JournalFormat, MarksAreSetWithTheirActions) {
   JournalAction action = Action(1, kFirst, 271, "i", "A");
   action.marks = {{kFirst, 4, 0, 1}};
