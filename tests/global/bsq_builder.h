@@ -1,6 +1,7 @@
 // Back sequence files put together by hand.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -46,6 +47,30 @@ inline std::string BsqFile(const BsqEvents& events = {}, int first_word = 0) {
   }
   SetWord(file, 2337, word);
   return file;
+}
+
+// A word of the file; what lies behind its end is zero.
+inline int BsqWordOf(const std::string& file, std::size_t position) {
+  const auto byte = [&](std::size_t p) { return p <= file.size() ? At(file, p) : 0; };
+  return byte(position) + 256 * byte(position + 1);
+}
+
+// The count as it is told: the slots of the track, walked backwards from its end while they are zero.
+inline int CountedByHand(const std::string& file, int sequence, int track) {
+  const int w = BsqWordOf(file, WordPlace(sequence, track));
+  const int d = BsqWordOf(file, WordPlace(sequence, track + 1)) - w;
+  const long start = 2339 + 16L * (w - BsqWordOf(file, WordPlace(0, 1)));
+  const auto zero = [&](long slot) {
+    for (long p = start + 4 * slot; p < start + 4 * slot + 4; ++p) {
+      if (p >= 1 && p <= static_cast<long>(file.size()) && file[static_cast<std::size_t>(p - 1)] != '\0') return false;
+    }
+    return true;
+  };
+  // Behind the file all is zero: nobody needs to walk there.
+  const long behind = (static_cast<long>(file.size()) - start) / 4 + 2;
+  long slots = d > 0 ? std::max(0L, std::min(4L * d, behind)) : 0;
+  while (slots > 0 && zero(slots - 1)) --slots;
+  return static_cast<int>(slots);
 }
 
 }  // namespace zentaline::test

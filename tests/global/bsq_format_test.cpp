@@ -9,27 +9,6 @@
 namespace zentaline::test {
 namespace {
 
-int WordOf(const std::string& file, std::size_t position) {
-  const auto byte = [&](std::size_t p) { return p <= file.size() ? At(file, p) : 0; };
-  return byte(position) + 256 * byte(position + 1);
-}
-
-// The count as it is told: the slots of the track, walked backwards from its end while they are zero.
-int CountedByHand(const std::string& file, int sequence, int track) {
-  const int w = WordOf(file, WordPlace(sequence, track));
-  const int d = WordOf(file, WordPlace(sequence, track + 1)) - w;
-  const long start = 2339 + 16L * (w - WordOf(file, WordPlace(0, 1)));
-  const auto zero = [&](long slot) {
-    for (long p = start + 4 * slot; p < start + 4 * slot + 4; ++p) {
-      if (p >= 1 && p <= static_cast<long>(file.size()) && file[static_cast<std::size_t>(p - 1)] != '\0') return false;
-    }
-    return true;
-  };
-  long slots = d > 0 ? 4L * d : 0;
-  while (slots > 0 && zero(slots - 1)) --slots;
-  return static_cast<int>(slots);
-}
-
 void ExpectCountsAsByHand(const std::string& file) {
   for (int n = 0; n < 10; ++n) {
     int sum = 0;

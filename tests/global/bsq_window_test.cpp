@@ -41,6 +41,26 @@ class BackSequences : public ::testing::Test, public ArrDesk {
     return counts;
   }
 
+  // Of each sequence the name, the sum and what its tracks have, by the bytes of the file alone.
+  void ExpectShown(const std::string& bytes) {
+    constexpr int kShown[] = {1, 2, 3, 9, 10, 11, 12, 13, 14, 15, 16, 17};
+    const Lines names = Rows("frmBsq.List1");
+    ASSERT_EQ(names.size(), 10U);
+    for (int n = 0; n < 10; ++n) {
+      const auto start = static_cast<std::size_t>(16 + 198 * n);
+      std::string name = start < bytes.size() ? bytes.substr(start, 10) : std::string();
+      name = name.substr(0, name.find('\0'));
+      EXPECT_EQ(names[static_cast<std::size_t>(n)], Field(name, 10));
+      int sum = 0;
+      for (int track = 1; track <= 17; ++track) sum += CountedByHand(bytes, n, track);
+      EXPECT_EQ(Sum(n), std::to_string(sum)) << n;
+      ASSERT_TRUE(Choose(n));
+      Lines counts;
+      for (const int track : kShown) counts.push_back(std::to_string(CountedByHand(bytes, n, track)));
+      EXPECT_EQ(Counts(), counts) << n;
+    }
+  }
+
   std::string file;
 };
 
@@ -304,6 +324,61 @@ TEST_F(BackSequences, FilesOfEveryLengthOpenFromTheSignatureOn) {
     ASSERT_TRUE(Press("frmBsq.CommClose"));
   }
   EXPECT_TRUE(program.Boxes().empty());
+}
+
+// At every length up to past the table and the events: names, counts, sums and bars are what the bytes that are left
+// say, and what is sent is the file as it is.
+TEST_F(BackSequences, CutAtEveryLengthTheWindowShowsWhatIsLeft) {
+  BsqEvents events;
+  events[0] = {3, 4, 5, 9};
+  events[7] = {0, 9, 0, 0, 0, 0, 0, 0, 1};
+  events[9] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 6};
+  const std::string whole = BsqFile(events);
+  for (std::size_t length = 7; length <= whole.size(); ++length) {
+    SCOPED_TRACE(length);
+    // Inside of the names nothing but a name changes.
+    if (length > 240 && length < 1960 && length % 198 > 30) continue;
+    const std::string cut = whole.substr(0, length);
+    Put("Short.bsq", cut);
+    OpenBsq("Short.bsq");
+    ASSERT_NE(Window(), nullptr);
+    ExpectShown(cut);
+    if (HasFailure()) return;
+    if (length % 50 == 0) {
+      Press("frmBsq.CommLoadBSQ");
+      Wait(11);
+      Log();
+      ASSERT_EQ(dumps.size(), 1U);
+      EXPECT_EQ(DumpPayload(dumps[0], 7), cut.substr(16));
+      dumps.clear();
+    }
+    ASSERT_TRUE(Press("frmBsq.CommClose"));
+    Log();
+  }
+  EXPECT_TRUE(program.Boxes().empty());
+}
+
+// Words that point anywhere, in front of the file and behind it, backwards and over each other.
+TEST_F(BackSequences, WordsThatPointAnywhereAreShownAndNothingElseIsTouched) {
+  std::mt19937 random(34);
+  for (int round = 0; round < 60; ++round) {
+    SCOPED_TRACE(round);
+    std::string wild = BsqFile({std::vector<int>{12, 7, 30}, std::vector<int>{5}}, RandomNumber(random, 0, 400));
+    for (int word = RandomNumber(random, 1, 171); word > 0; --word) {
+      const auto place = static_cast<std::size_t>(1997 + 2 * RandomNumber(random, 0, 170));
+      constexpr int kEdges[] = {0, 1, 0x7F, 0x80, 0x7FFF, 0x8000, 0xFFFE, 0xFFFF};
+      SetWord(wild, place, round % 3 == 0 ? kEdges[RandomNumber(random, 0, 7)] : RandomNumber(random, 0, round * 20));
+    }
+    Put("Wild.bsq", wild);
+    OpenBsq("Wild.bsq");
+    ASSERT_NE(Window(), nullptr);
+    ExpectShown(wild);
+    if (HasFailure()) return;
+    EXPECT_EQ(Window()->window_image().substr(270), wild);
+    EXPECT_EQ(Wire(), Lines());
+    EXPECT_EQ(folder.Get("Wild.bsq"), wild);
+    Press("frmBsq.CommClose");
+  }
 }
 
 TEST_F(BackSequences, ALongFileIsReadUpToThreeRecordsAndKeepsItsLength) {
