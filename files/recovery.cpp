@@ -53,14 +53,18 @@ const FileKind* KindFor(int kind) {
   return FileKindOf(kind == kKindNewPrg ? kKindPrg : kind);
 }
 
-// The record as its window would have kept it.
+// The record as its window would have kept it, also where that was read-only: it comes back in one of its own.
 bool KeepRecord(JournalThing thing, const JournalRecordLeft& record, Bytes& image) {
   if (thing == JournalThing::kPrgRecord) {
     PutEditRecord(image, record.bytes);
     PutByte(image, kPrgChangedPosition, 1);
     return true;
   }
-  return StoreEditRecordBytes(image, record.bytes) == kArrStored;
+  const int read_only = ByteAt(image, kReadOnlyPosition);
+  PutByte(image, kReadOnlyPosition, 0);
+  const bool kept = StoreEditRecordBytes(image, record.bytes) == kArrStored;
+  PutByte(image, kReadOnlyPosition, read_only);
+  return kept;
 }
 
 std::vector<Lost> LostIn(const JournalContent& content) {
