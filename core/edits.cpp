@@ -7,6 +7,7 @@
 #include "core/child_window.h"
 #include "core/edit_listener.h"
 #include "core/window_image.h"
+#include "files/api.h"
 
 namespace zentaline {
 
@@ -232,7 +233,14 @@ void Edits::TakeSaved(ChildWindow& window, Bytes image, bool whole) {
   NoteDifference(ImageOf(window), before, {});
   growing_ = nullptr;
   untold_ = false;
+  const bool styles_written =
+      ByteAt(before, kStyChangedPosition) == 1 && ByteAt(window.window_image_, kStyChangedPosition) == 0;
   TallySaved(window);
+  // Another window with these styles is away from the file from now on, wherever steps lead it, until it is saved.
+  ChildWindow* same = styles_written ? SameStyles(app_, window) : nullptr;
+  if (same != nullptr && ByteAt(same->window_image_, kStyChangedPosition) == 1) {
+    StayMarked({ImageOf(*same), kStyChangedPosition});
+  }
   if (listener_ != nullptr) listener_->Saved(window, whole);
 }
 

@@ -89,17 +89,20 @@ FileSet::Saved FileSet::Save(Application& app) {
     // Readers and writers of the program leave the same title behind them.
     if (!writes_.empty())
       app.core.OperationTitle = GetText(app, kTextOpening) + ShownPath(FileBaseName(writes_.back().path));
-    return {true, true};
+    return {true, true, true};
   }
   Fail(app, PathOf(result.file), result.result);
-  return {result.written, false};
+  // They get their names in their order.
+  return {result.written, false, result.written || (writes_.size() > 1 && HoldsNew(writes_.front()))};
+}
+
+bool FileSet::HoldsNew(const File& file) const {
+  FileMark mark;
+  return disk_.Look(file.path, mark) == DiskResult::kOk && mark == MarkOf(file.content);
 }
 
 bool FileSet::Stands() const {
-  return std::all_of(writes_.begin(), writes_.end(), [this](const File& file) {
-    FileMark mark;
-    return disk_.Look(file.path, mark) == DiskResult::kOk && mark == MarkOf(file.content);
-  });
+  return std::all_of(writes_.begin(), writes_.end(), [this](const File& file) { return HoldsNew(file); });
 }
 
 std::vector<std::string> FileSet::Touched() const {

@@ -32,6 +32,7 @@ class FileSet {
   struct Saved {
     bool written = false;  // all files have their new content
     bool whole = false;    // and what was to be removed has gone
+    bool touched = false;  // at least one file has its new content
   };
   // What somebody else has changed since the program knew it last is kept beside first, which the wait text tells. A
   // failure is shown, under "Opening " and the file's name.
@@ -56,6 +57,7 @@ class FileSet {
   bool KeepOthers(Application& app);
   bool KeepOther(Application& app, const std::string& path);
   std::string PathOf(std::size_t file) const;
+  bool HoldsNew(const File& file) const;
   void Fail(Application& app, const std::string& path, DiskResult result) const;
 
   Disk& disk_;

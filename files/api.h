@@ -129,6 +129,10 @@ void PasteCopied(Application& app, ChildWindow& window);
 ChildWindow* StylesWindow(const Application& app, int kind, const std::string& base);
 const ChildWindow* ChangedStyles(const Application& app, int kind, const std::string& base);
 
+// The window that shows the same styles as this one; null when there is none. Neither may be what stands in the
+// instrument, and the arrangements have a style file attached.
+ChildWindow* SameStyles(const Application& app, const ChildWindow& window);
+
 // The styles of a window have gone a step back or forth: the window that shows the same ones goes along where the
 // action didn't touch it, as when it opened later. Both stay one file.
 void FollowStyles(Application& app, const ChildWindow& window, const EditAction& action);

@@ -30,9 +30,6 @@ ChooseResult RefuseData(Application& app, const std::string& path);
 // The open window 1 to 8 of the file, or that of a new file which was saved under this name; null when there is none.
 ChildWindow* WindowOf(const Application& app, const FileKind& kind, const std::string& base);
 
-// The window that shows the same styles as this one; null when there is none. Neither may be what stands in the
-// instrument, and the arrangements have a style file attached.
-ChildWindow* SameStyles(const Application& app, const ChildWindow& window);
 // The window of the styles that belong to arrangements which have none attached yet; null when there is none.
 ChildWindow* StylesToTake(const Application& app, const ChildWindow& arrangements);
 // Whether styles that are saved under this name would take the place of others that a window shows.

@@ -63,16 +63,16 @@ bool OpenElsewhere(Application& app, const FileKind& kind, const ChildWindow& wi
 }
 
 // Writes the files of the image, and more, which then is as saving has left it; untouched when they weren't written.
-bool SaveSet(Application& app, const FileSaving& saving, FileSet& set, Bytes& image,
-             const std::function<void()>& put_more = {}) {
+FileSet::Saved SaveSet(Application& app, const FileSaving& saving, FileSet& set, Bytes& image,
+                       const std::function<void()>& put_more = {}) {
   Bytes copy = image;
   saving.put(app, copy, set);
   if (put_more) put_more();
   const FileSet::Saved saved = set.Save(app);
-  if (!saved.written) return false;
+  if (!saved.written) return saved;
   saving.saved(copy, saved.whole);
   image = std::move(copy);
-  return saved.whole;
+  return saved;
 }
 
 // The image as it goes under another name.
@@ -117,7 +117,9 @@ bool SaveWholeAs(Application& app, const FileKind& kind, ChildWindow& window, co
   Bytes image = ImageUnderName(kind, window, base);
   const bool takes_programs = HasPrograms(saving, image) && ProgramsStand(app, base);
   FileSet set(app.disk, true);
-  if (!SaveSet(app, saving, set, image, [&] { PutPrograms(app, saving, image, base, set); })) return false;
+  if (!SaveSet(app, saving, set, image, [&] { PutPrograms(app, saving, image, base, set); }).whole) {
+    return false;
+  }
   if (takes_programs) TakePrograms(app, image, base);
   app.edits.TakeSaved(window, std::move(image), true);
   window.TakePath(base);
@@ -203,11 +205,12 @@ bool SaveFile(Application& app, ChildWindow& window) {
   }
   Bytes image = window.window_image();
   FileSet set(app.disk);
-  const bool saved = SaveSet(app, *kind->saving, set, image);
-  app.edits.TakeSaved(window, std::move(image), saved);
-  if (saved) window.FileSaved();
+  const FileSet::Saved saved = SaveSet(app, *kind->saving, set, image);
+  // A save that has left every file as it was counts as none.
+  if (saved.touched) app.edits.TakeSaved(window, std::move(image), saved.whole);
+  if (saved.whole) window.FileSaved();
   if (app.main != nullptr) app.main->RefreshMenus();
-  return saved;
+  return saved.whole;
 }
 
 bool SaveFileAs(Application& app, ChildWindow& window) {

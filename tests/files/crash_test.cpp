@@ -252,7 +252,7 @@ std::vector<Kind> Kinds() {
        {{"song.sty", sty}},
        [](TestProgram& program, const ScratchFolder& folder) {
          Open(program, mnuApriSty, folder.Path("song.sty"), 2);
-         Change(program, *program.app.sty_windows[1], 42623 + 224, 'Y', kStyChangedPosition);
+         Change(program, *program.app.sty_windows[1], 670 + 224, 'Y', kStyChangedPosition);
        },
        press_save},
       {"global data",
@@ -326,6 +326,10 @@ TEST_P(Crash, EachFileIsTheOldOneOrTheNewOne) {
       ExpectWhole(folder, kind, at);
     }
     EXPECT_EQ(status, kWentThrough) << kind.name;
+    for (const auto& [name, contents] : kind.allowed) {
+      if (contents.size() < 2 || !kind.first.contains(name)) continue;
+      EXPECT_NE(folder.Get(name), kind.first.at(name)) << name << " of " << kind.name << " was not saved at all";
+    }
     EXPECT_GT(at, 3) << kind.name << " did nothing";
     points += at - 1;
   }

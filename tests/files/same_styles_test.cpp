@@ -274,6 +274,33 @@ TEST_F(SameStylesTest, ASaveLeavesAnOpenStyleFileWhereItIs) {
   EXPECT_TRUE(desk.folder.Get("Song.sty.bak") == SongStyles());
 }
 
+// --- Undo beyond a save ---
+
+class SavedInOne : public SameStylesTest, public testing::WithParamInterface<bool> {};
+
+// The other window's file is the one that was saved: a step back leads away from it in both.
+TEST_P(SavedInOne, AStepBackBeyondTheSaveLeavesBothChanged) {
+  const std::string saving = GetParam() ? "frmArrU(1)" : "frmStyUN(1)";
+  const std::string other = GetParam() ? "frmStyUN(1)" : "frmArrU(1)";
+  desk.Open("Song.arr");
+  desk.OpenSty("Song.sty");
+  PasteForeign("frmArrU(1)");
+  ExpectOneFile(1, 1);
+  desk.Front(saving);
+  ASSERT_TRUE(desk.Press("mnuSalva"));
+  const std::string saved = desk.folder.Get("Song.sty");
+  ASSERT_NE(saved, SongStyles());
+  ASSERT_TRUE(desk.Press("mnuAnnulla"));
+  EXPECT_TRUE(StylesIn(desk.Sty(1)) == SongStyles());
+  ExpectOneFile(1, 1);
+  // Each of them can bring the file to what it shows.
+  desk.Front(other);
+  ASSERT_TRUE(desk.Press("mnuSalva"));
+  EXPECT_EQ(desk.folder.Get("Song.sty"), SongStyles());
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, SavedInOne, testing::Bool());
+
 // --- Save As ---
 
 TEST_F(SameStylesTest, ArrangementsAreNotSavedOverStylesThatAreOpen) {

@@ -51,6 +51,34 @@ TEST_F(Saving, AFailureShowsItsBoxAndTheOldFileStaysWholeAndTheWindowChanged) {
   EXPECT_EQ(folder.Get("song.arr"), Changed());
 }
 
+// It counts as none: everything taken back, the window is as it was opened.
+TEST_F(Saving, AfterASaveThatFailedTheStepsLeadBackToTheFile) {
+  folder.Put("song.arr", ArrFile());
+  folder.Put("song.sty", Styles("Mine"));
+  Open("song");
+  const auto change = [&](std::size_t position, std::size_t mark) {
+    const ui::UserEvent event(program.toolkit);
+    program.app.edits.PutByte(ImageOf(*program.Arr(1)), position, 'Z', {"Name"});
+    program.app.edits.Mark(*program.Arr(1), mark, 1);
+    program.app.main->RefreshMenus();
+  };
+  change(303, kChangedPosition);
+  change(42623 + 224, kStyChangedPosition);
+  for (const int after : {0, 1}) {
+    program.disk.Fail("write", "ENOSPC", 1, after);
+    ASSERT_TRUE(program.Press(mnuSalva));
+    EXPECT_EQ(program.Boxes().size(), 1U);
+    EXPECT_TRUE(MarkedChanged());
+  }
+  program.app.undo.TakeBack();
+  EXPECT_TRUE(program.Enabled(mnuSalva));
+  program.app.undo.TakeBack();
+  EXPECT_FALSE(MarkedChanged());
+  EXPECT_FALSE(program.Enabled(mnuSalva));
+  EXPECT_TRUE(program.Quit());
+  EXPECT_TRUE(program.Boxes().empty()) << "nothing is asked";
+}
+
 TEST_F(Saving, AFolderThatHasGoneIsReported) {
   std::filesystem::create_directory(Path("sub"));
   folder.Put("sub/song.arr", ArrFile());

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "base/faulty_disk.h"
 #include "core/application.h"
 #include "core/child_window.h"
 #include "core/main_window.h"
@@ -61,7 +62,7 @@ class HearingMidi : public RecorderMidi {
 
 class UndoSession {
  public:
-  UndoSession(SessionKind kind, unsigned seed) : kind_(kind), random_(seed), app_(toolkit_, midi_, disk_, "/disk") {
+  UndoSession(SessionKind kind, unsigned seed) : kind_(kind), random_(seed), app_(toolkit_, midi_, faulty_, "/disk") {
     ConfigFile config = ConfigFile::English();
     config.Byte(1, 25, 2);
     disk_.files["/disk/Zentaline.ini"] = config.bytes;
@@ -83,6 +84,8 @@ class UndoSession {
   Application& app() { return app_; }
   CountingToolkit& toolkit() { return toolkit_; }
   HearingMidi& midi() { return midi_; }
+  MemoryDisk& disk() { return disk_; }
+  FaultyDisk& faults() { return faulty_; }
   // Something marked what is edited without changing it, as a reset of what is at its rest already.
   bool marked_only() const { return marked_only_; }
   const std::vector<std::string>& script() const { return script_; }
@@ -112,6 +115,24 @@ class UndoSession {
     bool pressed = app_.main->Menu(entry).Usable();
     if (pressed) Do("press " + name, [&] { app_.main->Menu(entry).UserPress(); });
     return pressed;
+  }
+  // The file of a window; a new one gets this path. False where it can't be saved.
+  bool Save(ChildWindow& window, const std::string& path) {
+    Do("activate " + window.FullName(), [&] { window.UserActivate(); });
+    Log("file \"" + path + "\"");
+    toolkit_.file = "/disk/" + path;
+    toolkit_.filter = 6;  // of any kind
+    const bool saved = PressMenu(MenuId::mnuSalva, "mnuSalva");
+    toolkit_.file.clear();
+    return saved;
+  }
+  // Closes the editor with a yes, or a no, and takes up another record.
+  void CloseEditor(bool keeps) {
+    ui::Form* editor = Find(kind_ == SessionKind::kArrangement ? "frmEditArr" : "frmEditPrg");
+    toolkit_.yes = keeps;
+    Do("close " + editor->FullName(), [&] { editor->UserClose(); });
+    toolkit_.yes = false;
+    Double(kind_ == SessionKind::kArrangement ? "frmArrU(1)" : "frmPrgUN(1)", Pick(3));
   }
   // Looks at what stands, in the script.
   void Look() {
@@ -392,6 +413,7 @@ class UndoSession {
   bool marked_only_ = false;
   std::mt19937 random_;
   MemoryDisk disk_;
+  FaultyDisk faulty_{disk_};
   HearingMidi midi_;
   CountingToolkit toolkit_;
   std::vector<std::string> script_;
