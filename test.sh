@@ -7,7 +7,8 @@
 #                     transcripts of a build without Qt and ALSA
 #   ./test.sh quick   the release build with its unit tests and transcripts, and the checks
 #   ./test.sh full    all of the first, the unit tests of the release build too, the ALSA tests in a kernel with a
-#                     sequencer, the package installed into a fresh system, and short fuzz runs
+#                     sequencer, the package installed into a fresh system, short fuzz runs, and which lines of the
+#                     program's logic the unit tests and transcripts run: 95 % at least
 #
 # Packages that are lacking are installed first.
 set -euo pipefail
@@ -78,6 +79,8 @@ add_test_line() {
 }
 
 if [ "$scope" = full ]; then
+  build coverage
+  add_test_line coverage 2400 "$root/tests/coverage/run" "$root/build/coverage"
   add_test_line kernel.alsa_tests 1200 "$root/tests/alsa/run-in-kernel" "$root/build/release/tests/alsa_tests"
   say "Making the package"
   ./package.sh
@@ -107,6 +110,10 @@ ctest --test-dir "$all" --output-on-failure -j "$(nproc)" "${labels[@]}" --no-te
 if grep -q '(Skipped)' "$all/output.log"; then
   say "Left out on this machine (their own output tells why: $all/Testing/Temporary/LastTest.log):"
   grep -o '[^ ]* (Skipped)$' "$all/output.log" | sort -u
+fi
+if [ "$scope" = full ] && [ -r build/coverage/coverage.txt ]; then
+  say "Lines of the program's logic that no test runs:"
+  cat build/coverage/coverage.txt
 fi
 grep 'tests passed' "$all/output.log" || status=1
 exit "$status"

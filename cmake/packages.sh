@@ -24,6 +24,7 @@ libbenchmark-dev       -     need  need  -        the benchmarks
 clang-format           -     want  want  -        the check of the code's form
 shellcheck             -     want  want  -        the check of the shell scripts
 clang                  -     need  need  -        the build with the sanitizers, and the fuzz programs
+gcovr                  -     -     need  -        which lines the tests run
 lowdown                -     -     need  need     the man pages
 lintian                -     -     need  need     the examination of the package
 appstream              -     -     need  need     the examination of what software catalogues show
