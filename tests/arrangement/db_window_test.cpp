@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "arrangement/api.h"
 #include "tests/arrangement/db_desk.h"
@@ -192,6 +193,43 @@ TEST_F(DbWindow, DeletingTakesTheEntryOutAndLeavesTheFile) {
   ASSERT_TRUE(desk_.Press("mnuCancella"));
   desk_.Wait(10);
   EXPECT_EQ(Stored(), DatabaseBytes({}, dir()));
+}
+
+// Before the first one that a run takes out, the file is kept as it was; the next run keeps it anew.
+TEST_F(DbWindow, TheFirstDeletionOfARunKeepsTheFileBeside) {
+  desk_.Put("i40DBArr.bak", "of an earlier run");
+  const std::string before = DatabaseBytes({{"alpha", 12}, {"Beta", 3}}, dir());
+  Open({{"alpha", 12}, {"Beta", 3}});
+  EXPECT_EQ(desk_.folder.Get("i40DBArr.bak"), "of an earlier run") << "looking takes nothing out";
+  for (int time = 0; time < 2; ++time) {
+    Select(2);
+    ASSERT_TRUE(Press("CommDelete"));
+    desk_.Wait(10);
+    EXPECT_EQ(desk_.folder.Get("i40DBArr.bak"), before) << time;
+  }
+  EXPECT_EQ(Stored(), DatabaseBytes({}, dir()));
+  ASSERT_TRUE(desk_.program.Quit());
+  TestProgram next(desk_.folder);
+  desk_.Put("i40DBArr", DatabaseBytes({{"gone", 3}}, dir()));
+  ASSERT_TRUE(next.Start());
+  DBPurge(next.app);
+  EXPECT_EQ(desk_.folder.Get("i40DBArr.bak"), DatabaseBytes({{"gone", 3}}, dir()));
+}
+
+TEST_F(DbWindow, ADatabaseBehindALinkIsReplacedAndNeverWrittenThrough) {
+  const std::string before = DatabaseBytes({{"alpha", 12}}, dir());
+  desk_.Put("i40DBArr", before);
+  desk_.Put("elsewhere", before);
+  std::filesystem::remove(desk_.folder.Path("i40DBArr"));
+  std::filesystem::create_symlink("elsewhere", desk_.folder.Path("i40DBArr"));
+  desk_.Start();
+  ASSERT_TRUE(desk_.Press("mnuWEditDBArr"));
+  Select(2);
+  ASSERT_TRUE(Press("CommDelete"));
+  desk_.Wait(10);
+  EXPECT_EQ(Stored(), DatabaseBytes({}, dir()));
+  EXPECT_FALSE(std::filesystem::is_symlink(desk_.folder.Path("i40DBArr")));
+  EXPECT_EQ(desk_.folder.Get("elsewhere"), before);
 }
 
 TEST_F(DbWindow, TheBanksCannotBeDeleted) {
