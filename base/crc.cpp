@@ -1,13 +1,13 @@
 #include "base/crc.h"
 
-#include <zlib.h>
+#include <libdeflate.h>
 
 #include "base/disk.h"
 
 namespace zentaline {
 
 std::uint32_t Crc32(std::string_view bytes) {
-  return static_cast<std::uint32_t>(crc32_z(0, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
+  return libdeflate_crc32(0, bytes.data(), bytes.size());
 }
 
 FileMark MarkOf(const Bytes& content) {

@@ -16,7 +16,8 @@ qt6-base-dev           want  need  need  need     the desktop program
 qt6-wayland            want  -     -     -        the desktop program on Wayland
 qt6-translations-l10n  want  need  need  -        the words of Qt's own dialogs
 libasound2-dev         want  need  need  need     the MIDI ports of this machine
-zlib1g-dev             need  need  need  need     the journal, and check sums of files
+zlib1g-dev             need  need  need  need     the journal
+libdeflate-dev         need  need  need  need     check sums of files, at the speed of reading them
 ccache                 -     want  want  want     building again in less time
 libgtest-dev           -     need  need  -        the tests
 libgmock-dev           -     need  need  -        the tests
