@@ -214,7 +214,11 @@ class FrameView : public View {
 
  protected:
   void Refresh(Change change) override {
-    if (change == Change::kText) static_cast<QGroupBox*>(widget())->setTitle(ToQt(frame_.caption()));
+    if (change != Change::kText) return;
+    auto* box = static_cast<QGroupBox*>(widget());
+    const QString title = ToQt(frame_.caption());
+    // Even an empty title is measured, in a font of its own that nobody else may need.
+    if (title != box->title()) box->setTitle(title);
   }
 
  private:

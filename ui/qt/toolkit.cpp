@@ -35,13 +35,17 @@ class PlainPointer {
   bool needed_;
 };
 
+constexpr int kAfterFirstFrame = 50;  // milliseconds
+
 }  // namespace
 
 QtToolkit::QtToolkit() {
   SpeakOfWidgets();
   clock_.start();
-  // Reading the pictures takes longer than all else here: the first frame doesn't wait for them.
-  QTimer::singleShot(0, QCoreApplication::instance(), [] { QApplication::setWindowIcon(ProgramIcon()); });
+  // Reading the pictures takes longer than all else here: the first frame doesn't wait for them, as it would for an
+  // event that is posted now.
+  QTimer::singleShot(kAfterFirstFrame, QCoreApplication::instance(),
+                     [] { QApplication::setWindowIcon(ProgramIcon()); });
   due_.setSingleShot(true);
   due_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&due_, &QTimer::timeout, [this] { OnTimer(); });

@@ -118,7 +118,36 @@ class Combo : public QComboBox {
   using QComboBox::QComboBox;
   QString shown;
 
+  // As wide as the widest row. The toolkit's own way makes the view of the rows for it, which takes longer than all
+  // the rest of the box; here it is made when it is wanted first.
+  QSize sizeHint() const override {
+    if (!hint_.isValid()) {
+      const QFontMetrics metrics = fontMetrics();
+      int width = minimumContentsLength() * metrics.horizontalAdvance(QLatin1Char('X'));
+      for (int row = 0; row < count(); ++row) width = std::max(width, metrics.horizontalAdvance(itemText(row)));
+      QStyleOptionComboBox option;
+      initStyleOption(&option);
+      const QSize least = style()->sizeFromContents(QStyle::CT_ComboBox, &option, {width, 0}, this);
+      hint_ = {least.width(), minimumSizeHint().height()};
+    }
+    return hint_;
+  }
+  void SetRows(const QStringList& rows) {
+    clear();
+    addItems(rows);
+    hint_ = {};
+    updateGeometry();
+  }
+  void showPopup() override {
+    view()->setTextElideMode(Qt::ElideNone);
+    QComboBox::showPopup();
+  }
+
  protected:
+  void changeEvent(QEvent* event) override {
+    hint_ = {};
+    QComboBox::changeEvent(event);
+  }
   // Turning the wheel over a page scrolls the page; it changes the row only where the focus is.
   void wheelEvent(QWheelEvent* event) override {
     if (hasFocus()) {
@@ -140,6 +169,9 @@ class Combo : public QComboBox {
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
   }
+
+ private:
+  mutable QSize hint_;
 };
 
 // What was typed into a list is taken back in it; what was chosen from it, by the program.
@@ -171,8 +203,6 @@ class ComboBoxView : public View {
     widget_->setFocusPolicy(Qt::StrongFocus);
     widget_->setInsertPolicy(QComboBox::NoInsert);
     widget_->setMaxVisibleItems(24);
-    widget_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    widget_->view()->setTextElideMode(Qt::ElideNone);
     widget_->setMinimumContentsLength(6);
     connect(widget_, &QComboBox::activated, this, [this](int row) { User([this, row] { box_.UserSelect(row); }); });
     if (QLineEdit* line = widget_->lineEdit()) {
@@ -185,10 +215,9 @@ class ComboBoxView : public View {
  protected:
   void Refresh(Change change) override {
     if (change == Change::kRows) {
-      widget_->clear();
       QStringList rows;
       for (int row = 0; row < box_.rows(); ++row) rows.append(ToQt(box_.RowText(row)));
-      widget_->addItems(rows);
+      widget_->SetRows(rows);
     }
     if (change != Change::kRows && change != Change::kRow) return;
     widget_->shown = ToQt(box_.text());
