@@ -91,7 +91,7 @@ const std::string& ComboBox::RowText(int row) const {
 void ComboBox::SetRows(std::vector<std::string> rows) {
   rows_ = std::move(rows);
   row_ = -1;
-  text_.clear();
+  other_text_.clear();
   before_typing_.reset();
   Changed(Change::kRows);
 }
@@ -103,19 +103,20 @@ void ComboBox::AddRow(std::string text) {
 
 void ComboBox::SetRow(int row) {
   if (row < -1 || row >= rows() || row == row_) return;
-  row_ = row;
-  text_ = TextOfRow(rows_, row);
   before_typing_.reset();
-  Changed(Change::kRow);
+  TakeRow(row);
   Call(on_click);
 }
 
 void ComboBox::ShowRow(int row) {
   if (row < -1 || row >= rows()) return;
   before_typing_.reset();
-  if (row == row_) return;
+  if (row != row_) TakeRow(row);
+}
+
+void ComboBox::TakeRow(int row) {
   row_ = row;
-  text_ = TextOfRow(rows_, row);
+  other_text_.clear();
   Changed(Change::kRow);
 }
 
@@ -126,8 +127,9 @@ void ComboBox::ShowText(std::string text) {
 
 void ComboBox::TakeText(std::string text) {
   const auto found = std::find(rows_.begin(), rows_.end(), text);
-  row_ = found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
-  text_ = std::move(text);
+  if (found != rows_.end()) return TakeRow(static_cast<int>(found - rows_.begin()));
+  row_ = -1;
+  other_text_ = std::move(text);
   Changed(Change::kRow);
 }
 
@@ -143,8 +145,8 @@ bool ComboBox::UserType(const std::string& text) {
   if (!Usable() || !editable) return false;
   const UserEvent event(form());
   SetFocus();
-  if (text == text_) return true;
-  if (row_ >= 0 || !before_typing_) before_typing_ = Shown{row_, text_};
+  if (text == this->text()) return true;
+  if (row_ >= 0 || !before_typing_) before_typing_ = Shown{row_, this->text()};
   TakeText(text);
   Call(on_change);
   return true;
@@ -154,7 +156,7 @@ void ComboBox::FocusLeft() {
   const std::optional<Shown> before = std::exchange(before_typing_, std::nullopt);
   if (!before || row_ >= 0) return;
   row_ = before->row;
-  text_ = before->text;
+  other_text_ = row_ >= 0 ? std::string() : before->text;
   Changed(Change::kRow);
 }
 

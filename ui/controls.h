@@ -167,7 +167,7 @@ class ComboBox : public Control {
   int row() const { return row_; }
   void SetRow(int row);   // -1 leaves no text
   void ShowRow(int row);  // raises nothing
-  const std::string& text() const { return text_; }
+  const std::string& text() const { return row_ >= 0 ? rows_[static_cast<std::size_t>(row_)] : other_text_; }
   // Shows a text, which need not be one of the rows; raises nothing.
   void ShowText(std::string text);
   bool UserSelect(int row);
@@ -182,10 +182,11 @@ class ComboBox : public Control {
     std::string text;
   };
   void TakeText(std::string text);
+  void TakeRow(int row);
 
   std::vector<std::string> rows_;
   int row_ = -1;
-  std::string text_;
+  std::string other_text_;  // that is none of the rows, shown where `row_` is -1
   std::optional<Shown> before_typing_;
 };
 
