@@ -171,15 +171,16 @@ void frmEditArr::Edit(EditorControl& control) {
   const EditorRow& row = *control.row;
   if (state.EditorFilling && !row.Has(kActsInFill)) return;
   if (row.array == kEffCombo && app().core.FormLoading) return;
-  ClearNameHighlight();
-  MarkChanged();
   const int shown = RecordEditor::Shown(control);
   state.ArrSignFlag = CodedValue(control.field(), shown) < 0 ? 1 : 0;
   if (row.Has(kSendsShown)) Send(control, SentValue(row, shown));
   Store(control, shown);
+  MarkChanged();
+  if (!row.Has(kSendsShown)) Send(control, SentValue(row, shown));
+  ClearNameHighlight();
+  if (!state.EditorFilling) rows_.NoteShown(control);
   rows_.ShowLabel(control);
   if (control.control == &HScroll1[0]) ShowSplitNote();
-  if (!row.Has(kSendsShown)) Send(control, SentValue(row, shown));
 }
 
 void frmEditArr::Store(EditorControl& control, int shown) {
@@ -190,7 +191,7 @@ void frmEditArr::Store(EditorControl& control, int shown) {
     // Nothing has been written yet while it is 0.
     const auto position = static_cast<std::size_t>(state.ArrEditPos);
     if (position != 0) Put(position, shown, {control.field().name});
-    return rows_.NoteShown(control);
+    return;
   }
   rows_.Store(control, shown);
   if (MovesPosition(control.row->array)) state.ArrEditPos = static_cast<int>(control.position());

@@ -37,13 +37,14 @@ std::size_t frmEditArr::MapPosition(int variation) const {
 void frmEditArr::ShowStep(const EditStep& step) {
   toolkit().Activate(*this);
   ShowMapOf(step.action);
+  // The sound comes first.
+  SendChanged(rows_.Changed(step.action, step.record_before), step.record_before);
   for (const EditShown& each : step.action.shown) {
     if (!rows_.ShowAgain(*each.control, step.Shown(each))) ShowAgain(*each.control, step.Shown(each));
   }
   for (const EditTextShown& each : step.action.texts) ShowAgain(*each.control, step.Shown(each), each.row);
   name_shown_ = Text1[kNameBox].text();
   if (Differs(step.record_before, record(), arr_edit::kRecord, kArrNameLength)) ShowTitle();
-  SendChanged(rows_.Changed(step.action, step.record_before), step.record_before);
   if (RowOf(kHScroll1, 0).position() == step.action.changes.front().position) ShowSplitNote();
   ShowPlace(*this, step);
 }

@@ -103,8 +103,25 @@ std::size_t SizeOf(const EditAction& action) {
 
 }  // namespace
 
+bool EditChange::ChangesBytes() const {
+  return !Same(before, after);
+}
+
 bool EditAction::ChangesBytes() const {
-  return std::any_of(changes.begin(), changes.end(), [](const auto& change) { return change.before != change.after; });
+  return std::any_of(changes.begin(), changes.end(), [](const auto& change) { return change.ChangesBytes(); });
+}
+
+// Its memory stays for the next one.
+void EditAction::Clear() {
+  kind = Kind::kUser;
+  window = nullptr;
+  words.what = words.of = {};
+  words.name.clear();
+  changes.clear();
+  marks.clear();
+  shown.clear();
+  texts.clear();
+  counted = false;
 }
 
 Bytes& Edits::BytesOf(const EditTarget& target) {
@@ -145,10 +162,25 @@ void Edits::Put(const EditTarget& target, std::size_t position, std::string_view
   Bytes& all = BytesOf(target);
   if (position < 1 || position > all.size()) return;
   bytes = bytes.substr(0, all.size() - (position - 1));
-  const std::string_view before(all.data() + (position - 1), bytes.size());
+  char* const place = all.data() + (position - 1);
+  const std::string_view before(place, bytes.size());
   if (Same(before, bytes)) return;
-  NotePiece(target, position, before, bytes, words);
-  CopyTo(all.data() + (position - 1), bytes);
+  const ui::Cause cause = app_.toolkit.cause();
+  if (bytes.size() <= Waiting::kMost && cause != ui::kNoCause && words.name.empty() && most_actions_ > 0) {
+    NoteWaiting();
+    waiting_.length = bytes.size();
+    waiting_.target = target;
+    waiting_.position = position;
+    CopyTo(waiting_.before.data(), before);
+    CopyTo(waiting_.after.data(), bytes);
+    waiting_.what = words.what;
+    waiting_.of = words.of;
+    waiting_.cause = cause;
+    bytes_changed_ = true;
+  } else {
+    NotePiece(target, position, before, bytes, words);
+  }
+  CopyTo(place, bytes);
 }
 
 void Edits::Mark(ChildWindow& window, std::size_t position, int value) {
@@ -228,6 +260,7 @@ void Edits::SetAside(ChildWindow& window, std::size_t position, std::string_view
 
 void Edits::TakeSaved(ChildWindow& window, Bytes image, bool whole) {
   const ui::UserEvent event(app_.toolkit);
+  NoteWaiting();
   const Bytes before = std::exchange(window.window_image_, std::move(image));
   Add(whole ? EditAction::Kind::kSave : EditAction::Kind::kFailedSave, app_.toolkit.cause()).window = &window;
   NoteDifference(ImageOf(window), before, {});
@@ -248,10 +281,10 @@ void Edits::Closed(ChildWindow& window) {
   Tell();
   std::erase(opened_, &window);
   std::erase_if(set_, [&](const EditMark& mark) { return mark.target == ImageOf(window); });
-  for (EditAction& action : actions_) {
+  for (const auto& action : actions_) {
     const auto gone = [&](const auto& shown) { return &shown.control->form() == &window; };
-    std::erase_if(action.shown, gone);
-    std::erase_if(action.texts, gone);
+    std::erase_if(action->shown, gone);
+    std::erase_if(action->texts, gone);
   }
   if (listener_ != nullptr) listener_->Closed(window);
   Drop(ImageOf(window));
@@ -266,15 +299,14 @@ Edits::Difference::~Difference() {
   edits_.NoteDifference(target_, before_, words_);
 }
 
-EditAction& Edits::Current() {
-  const ui::Cause cause = app_.toolkit.cause();
+EditAction& Edits::Current(ui::Cause cause) {
   if (growing_ != nullptr && cause != ui::kNoCause && growing_->cause == cause) return *growing_;
   return Add(EditAction::Kind::kUser, cause);
 }
 
 EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
   Settle();
-  if (standing_ > 0 && SaysNothing(actions_[standing_ - 1])) {
+  if (standing_ > 0 && SaysNothing(*actions_[standing_ - 1])) {
     actions_.erase(actions_.begin() + static_cast<std::ptrdiff_t>(standing_ - 1));
     --standing_;
   }
@@ -286,14 +318,32 @@ EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
   return *growing_;
 }
 
+void Edits::NoteNow() {
+  const std::string_view before(waiting_.before.data(), waiting_.length);
+  const std::string_view after(waiting_.after.data(), waiting_.length);
+  waiting_.length = 0;
+  EditAction& action = Current(waiting_.cause);
+  if (action.words.what.empty()) {
+    action.words.what = waiting_.what;
+    action.words.of = waiting_.of;
+  }
+  NotePiece(action, waiting_.target, waiting_.position, before, after);
+}
+
 void Edits::NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
                       const EditWords& words) {
   if (most_actions_ == 0) return;
-  EditAction& action = Current();
+  NoteWaiting();
+  EditAction& action = Current(app_.toolkit.cause());
+  if (action.words.what.empty()) action.words = words;
+  NotePiece(action, target, position, before, after);
+}
+
+void Edits::NotePiece(EditAction& action, const EditTarget& target, std::size_t position, std::string_view before,
+                      std::string_view after) {
   if (action.changes.empty()) DropTakenBack();
   bytes_changed_ = untold_ = true;
   ++changes_;
-  if (action.words.what.empty()) action.words = words;
   // A bar that goes on moving writes the same bytes again.
   std::size_t searched = 0;
   for (auto change = action.changes.rbegin(); change != action.changes.rend() && searched < kSearched; ++change) {
@@ -306,13 +356,14 @@ void Edits::NotePiece(const EditTarget& target, std::size_t position, std::strin
     }
     if (change->before.size() != change->after.size() || Overlap(*change, position, before.size())) break;
   }
-  action.changes.push_back({target, position, Bytes(before), Bytes(after)});
+  action.changes.emplace_back(target, position, before, after);
   size_ += before.size() + after.size();
 }
 
 void Edits::NoteMark(const EditMark& mark, int before, int after) {
   if (before == after || most_actions_ == 0) return;
-  EditAction& action = Current();
+  NoteWaiting();
+  EditAction& action = Current(app_.toolkit.cause());
   untold_ = true;
   for (EditMarkChange& noted : action.marks) {
     if (noted.mark != mark) continue;
@@ -373,7 +424,7 @@ void Edits::NoteRuns(const EditTarget& target, std::size_t from, std::string_vie
 const EditAction* Edits::StepBack() {
   Settle();
   if (standing_ == 0) return nullptr;
-  const EditAction& action = actions_[--standing_];
+  const EditAction& action = *actions_[--standing_];
   ++changes_;
   if (action.IsStep()) Count(action, -1);
   for (auto change = action.changes.rbegin(); change != action.changes.rend(); ++change) {
@@ -387,7 +438,7 @@ const EditAction* Edits::StepBack() {
 const EditAction* Edits::StepForward() {
   Settle();
   if (standing_ == actions_.size()) return nullptr;
-  const EditAction& action = actions_[standing_++];
+  const EditAction& action = *actions_[standing_++];
   ++changes_;
   if (action.IsStep()) Count(action, 1);
   for (const EditChange& change : action.changes) {
@@ -401,9 +452,10 @@ const EditAction* Edits::StepForward() {
 // An action that goes takes along what was done before it to its other targets, and what could be brought back after
 // it, since they would find other bytes than they left.
 void Edits::Drop(const EditTarget& target) {
+  NoteWaiting();
   std::vector<bool> goes(actions_.size(), false);
   const auto look = [&](std::size_t i, std::vector<EditTarget>& lost) {
-    EditAction& action = actions_[i];
+    EditAction& action = *actions_[i];
     goes[i] = Touches(action, lost);
     if (goes[i]) {
       for (const EditChange& change : action.changes) lost.push_back(change.target);
@@ -418,66 +470,60 @@ void Edits::Drop(const EditTarget& target) {
 
   if (std::find(goes.begin(), goes.end(), true) == goes.end()) return;
   ++changes_;
-  const std::int64_t growing = growing_ == nullptr ? 0 : growing_->number;
-  growing_ = nullptr;
-  std::deque<EditAction> kept;
-  std::vector<EditAction> unreached;
+  std::deque<std::unique_ptr<EditAction>> kept;
+  std::vector<std::unique_ptr<EditAction>> unreached;
   std::size_t standing = 0;
   for (std::size_t i = 0; i < actions_.size(); ++i) {
-    EditAction& action = actions_[i];
+    std::unique_ptr<EditAction>& action = actions_[i];
     if (goes[i]) {
-      size_ -= SizeOf(action);
-      if (!action.counted && action.IsStep()) Count(action, 1);
-      if (listener_ != nullptr) listener_->Left(action);
+      if (action.get() == growing_) {
+        growing_ = nullptr;
+        untold_ = false;
+      }
+      size_ -= SizeOf(*action);
+      if (!action->counted && action->IsStep()) Count(*action, 1);
+      if (listener_ != nullptr) listener_->Left(*action);
       if (i >= standing_) unreached.push_back(std::move(action));
       continue;
     }
     kept.push_back(std::move(action));
-    if (kept.back().number == growing) growing_ = &kept.back();
     if (i < standing_) ++standing;
   }
   actions_ = std::move(kept);
   standing_ = standing;
-  if (growing_ == nullptr) untold_ = false;
-  for (const EditAction& gone : unreached) LoseUnreached(gone);
+  for (const auto& gone : unreached) LoseUnreached(*gone);
 }
 
 void Edits::DropTakenBack() {
+  if (standing_ == actions_.size()) return;
   LoseForward();
   for (; actions_.size() > standing_; actions_.pop_back()) {
-    size_ -= SizeOf(actions_.back());
-    if (listener_ != nullptr) listener_->Left(actions_.back());
+    size_ -= SizeOf(*actions_.back());
+    if (listener_ != nullptr) listener_->Left(*actions_.back());
   }
 }
 
-void Edits::DropOldest() {
-  size_ -= SizeOf(actions_.front());
-  if (listener_ != nullptr) listener_->Left(actions_.front());
+void Edits::OldestLeaves() {
+  size_ -= SizeOf(*actions_.front());
+  if (listener_ != nullptr) listener_->Left(*actions_.front());
   --standing_;
 }
 
 // An empty entry behind those that stand. It has the memory of the last one that went.
 EditAction& Edits::MakeRoom() {
+  std::unique_ptr<EditAction> room;
   while (standing_ > 0 && (actions_.size() >= most_actions_ || size_ > most_bytes_)) {
-    DropOldest();
-    const bool enough = actions_.size() <= most_actions_ && size_ <= most_bytes_;
-    if (!enough || standing_ + 1 != actions_.size()) {
-      actions_.pop_front();
-      continue;
-    }
-    actions_.push_back(std::move(actions_.front()));
+    OldestLeaves();
+    room = std::move(actions_.front());
     actions_.pop_front();
-    EditAction& room = actions_.back();
-    room.changes.clear();
-    room.marks.clear();
-    room.shown.clear();
-    room.texts.clear();
-    room.counted = false;
-    room.words = {};
-    room.window = nullptr;
-    return room;
   }
-  return *actions_.emplace(actions_.begin() + static_cast<std::ptrdiff_t>(standing_));
+  if (room == nullptr) {
+    room = std::make_unique<EditAction>();
+  } else {
+    room->Clear();
+  }
+  if (standing_ == actions_.size()) return *actions_.emplace_back(std::move(room));
+  return **actions_.insert(actions_.begin() + static_cast<std::ptrdiff_t>(standing_), std::move(room));
 }
 
 }  // namespace zentaline

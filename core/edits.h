@@ -6,9 +6,12 @@
 // of each action when the event that made it ends, when it is taken back, brought forth, and leaves the list.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <memory>
+#include <ranges>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -61,6 +64,10 @@ struct EditChange {
   std::size_t position;  // counts from 1
   Bytes before;
   Bytes after;
+
+  EditChange(const EditTarget& of, std::size_t at, std::string_view old_bytes, std::string_view new_bytes)
+      : target(of), position(at), before(old_bytes), after(new_bytes) {}
+  bool ChangesBytes() const;
 };
 
 struct EditMarkChange {
@@ -106,6 +113,7 @@ struct EditAction {
   bool ChangesBytes() const;
   // Whether it is a step that can be taken back.
   bool IsStep() const { return kind == Kind::kUser && ChangesBytes(); }
+  void Clear();
 };
 
 class Edits {
@@ -172,23 +180,36 @@ class Edits {
   // --- The list ---
 
   // The actions of this run, the oldest first; `standing` of them stand, the others were taken back.
-  const std::deque<EditAction>& actions() const { return actions_; }
-  std::size_t standing() const { return standing_; }
+  auto actions() {
+    NoteWaiting();
+    return std::views::transform(std::as_const(actions_), [](const auto& each) -> const EditAction& { return *each; });
+  }
+  std::size_t standing() {
+    NoteWaiting();
+    return standing_;
+  }
   // Takes the newest entry that stands back, or brings the last one taken back forth: bytes and marks alone, nothing is
   // shown or sent. Null when there is none.
   const EditAction* StepBack();
   const EditAction* StepForward();
-  // The step that is taken back next, or brought forth; null when there is none. And how many there are.
-  const EditAction* NextBack() const;
-  const EditAction* NextForward() const;
-  bool NewestIsStep() const { return standing_ > 0 && standing_ == actions_.size() && actions_.back().IsStep(); }
+  // The step that is taken back next, or brought forth; null when there is none. And how many there are, between two
+  // events.
+  const EditAction* NextBack();
+  const EditAction* NextForward();
+  bool NewestIsStep() {
+    NoteWaiting();
+    return standing_ > 0 && standing_ == actions_.size() && actions_.back()->IsStep();
+  }
   int BackCount() const;
   int ForwardCount() const;
   // The marks of what the entry touched say whether it is away from what was saved; StepBack and StepForward alone give
   // them the values that they had.
   void SetTrueMarks(const EditAction& action);
   // Grows with whatever may change what can be taken back.
-  std::int64_t changes() const { return changes_; }
+  std::int64_t changes() {
+    NoteWaiting();
+    return changes_;
+  }
   // No more than so many actions, and no more bytes in them; none at all with 0 of both.
   void SetLimits(std::size_t actions, std::size_t bytes);
 
@@ -215,15 +236,36 @@ class Edits {
     Bytes before_;
   };
 
+  // A few bytes that have changed and are noted a little later, since the instrument hears of them first: with what is
+  // noted next, when somebody looks at the list, at the end of the event at the latest.
+  struct Waiting {
+    static constexpr std::size_t kMost = 4;
+
+    std::size_t length = 0;  // 0 when none wait
+    EditTarget target = {};
+    std::size_t position = 0;
+    std::array<char, kMost> before = {};
+    std::array<char, kMost> after = {};
+    std::string_view what = {};
+    std::string_view of = {};
+    ui::Cause cause = ui::kNoCause;
+  };
+  void NoteWaiting() {
+    if (waiting_.length > 0) NoteNow();
+  }
+  void NoteNow();
+
   Bytes& BytesOf(const EditTarget& target);
   bool& FlagOf(const EditTarget& record);
   void SetMark(const EditMark& mark, int value);
 
-  // The entry of the event that runs, made when there is none yet.
-  EditAction& Current();
+  // The entry of the cause, of the event that runs, made when there is none yet.
+  EditAction& Current(ui::Cause cause);
   EditAction& Add(EditAction::Kind kind, ui::Cause cause);
   void NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
                  const EditWords& words);
+  void NotePiece(EditAction& action, const EditTarget& target, std::size_t position, std::string_view before,
+                 std::string_view after);
   void NoteMark(const EditMark& mark, int before, int after);
   void NoteSet(const EditMark& mark, bool set);
   void NoteDifference(const EditTarget& target, std::string_view before, const EditWords& words);
@@ -251,11 +293,11 @@ class Edits {
   // Takes out all that touches a target, and what wouldn't fit without it.
   void Drop(const EditTarget& target);
   void DropTakenBack();
-  void DropOldest();
+  void OldestLeaves();
   EditAction& MakeRoom();
 
   Application& app_;
-  std::deque<EditAction> actions_;
+  std::deque<std::unique_ptr<EditAction>> actions_;
   std::size_t standing_ = 0;
   std::size_t size_ = 0;  // of the bytes in the list
   std::int64_t last_number_ = 0;
@@ -263,6 +305,7 @@ class Edits {
   std::size_t most_actions_ = 2000;
   std::size_t most_bytes_ = std::size_t{64} << 20;
   std::int64_t changes_ = 0;
+  Waiting waiting_;
   bool untold_ = false;         // growing_ has changed since the listener was told
   bool bytes_changed_ = false;  // by the event that runs
   std::vector<EditMark> set_;   // that this event has set, so far without changing a byte

@@ -47,10 +47,15 @@ EditMark MarkOf(const EditChange& change) {
 // Once for each mark that tells of what the entry has changed.
 template <typename Function>
 void ForEachPart(const EditAction& action, Function&& function) {
+  if (action.changes.size() == 1) {
+    const EditChange& change = action.changes.front();
+    if (change.target.thing != Thing::kDatabase && change.ChangesBytes()) function(MarkOf(change));
+    return;
+  }
   std::array<EditMark, kMostParts> seen;
   std::size_t count = 0;
   for (const EditChange& change : action.changes) {
-    if (change.target.thing == Thing::kDatabase || change.before == change.after) continue;
+    if (change.target.thing == Thing::kDatabase || !change.ChangesBytes()) continue;
     const EditMark mark = MarkOf(change);
     const auto end = seen.begin() + static_cast<std::ptrdiff_t>(count);
     if (std::find(seen.begin(), end, mark) != end || count == kMostParts) continue;
@@ -103,6 +108,7 @@ int Edits::MarkValue(const EditMark& mark) {
 }
 
 void Edits::Settle() {
+  NoteWaiting();
   Tell();
   EditAction* const action = std::exchange(growing_, nullptr);
   if (action == nullptr || std::exchange(action->counted, true) || action->kind != EditAction::Kind::kUser) return;
@@ -141,7 +147,7 @@ void Edits::TallySaved(ChildWindow& window) {
 
 void Edits::LoseForward() {
   for (std::size_t i = standing_; i < actions_.size(); ++i) {
-    ForEachPart(actions_[i], [&](const EditMark& part) {
+    ForEachPart(*actions_[i], [&](const EditMark& part) {
       EditTally* tally = TallyOf(part.target, part.position);
       if (tally != nullptr && tally->saved > tally->standing) tally->saved = EditTally::kNever;
     });
@@ -153,8 +159,8 @@ void Edits::LoseUnreached(const EditMark& part) {
   EditTally* tally = TallyOf(part.target, part.position);
   if (tally == nullptr || tally->saved <= tally->standing) return;
   const auto ahead = actions_.begin() + static_cast<std::ptrdiff_t>(standing_);
-  const auto left = std::count_if(ahead, actions_.end(),
-                                  [&](const EditAction& each) { return each.IsStep() && Touches(each, part); });
+  const auto left =
+      std::count_if(ahead, actions_.end(), [&](const auto& each) { return each->IsStep() && Touches(*each, part); });
   if (tally->saved > tally->standing + static_cast<int>(left)) tally->saved = EditTally::kNever;
 }
 
@@ -165,6 +171,7 @@ void Edits::LoseUnreached(const EditAction& gone) {
 // --- What was shown ---
 
 EditAction* Edits::Showing() {
+  NoteWaiting();
   const bool changed = growing_ != nullptr && !growing_->changes.empty() && growing_->cause == app_.toolkit.cause();
   return changed ? growing_ : nullptr;
 }
@@ -193,28 +200,30 @@ void Edits::NoteShown(ui::Control& control, const std::string& before, const std
 
 // --- Steps ---
 
-const EditAction* Edits::NextBack() const {
+const EditAction* Edits::NextBack() {
+  NoteWaiting();
   for (std::size_t i = standing_; i-- > 0;) {
-    if (actions_[i].IsStep()) return &actions_[i];
+    if (actions_[i]->IsStep()) return actions_[i].get();
   }
   return nullptr;
 }
 
-const EditAction* Edits::NextForward() const {
+const EditAction* Edits::NextForward() {
+  NoteWaiting();
   for (std::size_t i = standing_; i < actions_.size(); ++i) {
-    if (actions_[i].IsStep()) return &actions_[i];
+    if (actions_[i]->IsStep()) return actions_[i].get();
   }
   return nullptr;
 }
 
 int Edits::BackCount() const {
   const auto end = actions_.begin() + static_cast<std::ptrdiff_t>(standing_);
-  return static_cast<int>(std::count_if(actions_.begin(), end, [](const EditAction& each) { return each.IsStep(); }));
+  return static_cast<int>(std::count_if(actions_.begin(), end, [](const auto& each) { return each->IsStep(); }));
 }
 
 int Edits::ForwardCount() const {
   const auto begin = actions_.begin() + static_cast<std::ptrdiff_t>(standing_);
-  return static_cast<int>(std::count_if(begin, actions_.end(), [](const EditAction& each) { return each.IsStep(); }));
+  return static_cast<int>(std::count_if(begin, actions_.end(), [](const auto& each) { return each->IsStep(); }));
 }
 
 void Edits::SetLimits(std::size_t actions, std::size_t bytes) {
@@ -225,6 +234,7 @@ void Edits::SetLimits(std::size_t actions, std::size_t bytes) {
 // --- Who is told ---
 
 void Edits::Tell() {
+  NoteWaiting();
   if (!std::exchange(untold_, false) || listener_ == nullptr || growing_ == nullptr) return;
   if (growing_->kind == EditAction::Kind::kUser) listener_->Noted(*growing_);
 }
@@ -234,6 +244,7 @@ void Edits::EndAction() {
 }
 
 void Edits::EventEnded() {
+  NoteWaiting();
   if (!set_.empty()) {
     if (!bytes_changed_) {
       for (const EditMark& mark : set_) StayMarked(mark);

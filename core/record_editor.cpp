@@ -185,7 +185,6 @@ void RecordEditor::Store(EditorControl& bound, int shown) {
   const Field& field = bound.field();
   const int raw = RawAt(field, edits_.Read(target_), bound.start);
   edits_.Put(target_, bound.position(), RawBytes(field, RawAfter(*bound.row, raw, shown)), {field.name, bound.owner});
-  NoteShown(bound);
 }
 
 void RecordEditor::NoteShown(EditorControl& bound) {
@@ -211,32 +210,33 @@ void RecordEditor::NotePositions() {
   }
 }
 
-std::vector<EditorControl*> RecordEditor::Changed(const EditAction& action, std::string_view before) {
+const std::vector<EditorControl*>& RecordEditor::Changed(const EditAction& action, std::string_view before) {
   if (at_.empty()) NotePositions();
-  std::vector<std::size_t> found;
+  found_.clear();
   for (const EditChange& change : action.changes) {
     if (change.target != target_) continue;
     const std::size_t end = std::min(change.position + change.after.size(), at_.size());
-    for (std::size_t at = change.position; at < end; ++at) found.insert(found.end(), at_[at].begin(), at_[at].end());
+    for (std::size_t at = change.position; at < end; ++at) found_.insert(found_.end(), at_[at].begin(), at_[at].end());
   }
-  std::sort(found.begin(), found.end());
-  found.erase(std::unique(found.begin(), found.end()), found.end());
-  std::vector<EditorControl*> changed;
-  for (const std::size_t i : found) AddIfChanged(changed, controls_[i], before);
-  return changed;
+  if (found_.size() > 1) {
+    std::sort(found_.begin(), found_.end());
+    found_.erase(std::unique(found_.begin(), found_.end()), found_.end());
+  }
+  changed_.clear();
+  for (const std::size_t i : found_) AddIfChanged(controls_[i], before);
+  return changed_;
 }
 
-std::vector<EditorControl*> RecordEditor::Changed(std::string_view before) {
-  std::vector<EditorControl*> changed;
-  for (EditorControl& bound : controls_) AddIfChanged(changed, bound, before);
-  return changed;
+const std::vector<EditorControl*>& RecordEditor::Changed(std::string_view before) {
+  changed_.clear();
+  for (EditorControl& bound : controls_) AddIfChanged(bound, before);
+  return changed_;
 }
 
-void RecordEditor::AddIfChanged(std::vector<EditorControl*>& changed, EditorControl& bound,
-                                std::string_view before) const {
+void RecordEditor::AddIfChanged(EditorControl& bound, std::string_view before) {
   const Field& field = bound.field();
   const int now = RawAt(field, edits_.Read(target_), bound.start);
-  if (Differ(field, now, RawAt(field, before, bound.start))) changed.push_back(&bound);
+  if (Differ(field, now, RawAt(field, before, bound.start))) changed_.push_back(&bound);
 }
 
 EditorControl* RecordEditor::Of(const ui::Control& control) {

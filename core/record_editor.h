@@ -125,15 +125,16 @@ class RecordEditor {
   void ShowLabel(const EditorControl& bound) const;
 
   static int Shown(const EditorControl& bound);
-  // The value goes into the record by the row.
+  // The value goes into the record by the row. Once the instrument has been told, NoteShown follows.
   void Store(EditorControl& bound, int shown);
-  // The record was changed by others: the control's new value belongs to the action that did it.
+  // The control's new value belongs to the action that has changed the record.
   void NoteShown(EditorControl& bound);
   // Shows silently what the control showed at a step; false when it isn't one of these.
   bool ShowAgain(const ui::Control& control, int shown);
   // The controls whose fields differ from what the record was before the step, in the order in which they were bound.
-  std::vector<EditorControl*> Changed(const EditAction& action, std::string_view before);
-  std::vector<EditorControl*> Changed(std::string_view before);
+  // It holds until the next call.
+  const std::vector<EditorControl*>& Changed(const EditAction& action, std::string_view before);
+  const std::vector<EditorControl*>& Changed(std::string_view before);
 
   std::deque<EditorControl>& controls() { return controls_; }
   EditorControl* Of(const ui::Control& control);
@@ -144,7 +145,7 @@ class RecordEditor {
   static void SayWhat(const EditorControl& bound);
   void Show(EditorControl& bound, bool raises);
   void NotePositions();
-  void AddIfChanged(std::vector<EditorControl*>& changed, EditorControl& bound, std::string_view before) const;
+  void AddIfChanged(EditorControl& bound, std::string_view before);
 
   ui::Form& form_;
   RecordEditorHost& host_;
@@ -154,6 +155,8 @@ class RecordEditor {
   std::deque<EditorControl> controls_;
   std::unordered_map<const ui::Control*, EditorControl*> of_;
   std::vector<std::unique_ptr<ui::Label>> names_;
+  std::vector<std::size_t> found_;
+  std::vector<EditorControl*> changed_;
   std::vector<std::vector<std::size_t>> at_;  // by position of the record: which controls show it
 };
 

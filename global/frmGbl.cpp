@@ -61,13 +61,15 @@ void frmGbl::FillGlobalWindow() {
 // --- What the user does ---
 
 void frmGbl::Edit(EditorControl& control) {
-  rows_.ShowLabel(control);
-  if (app().core.FormLoading) return;
-  if (!control.row->Has(kNotStored)) {
+  if (app().core.FormLoading) return rows_.ShowLabel(control);
+  const bool stored = !control.row->Has(kNotStored);
+  if (stored) {
     rows_.Store(control, RecordEditor::Shown(control));
     MarkChanged();
   }
   CommLoadGbl.Press();
+  if (stored) rows_.NoteShown(control);
+  rows_.ShowLabel(control);
 }
 
 void frmGbl::ChooseDamper(bool plus) {
@@ -85,14 +87,14 @@ void frmGbl::ResetScale(int scale) {
   const std::size_t start = kWindowFilePosition + kUserScaleBlock.StartOf(scale);
   app().edits.Put(ImageOf(*this), start, Bytes(kNotesOfScale, '\0'),
                   {"Reset", kScaleNames[static_cast<std::size_t>(scale)]});
+  MarkChanged();
+  CommLoadGbl.Press();
   for (int note = 0; note < kNotesOfScale; ++note) {
     EditorControl& bar = *scale_bars_[static_cast<std::size_t>(kNotesOfScale * scale + note)];
     const int shown = bar.shown;
     rows_.Show(bar);
     app().edits.NoteShown(*bar.control, shown, bar.shown);
   }
-  MarkChanged();
-  CommLoadGbl.Press();
 }
 
 void frmGbl::ShowItems(const ItemsShown&) {
@@ -100,11 +102,11 @@ void frmGbl::ShowItems(const ItemsShown&) {
 }
 
 void frmGbl::ShowStep(const EditStep& step) {
+  if (step.action.kind == EditAction::Kind::kUser) Send();
   // What a crash had interrupted noted nothing that was shown.
   if (step.action.shown.empty()) FillGlobalWindow();
   for (const EditShown& each : step.action.shown) rows_.ShowAgain(*each.control, step.Shown(each));
   ShowDamper();
-  if (step.action.kind == EditAction::Kind::kUser) Send();
   ShowPlace(*this, step);
 }
 

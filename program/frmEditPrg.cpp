@@ -179,14 +179,15 @@ bool frmEditPrg::Guarded() const {
 }
 
 void frmEditPrg::Edit(EditorControl& control) {
-  rows_.ShowLabel(control);
-  if (Guarded()) return;
+  if (Guarded()) return rows_.ShowLabel(control);
   const EditorRow& row = *control.row;
   AnnounceProgramParam(app(), row, control.block);
   const int shown = RecordEditor::Shown(control);
   rows_.Store(control, shown);
   MarkChanged();
   SendPrgParam(app(), row.message.a, row.message.b, SentValue(row, shown));
+  rows_.NoteShown(control);
+  rows_.ShowLabel(control);
   AfterEdit(control);
   ClosePerformance();
 }
@@ -206,12 +207,12 @@ void frmEditPrg::ChoosePlacement() {
     const int value = returns ? kHalfReturn << 4 | kHalfReturn : kNoPan;
     Put(position, Bytes(1, static_cast<char>(value)), "Placement", "I/O");
   }
-  ShowPans();
   const std::span<const EditorRow> rows =
       returns ? std::span<const EditorRow>(prg_editor::kReturnRows) : std::span<const EditorRow>(prg_editor::kPanRows);
   for (const EditorRow& row : rows) {
     SendPrgParam(app(), row.message.a, row.message.b, returns ? kHalfReturn : kNoPan);
   }
+  ShowPans();
 }
 
 // --- Steps back and forth ---

@@ -173,9 +173,10 @@ void ShowProgramStep(Application& app, const EditStep& step) {
   }
   ChildWindow* front = by_performance || app.prg_editor == nullptr ? performance : app.prg_editor;
   if (front != nullptr) app.toolkit.Activate(*front);
+  // The sound comes first.
+  if (front != nullptr) SendChanged(app, step.action, step.record_before);
   if (performance != nullptr) performance->ShowStep(step);
   if (app.prg_editor != nullptr) app.prg_editor->ShowStep(step);
-  if (front != nullptr) SendChanged(app, step.action, step.record_before);
   if (app.prg_editor != nullptr) static_cast<frmEditPrg*>(app.prg_editor)->ShowAround(step);
 }
 

@@ -69,11 +69,6 @@ void Toolkit::RunTimer(const Timer& timer) {
   LeaveEvent();
 }
 
-Cause Toolkit::cause() {
-  if (event_depth_ > 0 && cause_ == kNoCause) cause_ = ++last_cause_;
-  return cause_;
-}
-
 // A press of the mouse or of a key on the control that is moved is no pause in its moves.
 void Toolkit::NoteUser(const Control* control) {
   if (cause_ == kNoCause && !move_.held && (control == nullptr || control != move_.control)) move_ = {};

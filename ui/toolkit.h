@@ -80,7 +80,10 @@ class Toolkit {
   // What the user did that runs now: the outermost event, or the one that started the timer that runs. The moves of one
   // scroll bar, and the typing in one text box, are one action while nothing else is done and no pause is longer than
   // kLongestPauseInMove. kNoCause while nothing runs.
-  Cause cause();
+  Cause cause() {
+    if (event_depth_ > 0 && cause_ == kNoCause) cause_ = ++last_cause_;
+    return cause_;
+  }
   // Called when the outermost event, or the handler of a timer outside of any, has ended.
   Handler on_event_end;
   // The hand takes hold of something in a control, as a handle of a picture: until it lets go, all moves of the control
