@@ -34,6 +34,7 @@ const Bytes& New(const EditChange& change, JournalStep step) {
 // In the order in which the step makes them.
 std::vector<const EditChange*> Ordered(const EditAction& action, JournalStep step) {
   std::vector<const EditChange*> changes;
+  changes.reserve(action.changes.size());
   for (const EditChange& change : action.changes) {
     // The database is on the disk already.
     if (change.target.thing != Thing::kDatabase) changes.push_back(&change);
@@ -140,6 +141,7 @@ void Journal::Write(JournalStep step, const EditAction& action) {
   written.what = action.words.what;
   written.of = action.words.of;
   written.name = action.words.name;
+  written.pieces.reserve(changes.size());
   for (const EditChange* change : changes) {
     written.pieces.push_back({PlaceOf(change->target), change->position, Old(*change, step), New(*change, step)});
   }

@@ -38,7 +38,9 @@ class Out {
 
   void Byte(int value) { bytes_ += static_cast<char>(value); }
   void Number(std::uint64_t value, int length) {
-    for (int i = 0; i < length; ++i) bytes_ += static_cast<char>(value >> (8 * i) & 0xFF);
+    char low_first[sizeof value];
+    for (std::size_t i = 0; i < sizeof value; ++i) low_first[i] = static_cast<char>(value >> (8 * i) & 0xFF);
+    bytes_.append(low_first, static_cast<std::size_t>(length));
   }
   void Text(std::string_view text) {
     Number(text.size(), 4);
