@@ -192,6 +192,8 @@ void Edits::Mark(ChildWindow& window, std::size_t position, int value) {
 
 void Edits::Mark(const EditTarget& record, bool changed) {
   bool& flag = FlagOf(record);
+  // As most often: it is set already, by bytes that have changed now too.
+  if (flag && changed && bytes_changed_) return;
   NoteMark({record}, flag ? 1 : 0, changed ? 1 : 0);
   flag = changed;
   NoteSet({record}, changed);
