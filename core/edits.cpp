@@ -103,12 +103,16 @@ std::size_t SizeOf(const EditAction& action) {
 
 }  // namespace
 
-bool EditChange::ChangesBytes() const {
-  return !Same(before, after);
+EditChange::EditChange(const EditTarget& of, std::size_t at, std::string_view old_bytes, std::string_view new_bytes)
+    : target(of), position(at), before(old_bytes), after(new_bytes), changes_bytes(!Same(old_bytes, new_bytes)) {}
+
+void EditChange::TakeNew(std::string_view bytes) {
+  CopyTo(after.data(), bytes);
+  changes_bytes = !Same(before, after);
 }
 
 bool EditAction::ChangesBytes() const {
-  return std::any_of(changes.begin(), changes.end(), [](const auto& change) { return change.ChangesBytes(); });
+  return std::any_of(changes.begin(), changes.end(), [](const auto& change) { return change.changes_bytes; });
 }
 
 // Its memory stays for the next one.
@@ -352,10 +356,7 @@ void Edits::NotePiece(EditAction& action, const EditTarget& target, std::size_t 
     ++searched;
     if (change->target != target) continue;
     const bool same = change->position == position && change->after.size() == before.size();
-    if (same && before.size() == after.size()) {
-      CopyTo(change->after.data(), after);
-      return;
-    }
+    if (same && before.size() == after.size()) return change->TakeNew(after);
     if (change->before.size() != change->after.size() || Overlap(*change, position, before.size())) break;
   }
   action.changes.emplace_back(target, position, before, after);

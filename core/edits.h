@@ -64,10 +64,11 @@ struct EditChange {
   std::size_t position;  // counts from 1
   Bytes before;
   Bytes after;
+  bool changes_bytes;  // whether they differ
 
-  EditChange(const EditTarget& of, std::size_t at, std::string_view old_bytes, std::string_view new_bytes)
-      : target(of), position(at), before(old_bytes), after(new_bytes) {}
-  bool ChangesBytes() const;
+  EditChange(const EditTarget& of, std::size_t at, std::string_view old_bytes, std::string_view new_bytes);
+  // Other new bytes, as many as before.
+  void TakeNew(std::string_view bytes);
 };
 
 struct EditMarkChange {

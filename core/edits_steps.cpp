@@ -49,13 +49,13 @@ template <typename Function>
 void ForEachPart(const EditAction& action, Function&& function) {
   if (action.changes.size() == 1) {
     const EditChange& change = action.changes.front();
-    if (change.target.thing != Thing::kDatabase && change.ChangesBytes()) function(MarkOf(change));
+    if (change.target.thing != Thing::kDatabase && change.changes_bytes) function(MarkOf(change));
     return;
   }
   std::array<EditMark, kMostParts> seen;
   std::size_t count = 0;
   for (const EditChange& change : action.changes) {
-    if (change.target.thing == Thing::kDatabase || !change.ChangesBytes()) continue;
+    if (change.target.thing == Thing::kDatabase || !change.changes_bytes) continue;
     const EditMark mark = MarkOf(change);
     const auto end = seen.begin() + static_cast<std::ptrdiff_t>(count);
     if (std::find(seen.begin(), end, mark) != end || count == kMostParts) continue;
