@@ -22,7 +22,7 @@
 #include <vector>
 
 #include "bench/measure.h"
-#include "tests/support/desktop.h"
+#include "tests/desktop/program.h"
 #include "ui/picture.h"
 
 namespace {

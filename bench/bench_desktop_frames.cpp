@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "bench/measure.h"
-#include "tests/support/desktop.h"
+#include "tests/desktop/program.h"
 #include "ui/strips.h"
 
 namespace {

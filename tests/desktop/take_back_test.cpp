@@ -8,7 +8,7 @@
 #include <QTest>
 
 #include "arrangement/db_format.h"
-#include "tests/support/desktop.h"
+#include "tests/desktop/program.h"
 
 namespace zentaline::ui::qt {
 namespace {
