@@ -30,7 +30,7 @@ constexpr std::array kWords = {
     Word{"Arrangements", "Arrangements", "Arrangement"},
     Word{"Programs", "Programs", "Program"},
     Word{"Styles", "Styles", "Style"},
-    Word{"Sound", "Sound", "Program"},
+    Word{"Sound", "Sound", "Suono"},
     Word{"Name", "Name", "Nome"},
     Word{"VOL", "Volume", "Volume"},
     Word{"PAN", "Pan", "Pan"},
