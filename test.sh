@@ -91,7 +91,7 @@ if [ "$scope" = full ]; then
     name=${program##*/}
     mkdir -p "build/fuzz/corpus/$name"
     add_test_line "fuzz.${name#fuzz_}" 300 "$root/$program" -max_total_time=30 -timeout=10 -rss_limit_mb=2048 \
-      "$root/build/fuzz/corpus/$name"
+      "$root/build/fuzz/corpus/$name" "$root/build/fuzz/seeds/${name#fuzz_}"
   done
 fi
 

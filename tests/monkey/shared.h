@@ -28,8 +28,8 @@ struct Shared {
   std::uint64_t random = 0;
   int actions = 0;  // lines so far
   int most_actions = 0;
-  int lives = 0;  // since the folder was made anew
-  std::array<std::uint32_t, 1 << 14> used{};
+  int lives = 0;                              // since the folder was made anew
+  std::array<std::uint32_t, 1 << 20> used{};  // by the hashes of names
   int expected_count = 0;
   std::array<Expected, 40> expected{};
   // Counts of what happened in this run.

@@ -1,6 +1,6 @@
-// zentaline-factory OUTDIR [SOURCES]: makes the data files that go with the program from the tables in SOURCES (default
-// data/factory). Equal tables give equal bytes. Writes nothing when a table holds a mistake, and tells each with file
-// and line.
+// zentaline-factory [--seeds] OUTDIR [SOURCES]: makes the data files that go with the program from the tables in
+// SOURCES (default data/factory), or with --seeds what the fuzz programs begin with, a folder for each. Equal tables
+// give equal bytes. Writes nothing when a table holds a mistake, and tells each with file and line.
 
 #include <cstdio>
 #include <filesystem>
@@ -8,6 +8,7 @@
 #include "tools/factory/arrangements.h"
 #include "tools/factory/guide.h"
 #include "tools/factory/multisamples.h"
+#include "tools/factory/seeds.h"
 
 namespace zentaline::factory {
 namespace {
@@ -40,11 +41,12 @@ Files MakeFiles(const std::string& sources, Problems& problems) {
   return files;
 }
 
-int Run(const std::string& directory, const std::string& sources) {
+int Run(const std::string& directory, const std::string& sources, bool seeds) {
   Problems problems;
-  const Files files = MakeFiles(sources, problems);
+  Files files = MakeFiles(sources, problems);
   for (const std::string& problem : problems.List()) std::fprintf(stderr, "%s\n", problem.c_str());
   if (problems.Any()) return 1;
+  if (seeds) files = SeedFiles(files);
   for (const auto& [name, bytes] : files) {
     const std::filesystem::path path = std::filesystem::path(directory) / name;
     std::error_code error;
@@ -58,9 +60,11 @@ int Run(const std::string& directory, const std::string& sources) {
 }  // namespace zentaline::factory
 
 int main(int count, char** arguments) {
-  if (count != 2 && count != 3) {
-    std::fprintf(stderr, "usage: zentaline-factory OUTDIR [SOURCES]\n");
+  const bool seeds = count > 1 && std::string_view(arguments[1]) == "--seeds";
+  const int first = seeds ? 2 : 1;
+  if (count != first + 1 && count != first + 2) {
+    std::fprintf(stderr, "usage: zentaline-factory [--seeds] OUTDIR [SOURCES]\n");
     return 2;
   }
-  return zentaline::factory::Run(arguments[1], count == 3 ? arguments[2] : "data/factory");
+  return zentaline::factory::Run(arguments[first], count == first + 2 ? arguments[first + 1] : "data/factory", seeds);
 }
