@@ -7,8 +7,9 @@
 #                     transcripts of a build without Qt and ALSA
 #   ./test.sh quick   the release build with its unit tests and transcripts, and the checks
 #   ./test.sh full    all of the first, the unit tests of the release build too, the ALSA tests in a kernel with a
-#                     sequencer, the package installed into a fresh system, short fuzz runs, and which lines of the
-#                     program's logic the unit tests and transcripts run: 95 % at least
+#                     sequencer, the package installed into a fresh system, every kind of save killed at every call
+#                     that changes the disk, short fuzz runs, and which lines of the program's logic the unit tests
+#                     and transcripts run: 95 % at least
 #
 # Packages that are lacking are installed first.
 set -euo pipefail
@@ -82,6 +83,8 @@ if [ "$scope" = full ]; then
   build coverage
   add_test_line coverage 2400 "$root/tests/coverage/run" "$root/build/coverage"
   add_test_line kernel.alsa_tests 1200 "$root/tests/alsa/run-in-kernel" "$root/build/release/tests/alsa_tests"
+  add_test_line crash.kills 1200 "$root/tests/crash/kills" "$root/build/release/bin/zentaline-console" \
+    "$root/build/release/share/zentaline"
   say "Making the package"
   ./package.sh
   add_test_line package 1200 "$root/tests/package/run" "$root"/build/package/zentaline_*.deb

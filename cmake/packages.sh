@@ -31,6 +31,7 @@ lintian                -     -     need  need     the examination of the package
 appstream              -     -     need  need     the examination of what software catalogues show
 desktop-file-utils     -     -     need  need     the examination of the desktop entry
 file                   -     -     need  need     the libraries that the package depends on
+strace                 -     -     need  -        the program killed at each of its calls
 mmdebstrap             -     -     need  -        a fresh system to install the package into
 LIST
 }
