@@ -404,5 +404,45 @@ TEST_F(Recovery, AWindowThatIsBackAlreadyTakesTheChanges) {
   EXPECT_EQ(next->app.edits.BackCount(), 2);
 }
 
+// --- Much, and long names ---
+
+// The list holds two thousand: the first of more are one, and nothing is lost.
+TEST_F(Recovery, OfMoreActionsThanTheListHoldsTheFirstAreOne) {
+  constexpr int kActions = 2100;
+  {
+    auto program = Run();
+    program->OpenArr(Path("song.arr"));
+    for (int i = 0; i < kActions; ++i) Rename(*program, i % 3, static_cast<char>('A' + i % 26));
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(kActions, 1)));
+  EXPECT_EQ(next->app.edits.BackCount(), 2000);
+  for (int i = kActions - 3; i < kActions; ++i) EXPECT_EQ(Letter(*next, i % 3), static_cast<char>('A' + i % 26));
+  while (next->app.edits.BackCount() > 1) next->app.undo.TakeBack();
+  // The first hundred and one.
+  for (int i = 98; i < 101; ++i) EXPECT_EQ(Letter(*next, i % 3), static_cast<char>('A' + i % 26)) << i;
+  next->app.undo.TakeBack();
+  EXPECT_EQ(next->Arr(1)->window_image().substr(270, 10528), ArrFile({"First", "Second", "Third"}));
+  EXPECT_FALSE(next->Enabled(mnuSalva));
+}
+
+// Where the name has no room for what is said behind it, it is cut, and stands in the working directory.
+TEST_F(Recovery, ALongNameIsCut) {
+  const std::string base = std::string(60, 'f') + "/" + std::string(236 - folder.Path().size() - 62, 'n');
+  fs::create_directory(Path(std::string(60, 'f')));
+  folder.Put(base + ".arr", ArrFile({"First"}));
+  {
+    auto program = Run();
+    program->OpenArr(Path(base + ".arr"), 1, true);
+    ASSERT_NE(program->Arr(1), nullptr);
+    Rename(*program, 0, 'X');
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  ASSERT_NE(next->Arr(1), nullptr);
+  EXPECT_EQ(Letter(*next, 0), 'X');
+  EXPECT_EQ(next->Caption(1), "File Arr - " + std::string(79, 'n') + " (recovered).arr (1)");
+  EXPECT_EQ(WindowPath(next->Arr(1)->window_image()), Path(std::string(79, 'n') + " (recovered)"));
+}
+
 }  // namespace
 }  // namespace zentaline::test
