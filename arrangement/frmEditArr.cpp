@@ -122,6 +122,7 @@ void frmEditArr::ShowSplitNote() {
 }
 
 void frmEditArr::Fill() {
+  records_behind.clear();
   const ScopedValue filling(app().arrangement.EditorFilling, true);
   ShowTitle();
   ShowTexts();

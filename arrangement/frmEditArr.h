@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -76,6 +78,8 @@ class frmEditArr : public ChildWindow, private RecordEditorHost {
   void ShowStep(const EditStep& step) override;
   // The same for a record that its file has now.
   void TakeOver(Bytes record);
+  // What it held behind steps on its file that were taken back, by their numbers, since the record was taken up.
+  std::map<std::int64_t, Bytes> records_behind;
   // Writes the split point's name into Label1(3), and tells the keyboard on the screen.
   void ShowSplitNote();
 

@@ -120,14 +120,19 @@ void ShowArrEditorStep(Application& app, const EditStep& step) {
 }
 
 // What is changed in the editor itself stays there.
-void TakeOverArrRecord(Application& app, const ChildWindow& source) {
+void TakeOverArrRecord(Application& app, const ChildWindow& source, const EditStep& step) {
   frmEditArr* editor = Editor(app);
   const Bytes& record = app.arrangement.ArrEditRecord;
-  if (editor == nullptr || app.arrangement.EditorChanged || ByteAt(record, arr_edit::kKind) != source.Kind() ||
+  if (editor == nullptr || ByteAt(record, arr_edit::kKind) != source.Kind() ||
       ByteAt(record, arr_edit::kWindowNumber) != source.WindowNumber()) {
     return;
   }
-  Bytes taken = PrepareEditRecord(source.window_image(), ByteAt(record, arr_edit::kIndex), StyleName);
+  if (step.back) editor->records_behind[step.action.number] = record;
+  if (app.arrangement.EditorChanged) return;
+  const auto behind = editor->records_behind.find(step.action.number);
+  Bytes taken = !step.back && behind != editor->records_behind.end()
+                    ? behind->second
+                    : PrepareEditRecord(source.window_image(), ByteAt(record, arr_edit::kIndex), StyleName);
   if (record != taken) editor->TakeOver(std::move(taken));
 }
 

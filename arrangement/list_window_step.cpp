@@ -59,7 +59,7 @@ void ArrListWindow::ShowStep(const EditStep& step) {
     RowShown(row);
   }
   if (styles) FollowStyles(app(), *this, step.action);
-  if (records) TakeOverArrRecord(app(), *this);
+  if (records) TakeOverArrRecord(app(), *this, step);
   ForgetSent(records, styles);
 }
 

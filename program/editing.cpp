@@ -11,6 +11,7 @@
 #include "data/multisample.h"
 #include "midi/api.h"
 #include "program/api.h"
+#include "program/frmEditPrg.h"
 #include "program/perf_tables.h"
 #include "program/prg_format.h"
 #include "program/windows.h"
@@ -46,6 +47,7 @@ ui::TextBox* MultisoundBox(Application& app, int box) {
 
 void LoadEditRecord(Application& app, const Bytes& image, int index) {
   app.edits.TakeRecord(kPrgRecordUnderEdit, MakeEditRecord(image, index));
+  if (app.prg_editor != nullptr) static_cast<frmEditPrg*>(app.prg_editor)->records_behind.clear();
   TakePerfBase(app);
   RefreshPerf(app);
 }

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +24,9 @@ using ui::ControlArray;
 class frmEditPrg : public ChildWindow, private RecordEditorHost {
  public:
   explicit frmEditPrg(Application& app);
+
+  // What it held behind steps on its file that were taken back, by their numbers, since the record was taken up.
+  std::map<std::int64_t, Bytes> records_behind;
 
   ui::Tabs SSTab1{*this, "SSTab1"};
   // 0 the program's name, 1 and 2 the multisounds of the oscillators.

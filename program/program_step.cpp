@@ -204,7 +204,7 @@ void frmPrgUN::ShowStep(const EditStep& step) {
     app().program.PrgInInstrument.clear();
     if (app().main != nullptr) app().main->LabelPrg.SetCaption({});
   }
-  TakeOverProgram(app(), *this);
+  TakeOverProgram(app(), *this, step);
 }
 
 void frmPrgUN::ShowRowText(int row, std::string text) {
@@ -213,12 +213,19 @@ void frmPrgUN::ShowRowText(int row, std::string text) {
 }
 
 // What is changed in the editors themselves stays there.
-void TakeOverProgram(Application& app, const ChildWindow& bank) {
+void TakeOverProgram(Application& app, const ChildWindow& bank, const EditStep& step) {
   const int index = ByteAt(app.program.EditRecord, edit_record::kIndex);
   if (app.prg_editor == nullptr && app.perf_editor == nullptr) return;
-  if (app.program.ProgramChanged || !IsUnderEdit(app, bank, index)) return;
+  if (!IsUnderEdit(app, bank, index)) return;
   const Bytes before = app.program.EditRecord;
+  auto* const editor = static_cast<frmEditPrg*>(app.prg_editor);
+  if (step.back && editor != nullptr) editor->records_behind[step.action.number] = before;
+  if (app.program.ProgramChanged) return;
   Bytes taken = MakeEditRecord(bank.window_image(), index);
+  if (!step.back && editor != nullptr) {
+    const auto behind = editor->records_behind.find(step.action.number);
+    if (behind != editor->records_behind.end()) taken = behind->second;
+  }
   if (before == taken) return;
   app.edits.TakeOver(kPrgRecordUnderEdit, std::move(taken));
   TakePerfBase(app);

@@ -10,6 +10,7 @@
 namespace zentaline {
 
 struct Application;
+struct EditStep;
 class ChildWindow;
 
 // --- A bank's window ---
@@ -30,8 +31,9 @@ bool AskToSaveProgram(Application& app, const ChildWindow& editor);
 // "Bank.prg / Name", for the captions of the editors.
 std::string EditedProgramTitle(const Application& app);
 
-// A bank's records have gone a step back or forth: the editors show their own one as it is now.
-void TakeOverProgram(Application& app, const ChildWindow& bank);
+// A bank's records have gone a step back or forth: the editors show their own one as it is now. A step forth leads to
+// what they held behind it, which a cut or a paste had left alone.
+void TakeOverProgram(Application& app, const ChildWindow& bank, const EditStep& step);
 // What goes out before the message of a row: the mode, and the oscillator.
 void AnnounceProgramParam(Application& app, const EditorRow& row, int block);
 

@@ -223,6 +223,9 @@ std::map<std::string, std::uint64_t> Host::Contents() {
     contents[window.FullName()] = ContentOf(app(), window, false);
     contents[window.FullName() + ", marked"] = HasChanges(app(), window) ? 1 : 0;
   }
+  // Without changes of its own an editor takes over what becomes of its record in the file.
+  if (app().arrangement.EditorChanged) contents["ArrEditRecord"] = HashOf(app().arrangement.ArrEditRecord.value());
+  if (app().program.ProgramChanged) contents["EditRecord"] = HashOf(app().program.EditRecord.value());
   return contents;
 }
 
