@@ -11,7 +11,6 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
-#include <ranges>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -117,6 +116,37 @@ struct EditAction {
   void Clear();
 };
 
+// Actions that lie elsewhere, to be looked at.
+class EditActions {
+ public:
+  using List = std::deque<std::unique_ptr<EditAction>>;
+  class Iterator {
+   public:
+    explicit Iterator(List::const_iterator at) : at_(at) {}
+    const EditAction& operator*() const { return **at_; }
+    Iterator& operator++() {
+      ++at_;
+      return *this;
+    }
+    bool operator==(const Iterator&) const = default;
+
+   private:
+    List::const_iterator at_;
+  };
+
+  explicit EditActions(const List& list) : list_(&list) {}
+  std::size_t size() const { return list_->size(); }
+  bool empty() const { return list_->empty(); }
+  const EditAction& operator[](std::size_t i) const { return *(*list_)[i]; }
+  const EditAction& front() const { return *list_->front(); }
+  const EditAction& back() const { return *list_->back(); }
+  Iterator begin() const { return Iterator(list_->begin()); }
+  Iterator end() const { return Iterator(list_->end()); }
+
+ private:
+  const List* list_;
+};
+
 class Edits {
  public:
   explicit Edits(Application& app) : app_(app) {}
@@ -181,9 +211,9 @@ class Edits {
   // --- The list ---
 
   // The actions of this run, the oldest first; `standing` of them stand, the others were taken back.
-  auto actions() {
+  EditActions actions() {
     NoteWaiting();
-    return std::views::transform(std::as_const(actions_), [](const auto& each) -> const EditAction& { return *each; });
+    return EditActions(actions_);
   }
   std::size_t standing() {
     NoteWaiting();
