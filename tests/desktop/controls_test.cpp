@@ -433,6 +433,35 @@ TEST_F(Controls, AScreenReaderHearsWhatStandsForANumber) {
   EXPECT_EQ(bar->text(QAccessible::Description), "Left and right");
 }
 
+// A field that is pressed by Enter.
+class ToyField : public Form {
+ public:
+  ToyField(Toolkit& the_toolkit, Log& log) : Form(the_toolkit, FormKind::kChild, "frmField") {
+    Field.sunken = true;
+    Field.SetCaption("Out: Port A");
+    Field.on_key = [&log](const Key& key) {
+      if (key.name == Key::kEnter) log.push_back("enter");
+      return true;
+    };
+    Plain.SetCaption("Volume");
+    layout = Row({Item(Plain), Item(Field, 1)});
+  }
+  Label Plain{*this, "Plain"};
+  Label Field{*this, "Field"};
+};
+
+TEST_F(Controls, AFieldThatCanBePressedIsAButtonToAScreenReader) {
+  auto& form = static_cast<ToyField&>(toolkit.Open(std::make_unique<ToyField>(toolkit, log)));
+  Settle();
+  log.clear();
+  QAccessibleInterface* field = Spoken(Widget<QLabel>(form.Field));
+  EXPECT_EQ(field->role(), QAccessible::Button);
+  EXPECT_EQ(field->text(QAccessible::Name), "Out: Port A");
+  field->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_THAT(log, Contains("enter"));
+  EXPECT_EQ(Spoken(Widget<QLabel>(form.Plain))->role(), QAccessible::StaticText);
+}
+
 TEST_F(Controls, AScreenReaderHearsOfOptionsAndTypedLists) {
   QAccessibleInterface* first = Spoken(Widget<QRadioButton>(child->Option0));
   QAccessibleInterface* second = Spoken(Widget<QRadioButton>(child->Option1));

@@ -3,6 +3,9 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QRadioButton>
 #include <algorithm>
 #include <cstdlib>
@@ -99,9 +102,32 @@ class SpokenFader : public QAccessibleWidget, public QAccessibleValueInterface {
   Fader* Bar() const { return static_cast<Fader*>(widget()); }
 };
 
+// A field that does something when it is pressed is a button to who can't see it.
+class SpokenField : public QAccessibleWidget {
+ public:
+  explicit SpokenField(QLabel* field) : QAccessibleWidget(field, QAccessible::Button) {}
+
+  QString text(QAccessible::Text kind) const override {
+    if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
+    const QString given = widget()->accessibleName();
+    return given.isEmpty() ? static_cast<QLabel*>(widget())->text() : given;
+  }
+  QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+  void doAction(const QString& action) override {
+    if (action != pressAction()) return QAccessibleWidget::doAction(action);
+    widget()->setFocus();
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget(), &enter);
+  }
+};
+
 QAccessibleInterface* Make(const QString& class_name, QObject* object) {
   if (class_name == QStringLiteral("QComboBox")) return new SpokenList(static_cast<QComboBox*>(object));
   if (class_name == QStringLiteral("QRadioButton")) return new SpokenOption(static_cast<QRadioButton*>(object));
+  if (class_name == QStringLiteral("QLabel")) {
+    auto* label = static_cast<QLabel*>(object);
+    return label->focusPolicy() == Qt::NoFocus ? nullptr : new SpokenField(label);
+  }
   // It has no class name of its own.
   if (class_name != QStringLiteral("QAbstractSlider")) return nullptr;
   auto* fader = dynamic_cast<Fader*>(object);
