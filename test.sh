@@ -8,8 +8,8 @@
 #   ./test.sh quick   the release build with its unit tests and transcripts, and the checks
 #   ./test.sh full    all of the first, the unit tests of the release build too, the ALSA tests in a kernel with a
 #                     sequencer, the package installed into a fresh system, every kind of save killed at every call
-#                     that changes the disk, short fuzz runs, and which lines of the program's logic the unit tests
-#                     and transcripts run: 95 % at least
+#                     that changes the disk, the scripts on the desktop's widgets under the sanitizers too, short fuzz
+#                     runs, and which lines of the program's logic the unit tests and transcripts run: 95 % at least
 #
 # Packages that are lacking are installed first.
 set -euo pipefail
@@ -39,7 +39,7 @@ fi
 # Tests of windows draw into memory, so that they need no display and leave the one that is there alone.
 export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
 
-build() { # build PRESET [OPTION...]
+build() { # build PRESET [OPTION...]; of its targets those that $targets names
   local preset=$1
   shift
   say "Building $preset"
@@ -49,7 +49,8 @@ build() { # build PRESET [OPTION...]
     say "The build $preset could not be prepared."
     return 1
   }
-  cmake --build "build/$preset"
+  # shellcheck disable=SC2086  # names of targets, parted by blanks; none for all of them
+  cmake --build "build/$preset" ${targets:+--target $targets}
 }
 
 # run.sh prepares the release build without the tests; here they are wanted, and every part of the program with them.
@@ -85,6 +86,9 @@ if [ "$scope" = full ]; then
   add_test_line kernel.alsa_tests 1200 "$root/tests/alsa/run-in-kernel" "$root/build/release/tests/alsa_tests"
   add_test_line crash.kills 1200 "$root/tests/crash/kills" "$root/build/release/bin/zentaline-console" \
     "$root/build/release/share/zentaline"
+  targets='zentaline zentaline-console zentaline-desktop-script factory_files' build sanitize-desktop
+  add_test_line desktop.sanitized 3600 ctest --test-dir "$root/build/sanitize-desktop" \
+    -R '^sanitize-desktop[.]desktop[.]' -j "$(nproc)" --output-on-failure --no-tests=error
   say "Making the package"
   ./package.sh
   add_test_line package 1200 "$root/tests/package/run" "$root"/build/package/zentaline_*.deb

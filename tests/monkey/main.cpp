@@ -101,6 +101,7 @@ int PlayAtRandom(Shared& shared, Folder& folder, const Reports& reports, const A
     good = Live(shared, folder, reports,
                 [&shared, path, faults, length] { return std::make_unique<Hand>(shared, path, faults, length); });
     opened.merge(OpenedWindows(reports));
+    std::ofstream(reports.folder + "/progress") << shared.actions << "\n";
   }
   TellCounts(shared);
   if (shared.most_actions >= kShortestToReach && good) ExpectWindows(shared, opened);
