@@ -202,6 +202,9 @@ TEST_F(Bank, AnEditedRecordGoesBackIntoItsBankAndTheClosingSavesIt) {
   EXPECT_EQ(Image(2).substr(302 + 164 * 3, 164), ArrRecord({"Changed", 9, false, {}}));
   EXPECT_EQ(desk_.Rows("frmArrAB(2).List1").at(3), "14  Changed         ");
   EXPECT_TRUE(desk_.Enabled("mnuSalva"));
+  // A bank goes by the name of the instrument's file.
+  EXPECT_TRUE(desk_.Press("mnuSalvaAs"));
+  EXPECT_EQ(desk_.program.toolkit.dialogs.back().name, "i40ArrA.arr");
   desk_.program.toolkit.answers = {ui::BoxAnswer::kCancel};
   EXPECT_TRUE(desk_.Press("frmArrAB(2).CommClose"));
   EXPECT_NE(ArrBankWindow(desk_.program.app, 2), nullptr);
