@@ -195,6 +195,19 @@ TEST_F(DbWindow, DeletingTakesTheEntryOutAndLeavesTheFile) {
   EXPECT_EQ(Stored(), DatabaseBytes({}, dir()));
 }
 
+// Who is back by itself takes nothing away; opened by the user it does.
+TEST_F(DbWindow, TheWindowOfTheLastRunRemovesNoEmptyDatabase) {
+  Open({{"Song", 3}});
+  ASSERT_TRUE(desk_.program.Quit());
+  desk_.Put("i40DBArr", "");
+  TestProgram next(desk_.folder);
+  ASSERT_TRUE(next.Start());
+  EXPECT_EQ(next.toolkit.FindForm("frmEditDBArr"), nullptr);
+  EXPECT_TRUE(std::filesystem::exists(desk_.folder.Path("i40DBArr")));
+  DBPurge(next.app);
+  EXPECT_FALSE(std::filesystem::exists(desk_.folder.Path("i40DBArr")));
+}
+
 // Before the first one that a run takes out, the file is kept as it was; the next run keeps it anew.
 TEST_F(DbWindow, TheFirstDeletionOfARunKeepsTheFileBeside) {
   desk_.Put("i40DBArr.bak", "of an earlier run");

@@ -225,6 +225,20 @@ TEST_F(Opening, FoldersPipesAndMissingPathsAreToldApart) {
   EXPECT_EQ(Open("pipe.arr"), (Boxes{{48, "Opening pipe.arr", "Disk reading error"}}));
 }
 
+// The box, and then the window that shows it, whichever dialog the file was chosen in.
+TEST_F(Opening, AFileThatIsOpenAlreadyComesToTheFront) {
+  folder.Put("one.arr", ArrFile());
+  folder.Put("two.arr", ArrFile());
+  Open("one.arr");
+  Open("two.arr");
+  ASSERT_EQ(program.toolkit.active_child(), program.Arr(2));
+  EXPECT_EQ(Open("one.arr"), (Boxes{{48, "one.arr", "File already open"}}));
+  EXPECT_EQ(program.toolkit.active_child(), program.Arr(1));
+  EXPECT_EQ(Open("two.arr", 7), (Boxes{{48, "two.arr", "File already open"}}));
+  EXPECT_EQ(program.toolkit.active_child(), program.Arr(2));
+  EXPECT_EQ(OpenWindows(), 2);
+}
+
 TEST_F(Opening, AFileThatIsOpenIsNotOpenedAgain) {
   folder.Put("song.arr", Mark("x"));
   Open("song.arr");
