@@ -1,9 +1,13 @@
 // The monkey: the whole program in the hands of someone who does things at random, by the very ways that a script has.
 //
-//   zentaline-monkey SHARE OUT [--seed N] [--actions N]      plays at random; SHARE holds the factory files
-//   zentaline-monkey SHARE OUT --replay FOLDER                               plays the lines that a run has left in
-//   FOLDER zentaline-monkey SHARE OUT --shrink FOLDER [--runs N]                    cuts them down to few that fail in
-//   the same way
+//   zentaline-monkey SHARE OUT [--seed N] [--actions N]
+//     plays at random; SHARE holds the factory files
+//   zentaline-monkey SHARE OUT --replay FOLDER
+//     plays the lines that a run has left in FOLDER
+//   zentaline-monkey SHARE OUT --shrink FOLDER [--runs N]
+//     cuts them down to few that fail in the same way
+//   zentaline-monkey SHARE OUT --windows FOLDER
+//     expects that the runs in FOLDER, one in each of its folders, have together opened every kind of window
 //
 // OUT gets the lines of each life, OUT/1.zts and on, since the working directory was last made anew: each is a script
 // for zentaline-console --journal, one after the other in one directory. What a life prints is OUT/transcript, what it
@@ -28,10 +32,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostFiles = 90;          // then the folder is made anew
-constexpr int kMostLives = 30;          // the same
-constexpr int kLinesToShow = 25;        // of a failure
-constexpr int kShortestToReach = 5000;  // so many actions open every kind of window
+constexpr int kMostFiles = 90;           // then the folder is made anew
+constexpr int kMostLives = 30;           // the same
+constexpr int kLinesToShow = 25;         // of a failure
+constexpr int kShortestToReach = 50000;  // so many actions open every kind of window
+constexpr char kOpened[] = "/opened";    // of a run's folder: the kinds of windows
 
 constexpr const char* kWindows[] = {"frmMain",       "frmLingua",    "frmAbout",   "frmArrU",       "frmArrNew",
                                     "frmArrAB",      "frmPrgUN",     "frmPcgAE",   "frmDrum",       "frmStyUN",
@@ -104,7 +109,20 @@ int PlayAtRandom(Shared& shared, Folder& folder, const Reports& reports, const A
     std::ofstream(reports.folder + "/progress") << shared.actions << "\n";
   }
   TellCounts(shared);
+  std::ofstream names(reports.folder + kOpened);
+  for (const std::string& name : opened) names << name << "\n";
   if (shared.most_actions >= kShortestToReach && good) ExpectWindows(shared, opened);
+  return Tell(shared, reports);
+}
+
+// Of all runs whose folders lie in this one.
+int LookAtWindows(Shared& shared, const Reports& reports, const std::string& runs) {
+  std::set<std::string> opened;
+  for (const auto& run : fs::directory_iterator(runs)) {
+    std::ifstream names(run.path().string() + kOpened);
+    for (std::string name; std::getline(names, name);) opened.insert(name);
+  }
+  ExpectWindows(shared, opened);
   return Tell(shared, reports);
 }
 
@@ -126,7 +144,8 @@ int MakeShort(Shared& shared, Folder& folder, const Reports& reports, const std:
 
 int Use() {
   std::fputs(
-      "use: zentaline-monkey SHARE OUT [--seed N] [--actions N] | --replay FOLDER | --shrink FOLDER [--runs N]\n",
+      "use: zentaline-monkey SHARE OUT [--seed N] [--actions N] | --replay FOLDER | --shrink FOLDER [--runs N] |\n"
+      "     --windows FOLDER\n",
       stderr);
   return 2;
 }
@@ -138,6 +157,9 @@ int Main(const Arguments& arguments) {
   const Reports reports{fs::absolute(arguments.out).string()};
   fs::create_directories(reports.folder);
   Folder folder(reports.folder + "/work", fs::absolute(arguments.share).string());
+  if (arguments.options.contains("--windows")) {
+    return LookAtWindows(shared, reports, arguments.options.at("--windows"));
+  }
   if (arguments.options.contains("--replay")) {
     return PlayAgain(shared, folder, reports, arguments.options.at("--replay"));
   }
@@ -156,7 +178,8 @@ int main(int argc, char** argv) {
   Arguments arguments{argv[1], argv[2], {}};
   for (int i = 3; i + 1 < argc; i += 2) {
     const std::string name = argv[i];
-    if (name != "--seed" && name != "--actions" && name != "--replay" && name != "--shrink" && name != "--runs") {
+    if (name != "--seed" && name != "--actions" && name != "--replay" && name != "--shrink" && name != "--runs" &&
+        name != "--windows") {
       return Use();
     }
     arguments.options[name] = argv[i + 1];
