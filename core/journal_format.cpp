@@ -245,6 +245,18 @@ std::vector<std::uint32_t> WindowsOf(const JournalAction& action) {
   return windows;
 }
 
+// The door lets nothing else through: of a window's control bytes those that are marks, and what stands behind the
+// path.
+bool CanBe(const JournalAction& action) {
+  return std::all_of(action.pieces.begin(), action.pieces.end(),
+                     [](const JournalPiece& piece) {
+                       return piece.place.thing != JournalThing::kWindow || piece.position > kWindowPrefixLength;
+                     }) &&
+         std::all_of(action.marks.begin(), action.marks.end(), [](const JournalMark& mark) {
+           return mark.place.thing != JournalThing::kWindow || mark.position <= kControlLength;
+         });
+}
+
 bool Touches(const JournalAction& action, JournalPlace place) {
   return std::any_of(action.pieces.begin(), action.pieces.end(),
                      [&](const JournalPiece& piece) { return piece.place == place; });
@@ -280,7 +292,7 @@ class Replay {
       case static_cast<char>(JournalStep::kTakenBack):
       case static_cast<char>(JournalStep::kBroughtForth): {
         const JournalAction action = TakeAction(in);
-        return in.Done() && Step(static_cast<JournalStep>(record.front()), action);
+        return in.Done() && CanBe(action) && Step(static_cast<JournalStep>(record.front()), action);
       }
       default:
         return false;

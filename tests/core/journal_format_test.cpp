@@ -117,6 +117,17 @@ TEST(JournalFormat, MarksAreSetWithTheirActions) {
   EXPECT_EQ(content.windows.at(1).image[3], 1);
 }
 
+// Neither is any part of what the user does, nor would it be kept when the journal is rewritten.
+TEST(JournalFormat, AnActionOnThePathEndsTheReading) {
+  const Bytes before = JournalHead() + JournalBytes(Window(1));
+  EXPECT_EQ(Read(before + Done(Action(1, kFirst, 260, "i", "A"))).read, before.size());
+  JournalAction action = Action(1, kFirst, 271, "i", "A");
+  action.marks = {{kFirst, 260, 0, 1}};
+  EXPECT_EQ(Read(before + Done(action)).read, before.size());
+  action.marks = {{kFirst, 21, 0, 1}};
+  EXPECT_EQ(Read(before + Done(action)).read, before.size());
+}
+
 TEST(JournalFormat, AnActionThatGrowsTakesThePlaceOfWhatItWas) {
   const JournalContent content =
       Read(JournalHead() + JournalBytes(Window(1)) + Done(Action(5, kFirst, 271, "i", "A")) +
