@@ -135,6 +135,8 @@ void DoAgain(Application& app, ChildWindow& window, const Lost& lost, const Jour
     if (mark.place == place && mark.position <= kControlLength) app.edits.Mark(window, mark.position, mark.after);
   }
   app.edits.EndAction();
+  // A mark may have stood before the action, set by what changed no byte; here nothing has set it yet.
+  if (app.edits.standing() > 0) app.edits.SetTrueMarks(app.edits.actions()[app.edits.standing() - 1]);
 }
 
 bool IsChanged(const ChildWindow& window) {

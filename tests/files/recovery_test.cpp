@@ -404,6 +404,28 @@ TEST_F(Recovery, AWindowThatIsBackAlreadyTakesTheChanges) {
   EXPECT_EQ(next->app.edits.BackCount(), 2);
 }
 
+// The mark was set by an event that changed no byte, of which the journal is told nothing: what comes back is a change
+// all the same, and no closing may pass over it.
+TEST_F(Recovery, WhatComesBackIsChangedAlsoWhereTheMarkStoodBefore) {
+  {
+    auto program = Run();
+    program->OpenArr(Path("song.arr"));
+    {
+      const ui::UserEvent event(program->toolkit);
+      program->app.edits.Mark(*program->Arr(1), kChangedPosition, 1);
+    }
+    Rename(*program, 0, 'X');
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  ASSERT_NE(next->Arr(1), nullptr);
+  EXPECT_EQ(Letter(*next, 0), 'X');
+  EXPECT_TRUE(next->Enabled(mnuSalva));
+  ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_FALSE(next->Enabled(mnuSalva));
+  ASSERT_TRUE(next->Press(mnuRipeti));
+  EXPECT_TRUE(next->Enabled(mnuSalva));
+}
+
 // --- Much, and long names ---
 
 // The list holds two thousand: the first of more are one, and nothing is lost.
