@@ -134,8 +134,8 @@ const ChildWindow* ChangedStyles(const Application& app, int kind, const std::st
 ChildWindow* SameStyles(const Application& app, const ChildWindow& window);
 
 // The styles of a window have gone a step back or forth: the window that shows the same ones goes along where the
-// action didn't touch it, as when it opened later. Both stay one file.
-void FollowStyles(Application& app, const ChildWindow& window, const EditAction& action);
+// action didn't touch it, as when it opened later. Both stay one file. One that has steps of its own is led by these.
+void FollowStyles(Application& app, ChildWindow& window, const EditAction& action);
 
 // CurrentFileDir and CurrentFileName; `path` is without extension.
 void SetCurrentFile(Application& app, const std::string& path);

@@ -25,6 +25,19 @@ ChildWindow* NamedWindow(const Application& app, int kind, const std::string& ba
   return found == nullptr || !found->HasOwnPath() ? nullptr : found;
 }
 
+bool ChangesStylesOf(const EditAction& action, ChildWindow& window) {
+  const std::size_t begin = ShowsStyles(window) ? 1 : kArrImageLength + 1;
+  return ChangesWithin(action, ImageOf(window), begin, std::string::npos);
+}
+
+// As after a crash, which brings an action of two windows back as one for each.
+bool HasStepsOfItsOwn(Application& app, ChildWindow& window, ChildWindow& other) {
+  for (const EditAction& each : app.edits.actions()) {
+    if (ChangesStylesOf(each, window) && !ChangesStylesOf(each, other)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 ChildWindow* StylesWindow(const Application& app, int kind, const std::string& base) {
@@ -57,10 +70,10 @@ bool StylesOpenElsewhere(const Application& app, const ChildWindow& window, cons
   return false;
 }
 
-void FollowStyles(Application& app, const ChildWindow& window, const EditAction& action) {
+void FollowStyles(Application& app, ChildWindow& window, const EditAction& action) {
   ChildWindow* same = SameStyles(app, window);
   if (same == nullptr || StylePart(same->window_image()) == StylePart(window.window_image())) return;
-  if (ChangesWithin(action, ImageOf(*same), 0, std::string::npos)) return;
+  if (ChangesWithin(action, ImageOf(*same), 0, std::string::npos) || HasStepsOfItsOwn(app, *same, window)) return;
   app.edits.Prepare(*same, [&](Bytes& image) {
     PutStylePart(image, StylePart(window.window_image()));
     PutByte(image, kStyChangedPosition, ByteAt(window.window_image(), kStyChangedPosition));

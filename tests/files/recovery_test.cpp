@@ -10,6 +10,8 @@
 #include "arrangement/arr_format.h"
 #include "core/journal_format.h"
 #include "program/prg_format.h"
+#include "style/sty_format.h"
+#include "tests/files/item_builder.h"
 #include "tests/files/journal_desk.h"
 #include "tests/program/prg_builder.h"
 #include "ui/controls.h"
@@ -424,6 +426,41 @@ TEST_F(Recovery, WhatComesBackIsChangedAlsoWhereTheMarkStoodBefore) {
   EXPECT_FALSE(next->Enabled(mnuSalva));
   ASSERT_TRUE(next->Press(mnuRipeti));
   EXPECT_TRUE(next->Enabled(mnuSalva));
+}
+
+// A paste into a style window changes the arrangements of its name too; what comes back are two actions, one for each
+// window. Taking the one back must leave the other to its own.
+TEST_F(Recovery, StylesOfTwoWindowsGoBackAndForthEachByItsOwnAction) {
+  folder.Put("song.sty", StyImage({{"One", 120, 'a'}, {"Two", 40, 'b'}, {"C", 20}, {"D", 20}}));
+  {
+    auto program = Run();
+    program->OpenArr(Path("song.arr"));
+    OpenBy(*program, mnuApriSty, Path("song.sty"), 2);
+    ASSERT_NE(program->app.sty_windows[1], nullptr);
+    ASSERT_TRUE(program->Quit());
+  }
+  {
+    auto program = Run();
+    ChildWindow& styles = *program->app.sty_windows[1];
+    const Bytes before(StylePart(program->Arr(1)->window_image()));
+    List(styles).UserSelect({0});
+    ASSERT_TRUE(program->Press(mnuCopia));
+    List(styles).UserSelect({1});
+    ASSERT_TRUE(program->Press(mnuIncolla));
+    ASSERT_NE(StylePart(program->Arr(1)->window_image()).size(), before.size());
+    ASSERT_EQ(StylePart(program->Arr(1)->window_image()), StylePart(styles.window_image()));
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  ChildWindow& styles = *next->app.sty_windows[1];
+  const Bytes arrangements_pasted = next->Arr(1)->window_image();
+  const Bytes styles_pasted = styles.window_image();
+  ASSERT_EQ(next->app.edits.BackCount(), 2);
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_EQ(StylePart(next->Arr(1)->window_image()), folder.Get("song.sty"));
+  EXPECT_EQ(StylePart(styles.window_image()), folder.Get("song.sty"));
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(next->Press(mnuRipeti));
+  EXPECT_EQ(next->Arr(1)->window_image(), arrangements_pasted);
+  EXPECT_EQ(styles.window_image(), styles_pasted);
 }
 
 // --- Much, and long names ---
