@@ -34,6 +34,12 @@ TEST_F(Windows, TheNewestChildIsInFrontAndActivatedOnce) {
   EXPECT_THAT(log, Not(Contains("activated 1")));
 }
 
+// The program's own icon is read behind the first frame; a window of the last run is there before.
+TEST_F(Windows, AWindowThatOpensBeforeTheIconWasReadHasItAllTheSame) {
+  QApplication::setWindowIcon(QIcon());
+  EXPECT_FALSE(Sub(OpenChild("2"))->windowIcon().isNull());
+}
+
 TEST_F(Windows, AClickInAnotherChildBringsItToTheFront) {
   OpenChild("2");
   Settle();

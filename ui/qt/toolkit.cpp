@@ -44,8 +44,7 @@ QtToolkit::QtToolkit() {
   clock_.start();
   // Reading the pictures takes longer than all else here: the first frame doesn't wait for them, as it would for an
   // event that is posted now.
-  QTimer::singleShot(kAfterFirstFrame, QCoreApplication::instance(),
-                     [] { QApplication::setWindowIcon(ProgramIcon()); });
+  QTimer::singleShot(kAfterFirstFrame, QCoreApplication::instance(), ShowProgramIcon);
   due_.setSingleShot(true);
   due_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&due_, &QTimer::timeout, [this] { OnTimer(); });

@@ -21,6 +21,7 @@
 #include "ui/placing.h"
 #include "ui/qt/builder.h"
 #include "ui/qt/convert.h"
+#include "ui/qt/icon.h"
 #include "ui/qt/menus.h"
 #include "ui/toolkit.h"
 
@@ -388,6 +389,8 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
   static_cast<Frame<QMdiSubWindow>*>(window_)->owner = this;
   BuildIn(window_);
   window_->setWidget(body());
+  // A window that opens at once doesn't wait for the icon of the others: without one of its own it has the toolkit's.
+  ShowProgramIcon();
   window_->setWindowIcon(QGuiApplication::windowIcon());
   if (QMenu* menu = window_->systemMenu()) NameSystemMenu(*menu, words);
   ShowCaption();
