@@ -208,17 +208,6 @@ double TimeOf(Desk& desk, std::size_t messages, double looking, const std::funct
   return sum / kChanges - looking;
 }
 
-double Looking() {
-  return Median(kRounds, [] {
-    double sum = 0;
-    for (int i = 0; i < kChanges; ++i) {
-      const Clock::time_point begin = Clock::now();
-      sum += Nanoseconds(Clock::now() - begin);
-    }
-    return sum / kChanges;
-  });
-}
-
 // The ratio of a change to the bare sending of its bytes, measured in turns.
 double RatioOf(Desk& desk, const std::string& editor, const Change& change) {
   const auto make = [&](int i) {
@@ -239,7 +228,7 @@ double RatioOf(Desk& desk, const std::string& editor, const Change& change) {
   const auto send = [&](int i) {
     for (const Bytes& message : sent[i]) Send(desk.app, message);
   };
-  const double looking = Looking();
+  const double looking = Median(kRounds, [] { return LookingTime(kChanges); });
   std::vector<double> changes;
   std::vector<double> sends;
   for (int round = 0; round < kRounds; ++round) {

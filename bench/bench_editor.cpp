@@ -135,24 +135,15 @@ double UpToMessage(Desk& desk, Function&& act) {
   return sum / kChanges;
 }
 
-// What looking at the clock takes of it.
-double LookingTime() {
-  double sum = 0;
-  for (int i = 0; i < kChanges; ++i) {
-    const Clock::time_point begin = Clock::now();
-    sum += Nanoseconds(Clock::now() - begin);
-  }
-  return sum / kChanges;
-}
-
 // The volume of a part up and down, by hand.
 double ChangeTime(Desk& desk) {
   auto& volume = static_cast<ui::ScrollBar&>(*desk.editor->Find("VScroll1", 3));
-  return UpToMessage(desk, [&](int i) { volume.UserSet(i == 0 ? 101 : 27); }) - LookingTime();
+  return UpToMessage(desk, [&](int i) { volume.UserSet(i == 0 ? 101 : 27); }) - LookingTime(kChanges);
 }
 
 double SendTime(Desk& desk) {
-  return UpToMessage(desk, [&](int i) { SendArrParam(desk.app, 0, 0x15, i == 0 ? 101 : 27, 0); }) - LookingTime();
+  return UpToMessage(desk, [&](int i) { SendArrParam(desk.app, 0, 0x15, i == 0 ? 101 : 27, 0); }) -
+         LookingTime(kChanges);
 }
 
 void Show(Desk& desk, int which) {

@@ -29,6 +29,16 @@ inline double Median(int rounds, const std::function<double()>& measure) {
   return Median(std::move(values));
 }
 
+// What looking at the clock at the beginning and at the end takes of a measured time, in nanoseconds.
+inline double LookingTime(int times) {
+  double sum = 0;
+  for (int i = 0; i < times; ++i) {
+    const Clock::time_point begin = Clock::now();
+    sum += Nanoseconds(Clock::now() - begin);
+  }
+  return sum / times;
+}
+
 // Prints a result: `ratio` is a multiple of a yardstick measured in the same run, `bound` is "<=" or ">=".
 inline void PrintRatio(const char* name, double ratio, const char* bound, double limit, const char* text) {
   std::printf("bench %s %g %s %g %s\n", name, ratio, bound, limit, text);

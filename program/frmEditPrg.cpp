@@ -239,9 +239,10 @@ void frmEditPrg::ShowStep(const EditStep& step) {
     const std::size_t position = kSoundPositions[oscillator];
     if (WordLowFirst(record(), position) != WordLowFirst(step.record_before, position)) ShowSound(oscillator);
   }
+  ShowAround(step);
 }
 
-// Behind the messages: the sound comes first.
+// Pictures and what else follows the controls.
 void frmEditPrg::ShowAround(const EditStep& step) {
   bool of_effects = false;
   for (const EditShown& each : step.action.shown) {

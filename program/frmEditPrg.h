@@ -61,7 +61,6 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   void SetBar(int array, int index, int value);
   // The record has gone a step back or forth: its controls, and what stands around them.
   void ShowStep(const EditStep& step) override;
-  void ShowAround(const EditStep& step);
   void Load() override;
   // The bank asks for it.
   bool GoesWithAnother() const override { return true; }
@@ -73,6 +72,7 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   FormState* FormPlace() override;
 
  private:
+  void ShowAround(const EditStep& step);
   // Making, in frmEditPrg_make.cpp.
   void MakeRows();
   void MakePictures();

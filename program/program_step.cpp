@@ -177,7 +177,6 @@ void ShowProgramStep(Application& app, const EditStep& step) {
   if (front != nullptr) SendChanged(app, step.action, step.record_before);
   if (performance != nullptr) performance->ShowStep(step);
   if (app.prg_editor != nullptr) app.prg_editor->ShowStep(step);
-  if (app.prg_editor != nullptr) static_cast<frmEditPrg*>(app.prg_editor)->ShowAround(step);
 }
 
 // --- Windows of banks ---
