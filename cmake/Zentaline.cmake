@@ -91,7 +91,7 @@ zentaline_precompiled(precompiled)
 if(ZENTALINE_TESTS)
   # The tests themselves are not optimised: most of the time of a build would go into it.
   zentaline_precompiled(precompiled_tests LINK GTest::gtest GTest::gmock HEADERS <gmock/gmock.h> <gtest/gtest.h>
-                        OPTIONS $<$<CONFIG:Release>:-O0>)
+                        OPTIONS -O0)
 endif()
 if(ZENTALINE_HAVE_QT)
   zentaline_precompiled(precompiled_qt LINK Qt6::Widgets Qt6::PrintSupport HEADERS <QtWidgets>)
