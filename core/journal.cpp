@@ -80,7 +80,8 @@ void Journal::BroughtForth(const EditAction& action) {
 }
 
 void Journal::Saved(ChildWindow& window, bool whole) {
-  if (windows_.contains(&window)) Hold(window, window.window_image(), !whole);
+  // A new file's window doesn't say yet that it has one.
+  if (windows_.contains(&window)) Hold(window, window.window_image(), !whole, whole || window.HasOwnPath());
 }
 
 void Journal::Closed(ChildWindow& window) {
@@ -111,7 +112,7 @@ void Journal::EventEnded() {
 }
 
 void Journal::Adopt(ChildWindow& window) {
-  Hold(window, window.window_image(), true);
+  Hold(window, window.window_image(), true, window.HasOwnPath());
 }
 
 bool Journal::Flush() {
@@ -185,7 +186,7 @@ void Journal::HoldWindows(JournalStep step, const EditAction& action) {
     ChildWindow& window = *change.target.window;
     const auto known = windows_.find(&window);
     if (known == windows_.end()) {
-      Hold(window, Before(change.target, step, action), false);
+      Hold(window, Before(change.target, step, action), false, window.HasOwnPath());
       continue;
     }
     // An action that grows has been written with what it changed before.
@@ -200,7 +201,7 @@ void Journal::HoldWindows(JournalStep step, const EditAction& action) {
     const bool fits = shape.size == known->second.size && shape.styles == known->second.styles &&
                       shape.programs == known->second.programs;
     // What no action did is in no file: all of it is held.
-    if (!fits && action.number != last_number_) Hold(window, before, true);
+    if (!fits && action.number != last_number_) Hold(window, before, true, window.HasOwnPath());
   }
   last_number_ = action.number;
 }
@@ -220,23 +221,23 @@ void Journal::HoldRecord(const EditTarget& record, Bytes bytes, bool changed) {
   written.changed = changed;
   written.bytes = std::move(bytes);
   if (ChildWindow* window = FileWindowOfRecord(app_, written.thing)) {
-    if (!windows_.contains(window)) Hold(*window, window->window_image(), false);
+    if (!windows_.contains(window)) Hold(*window, window->window_image(), false, window->HasOwnPath());
     written.window = IdOf(*window);
   }
   flags_[written.thing] = changed;
   Append(JournalBytes(written));
 }
 
-void Journal::Hold(ChildWindow& window, Bytes image, bool whole) {
+void Journal::Hold(ChildWindow& window, Bytes image, bool whole, bool has_file) {
   JournalWindow written;
   written.window = IdOf(window);
   written.kind = ByteAt(image, kKindPosition);
   written.number = ByteAt(image, kWindowNumberPosition);
   written.read_only = ByteAt(image, kReadOnlyPosition) == 1;
-  written.has_file = window.HasOwnPath();
+  written.has_file = has_file;
   written.whole = whole;
   written.path = WindowPath(image);
-  written.files = FilesOf(window, image);
+  if (has_file) written.files = FilesOf(window, image);
   windows_[&window] = Shape(written.window, image);
   written.image = std::move(image);
   Append(JournalBytes(written));
@@ -255,7 +256,7 @@ JournalPlace Journal::PlaceOf(const EditTarget& target) {
 std::vector<JournalFile> Journal::FilesOf(const ChildWindow& window, const Bytes& image) const {
   std::vector<JournalFile> files;
   const FileKind* kind = FileKindOf(window.Kind());
-  if (kind == nullptr || kind->saving == nullptr || !window.HasOwnPath()) return files;
+  if (kind == nullptr || kind->saving == nullptr) return files;
   const std::string base(WindowPath(image));
   const auto add = [&](std::string_view extension) {
     JournalFile file{std::string(extension), {}};

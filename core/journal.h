@@ -72,7 +72,8 @@ class Journal : public EditListener {
   void HoldWindows(JournalStep step, const EditAction& action);
   void HoldRecords(JournalStep step, const EditAction& action);
   void HoldRecord(const EditTarget& record, Bytes bytes, bool changed);
-  void Hold(ChildWindow& window, Bytes image, bool whole);
+  // `whole` when nothing of it is in any file; `has_file` when its path is that of its own file.
+  void Hold(ChildWindow& window, Bytes image, bool whole, bool has_file);
   Bytes Before(const EditTarget& target, JournalStep step, const EditAction& action);
   std::uint32_t IdOf(ChildWindow& window);
   JournalPlace PlaceOf(const EditTarget& target);

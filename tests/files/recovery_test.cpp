@@ -463,6 +463,34 @@ TEST_F(Recovery, StylesOfTwoWindowsGoBackAndForthEachByItsOwnAction) {
   EXPECT_EQ(styles.window_image(), styles_pasted);
 }
 
+// The file is what the run wrote last: what was done after its first save comes back into it.
+TEST_F(Recovery, ANewFileTakesBackWhatWasDoneAfterItsSave) {
+  const auto change = [](TestProgram& program, char letter) {
+    ChildWindow& window = *program.app.new_arr_windows[1];
+    const ui::UserEvent event(program.toolkit);
+    program.app.edits.PutByte(ImageOf(window), 303, letter, {"Name", "Row"});
+    program.app.edits.Mark(window, kChangedPosition, 1);
+    program.app.main->RefreshMenus();
+  };
+  {
+    auto program = Run();
+    ASSERT_TRUE(program->Press(mnuNuovoArr));
+    change(*program, 'A');
+    program->toolkit.files.push_back({false, Path("mine.arr"), 1, false});
+    ASSERT_TRUE(program->Press(mnuSalva));
+    ASSERT_EQ(folder.Get("mine.arr")[32], 'A');
+    change(*program, 'B');
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(1, 1)));
+  ASSERT_NE(next->Arr(1), nullptr);
+  EXPECT_EQ(next->Caption(1), "File Arr - mine.arr (1)");
+  EXPECT_EQ(Letter(*next, 0), 'B');
+  EXPECT_EQ(next->app.edits.BackCount(), 1);
+  ASSERT_TRUE(next->Press(mnuSalva));
+  EXPECT_EQ(folder.Get("mine.arr")[32], 'B');
+}
+
 // --- Much, and long names ---
 
 // The list holds two thousand: the first of more are one, and nothing is lost.
