@@ -198,7 +198,7 @@ bool ScrollBar::UserSet(int value) {
   if (!Usable() || value < std::min(min_, max_) || value > std::max(min_, max_)) return false;
   const UserEvent event(*this, UserEvent::kMoves);
   SetFocus();
-  ShowTyped({});
+  if (!typed_.empty()) ShowTyped({});
   SetValue(value);
   return true;
 }

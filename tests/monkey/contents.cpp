@@ -1,5 +1,9 @@
 #include "tests/monkey/contents.h"
 
+#include <fstream>
+#include <iterator>
+#include <string>
+
 #include "arrangement/arr_format.h"
 #include "core/journal.h"
 #include "core/window_image.h"
@@ -70,6 +74,19 @@ bool HasChanges(Application& app, ChildWindow& window) {
     if (ByteAt(window.window_image(), mark) == 1) return true;
   }
   return ArrUnderEdit(app, window) || PrgUnderEdit(app, window);
+}
+
+bool StandsOnDisk(const ChildWindow& window) {
+  if (!window.HasOwnPath()) return false;
+  const Bytes& image = window.window_image();
+  const int kind = FileKindOfWindow(window.Kind());
+  const auto holds = [&](const char* extension, const Bytes& content) {
+    std::ifstream file(std::string(WindowPath(image)) + extension, std::ios::binary);
+    return file && content == Bytes(std::istreambuf_iterator<char>(file), {});
+  };
+  if (kind == kKindSty) return holds(".sty", Bytes(StylePart(image)));
+  return kind == kKindArr && ByteAt(image, kPrgChangedPosition) != 1 && ByteAt(image, kStyStatePosition) == 2 &&
+         holds(".arr", ArrFileBytes(image)) && holds(".sty", Bytes(StylePart(image)));
 }
 
 }  // namespace zentaline::monkey

@@ -19,4 +19,8 @@ std::uint64_t ContentOf(Application& app, ChildWindow& window, bool kept);
 // Whether something of it is marked as changed, or of the record under edit that came from it.
 bool HasChanges(Application& app, ChildWindow& window);
 
+// Whether the files hold all that the window does, although it counts as changed: of styles that two windows show the
+// one has saved them.
+bool StandsOnDisk(const ChildWindow& window);
+
 }  // namespace zentaline::monkey

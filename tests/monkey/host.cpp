@@ -184,6 +184,7 @@ void Host::NoteExpected() {
     const int kind = FileKindOfWindow(window.Kind());
     const auto place = static_cast<std::size_t>(shared_.expected_count);
     if (kind == 0 || place == shared_.expected.size() || !HasChanges(app(), window)) continue;
+    if (StandsOnDisk(window)) continue;
     Expected expected;
     expected.kind = kind;
     expected.content = ContentOf(app(), window, true);

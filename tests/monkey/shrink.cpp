@@ -16,7 +16,9 @@ namespace fs = std::filesystem;
 
 // What fails in the same way says the same, up to names and numbers.
 std::string KindOf(const std::string& failure) {
-  return failure.substr(0, failure.find_first_of(":0123456789"));
+  const std::size_t added = failure.rfind(", ");
+  return failure.substr(0, failure.find_first_of(":0123456789")) +
+         (added == std::string::npos ? std::string() : failure.substr(added));
 }
 
 bool Stays(const std::string& line) {
