@@ -133,8 +133,9 @@ const ChildWindow* ChangedStyles(const Application& app, int kind, const std::st
 // instrument, and the arrangements have a style file attached.
 ChildWindow* SameStyles(const Application& app, const ChildWindow& window);
 
-// The styles of a window have gone a step back or forth: the window that shows the same ones goes along where the
-// action didn't touch it, as when it opened later. Both stay one file. One that has steps of its own is led by these.
+// The styles of a window have gone a step back or forth, or come back after a crash: the window that shows the same
+// ones goes along where the action didn't touch it, as when it opened later. Both stay one file. One that has steps of
+// its own is led by these.
 void FollowStyles(Application& app, ChildWindow& window, const EditAction& action);
 
 // CurrentFileDir and CurrentFileName; `path` is without extension.

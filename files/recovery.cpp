@@ -273,6 +273,16 @@ bool BringBack(Application& app, const Lost& lost) {
   return BringBackInto(app, *kind, lost) || Rebuild(app, *kind, lost);
 }
 
+// Of styles that two windows show the one may have come back alone.
+void LeadWindowsWithSameStyles(Application& app) {
+  for (const EditAction& action : app.edits.actions()) {
+    for (const EditChange& change : action.changes) {
+      if (change.target.thing == EditTarget::Thing::kImage) FollowStyles(app, *change.target.window, action);
+    }
+  }
+  if (app.main != nullptr) app.main->RefreshMenus();
+}
+
 void PutAway(Application& app, GrowingFile& file, bool tells) {
   std::string kept;
   if (file.PutAway(kept) != DiskResult::kOk) kept = file.path();
@@ -295,6 +305,7 @@ void Offer(Application& app, GrowingFile& file, const JournalContent& content) {
   if (AskYesNo(app, 0, question, kProgramName) != ui::BoxAnswer::kYes) return PutAway(app, file, false);
   bool whole = true;
   for (const Lost& lost : all) whole = BringBack(app, lost) && whole;
+  LeadWindowsWithSameStyles(app);
   // What this run holds on the disk isn't needed twice.
   if (whole && app.journal->Flush()) {
     file.Discard();

@@ -463,6 +463,39 @@ TEST_F(Recovery, StylesOfTwoWindowsGoBackAndForthEachByItsOwnAction) {
   EXPECT_EQ(styles.window_image(), styles_pasted);
 }
 
+// A style file's changes come back while the arrangements of its name are open, as at any start: these show them too,
+// before and after steps back and forth.
+TEST_F(Recovery, ArrangementsShowTheStylesThatComeBack) {
+  folder.Put("song.sty", StyImage({{"One", 120, 'a'}, {"Two", 40, 'b'}, {"C", 20}, {"D", 20}}));
+  {
+    auto program = Run();
+    program->OpenArr(Path("song.arr"));
+    ASSERT_TRUE(program->Quit());
+  }
+  {
+    auto program = Run();
+    ASSERT_TRUE(program->Arr(1)->UserClose());
+    OpenBy(*program, mnuApriSty, Path("song.sty"), 2);
+    List(*program->app.sty_windows[1]).UserSelect({1});
+    ASSERT_TRUE(program->Press(mnuTaglia));
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(1, 1)));
+  ASSERT_NE(next->Arr(1), nullptr);
+  ASSERT_NE(next->app.sty_windows[1], nullptr);
+  const auto styles = [&] { return Bytes(StylePart(next->app.sty_windows[1]->window_image())); };
+  const auto beside = [&] { return Bytes(StylePart(next->Arr(1)->window_image())); };
+  const Bytes cut = styles();
+  EXPECT_NE(cut, folder.Get("song.sty"));
+  EXPECT_EQ(beside(), cut);
+  ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_EQ(styles(), folder.Get("song.sty"));
+  EXPECT_EQ(beside(), folder.Get("song.sty"));
+  ASSERT_TRUE(next->Press(mnuRipeti));
+  EXPECT_EQ(styles(), cut);
+  EXPECT_EQ(beside(), cut);
+}
+
 // The file is what the run wrote last: what was done after its first save comes back into it.
 TEST_F(Recovery, ANewFileTakesBackWhatWasDoneAfterItsSave) {
   const auto change = [](TestProgram& program, char letter) {
