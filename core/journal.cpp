@@ -31,16 +31,19 @@ const Bytes& New(const EditChange& change, JournalStep step) {
   return step == JournalStep::kTakenBack ? change.before : change.after;
 }
 
-// In the order in which the step makes them.
-std::vector<const EditChange*> Ordered(const EditAction& action, JournalStep step) {
-  std::vector<const EditChange*> changes;
-  changes.reserve(action.changes.size());
-  for (const EditChange& change : action.changes) {
-    // The database is on the disk already.
-    if (change.target.thing != Thing::kDatabase) changes.push_back(&change);
+// The database is on the disk already.
+bool IsKept(const EditChange& change) {
+  return change.target.thing != Thing::kDatabase;
+}
+
+// The changes that are kept, in the order in which the step makes them.
+template <typename Function>
+void ForEachChange(const EditAction& action, JournalStep step, Function&& take) {
+  const std::size_t count = action.changes.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    const EditChange& change = action.changes[step == JournalStep::kTakenBack ? count - 1 - i : i];
+    if (IsKept(change)) take(change);
   }
-  if (step == JournalStep::kTakenBack) std::reverse(changes.begin(), changes.end());
-  return changes;
 }
 
 JournalThing ThingOf(const EditTarget& target) {
@@ -133,19 +136,20 @@ Journal::Known Journal::Shape(std::uint32_t id, const Bytes& image) {
 
 void Journal::Write(JournalStep step, const EditAction& action) {
   if (off_) return;
-  const std::vector<const EditChange*> changes = Ordered(action, step);
-  if (changes.empty() && file_ == nullptr) return;
+  if (file_ == nullptr && std::none_of(action.changes.begin(), action.changes.end(), IsKept)) return;
   HoldWindows(step, action);
   HoldRecords(step, action);
-  JournalAction written;
+  // The memory stays for the next one.
+  JournalActionView& written = written_;
   written.number = action.number;
   written.what = action.words.what;
   written.of = action.words.of;
   written.name = action.words.name;
-  written.pieces.reserve(changes.size());
-  for (const EditChange* change : changes) {
-    written.pieces.push_back({PlaceOf(change->target), change->position, Old(*change, step), New(*change, step)});
-  }
+  written.pieces.clear();
+  ForEachChange(action, step, [&](const EditChange& change) {
+    written.pieces.push_back({PlaceOf(change.target), change.position, Old(change, step), New(change, step)});
+  });
+  written.marks.clear();
   for (const EditMarkChange& each : action.marks) {
     const JournalThing thing = ThingOf(each.mark.target);
     const bool held =
@@ -158,21 +162,21 @@ void Journal::Write(JournalStep step, const EditAction& action) {
   }
   if (written.pieces.empty() && written.marks.empty()) return;
   Append(JournalBytes(step, written));
-  for (const EditChange* change : changes) {
-    if (change->target.thing != Thing::kImage) continue;
-    Known& known = windows_.at(change->target.window);
-    known = Shape(known.id, change->target.window->window_image());
-  }
+  ForEachChange(action, step, [&](const EditChange& change) {
+    if (change.target.thing != Thing::kImage) return;
+    Known& known = windows_.at(change.target.window);
+    known = Shape(known.id, change.target.window->window_image());
+  });
 }
 
 // The bytes as they were before the step, which has been made.
 Bytes Journal::Before(const EditTarget& target, JournalStep step, const EditAction& action) {
   Bytes bytes = app_.edits.Read(target);
-  const std::vector<const EditChange*> changes = Ordered(action, step);
-  for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
-    if ((*change)->target != target || (*change)->position - 1 > bytes.size()) continue;
-    bytes.replace((*change)->position - 1, New(**change, step).size(), Old(**change, step));
-  }
+  const JournalStep back = step == JournalStep::kTakenBack ? JournalStep::kBroughtForth : JournalStep::kTakenBack;
+  ForEachChange(action, back, [&](const EditChange& change) {
+    if (change.target != target || change.position - 1 > bytes.size()) return;
+    bytes.replace(change.position - 1, New(change, step).size(), Old(change, step));
+  });
   for (const EditMarkChange& each : action.marks) {
     if (each.mark.target != target || target.thing != Thing::kImage) continue;
     PutByte(bytes, each.mark.position, step == JournalStep::kTakenBack ? each.after : each.before);

@@ -3,6 +3,8 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -39,7 +41,11 @@ class Out {
   void Byte(int value) { bytes_ += static_cast<char>(value); }
   void Number(std::uint64_t value, int length) {
     char low_first[sizeof value];
-    for (std::size_t i = 0; i < sizeof value; ++i) low_first[i] = static_cast<char>(value >> (8 * i) & 0xFF);
+    if constexpr (std::endian::native == std::endian::little) {
+      std::memcpy(low_first, &value, sizeof value);
+    } else {
+      for (std::size_t i = 0; i < sizeof value; ++i) low_first[i] = static_cast<char>(value >> (8 * i) & 0xFF);
+    }
     bytes_.append(low_first, static_cast<std::size_t>(length));
   }
   void Text(std::string_view text) {
@@ -402,6 +408,28 @@ std::string_view NextRecord(std::string_view file) {
   return Crc32(content) == NumberAt(file, 4) ? content : std::string_view();
 }
 
+template <class Text>
+Bytes ActionBytes(JournalStep step, const JournalActionOf<Text>& action) {
+  Out out(static_cast<char>(step));
+  out.Number(static_cast<std::uint64_t>(action.number), 8);
+  for (const Text* text : {&action.what, &action.of, &action.name}) out.Text(*text);
+  out.Number(action.pieces.size(), 4);
+  for (const JournalPieceOf<Text>& piece : action.pieces) {
+    out.Place(piece.place);
+    out.Number(piece.position, 4);
+    out.Text(piece.before);
+    out.Text(piece.after);
+  }
+  out.Number(action.marks.size(), 4);
+  for (const JournalMark& mark : action.marks) {
+    out.Place(mark.place);
+    out.Number(mark.position, 4);
+    out.Byte(mark.before);
+    out.Byte(mark.after);
+  }
+  return out.Done();
+}
+
 }  // namespace
 
 Bytes JournalHead() {
@@ -436,24 +464,11 @@ Bytes JournalBytes(const JournalRecord& record) {
 }
 
 Bytes JournalBytes(JournalStep step, const JournalAction& action) {
-  Out out(static_cast<char>(step));
-  out.Number(static_cast<std::uint64_t>(action.number), 8);
-  for (const std::string* text : {&action.what, &action.of, &action.name}) out.Text(*text);
-  out.Number(action.pieces.size(), 4);
-  for (const JournalPiece& piece : action.pieces) {
-    out.Place(piece.place);
-    out.Number(piece.position, 4);
-    out.Text(piece.before);
-    out.Text(piece.after);
-  }
-  out.Number(action.marks.size(), 4);
-  for (const JournalMark& mark : action.marks) {
-    out.Place(mark.place);
-    out.Number(mark.position, 4);
-    out.Byte(mark.before);
-    out.Byte(mark.after);
-  }
-  return out.Done();
+  return ActionBytes(step, action);
+}
+
+Bytes JournalBytes(JournalStep step, const JournalActionView& action) {
+  return ActionBytes(step, action);
 }
 
 Bytes JournalClosed(std::uint32_t window) {

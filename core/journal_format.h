@@ -29,14 +29,16 @@ struct JournalPlace {
 };
 
 // Bytes that took the place of others; they may be more or fewer.
-struct JournalPiece {
+template <class Text>
+struct JournalPieceOf {
   JournalPlace place;
   std::size_t position = 1;  // counts from 1
-  Bytes before;
-  Bytes after;
+  Text before;
+  Text after;
 
-  bool operator==(const JournalPiece&) const = default;
+  bool operator==(const JournalPieceOf&) const = default;
 };
+using JournalPiece = JournalPieceOf<Bytes>;
 
 // A control byte of an image, or the flag of a record.
 struct JournalMark {
@@ -49,14 +51,18 @@ struct JournalMark {
 };
 
 // What one action did, in the order in which it is to be done again.
-struct JournalAction {
+template <class Text>
+struct JournalActionOf {
   std::int64_t number = 0;
-  std::string what, of, name;  // its words
-  std::vector<JournalPiece> pieces;
+  Text what, of, name;  // its words
+  std::vector<JournalPieceOf<Text>> pieces;
   std::vector<JournalMark> marks;
 
-  bool operator==(const JournalAction&) const = default;
+  bool operator==(const JournalActionOf&) const = default;
 };
+using JournalAction = JournalActionOf<Bytes>;
+// The same, of texts that lie elsewhere.
+using JournalActionView = JournalActionOf<std::string_view>;
 
 // A file of a window's image, as it was when the image began or was saved.
 struct JournalFile {
@@ -100,6 +106,7 @@ enum class JournalStep : char { kDone = 'A', kTakenBack = 'B', kBroughtForth = '
 // An action that is told again with its number takes the place of what was told of it before, as long as nothing of its
 // places came between. One that is taken back holds its pieces and marks the other way round, the last first.
 Bytes JournalBytes(JournalStep step, const JournalAction& action);
+Bytes JournalBytes(JournalStep step, const JournalActionView& action);
 Bytes JournalClosed(std::uint32_t window);
 
 // --- Reading ---
