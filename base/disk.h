@@ -54,7 +54,7 @@ struct FileMark {
 
   bool operator==(const FileMark&) const = default;
 };
-FileMark MarkOf(const Bytes& content);
+FileMark MarkOf(std::string_view content);
 
 // The file system, replaceable in a test. Paths are the file system's bytes.
 class Disk {

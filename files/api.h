@@ -14,6 +14,7 @@ namespace zentaline {
 
 struct Application;
 struct EditAction;
+struct EditWords;
 class ChildWindow;
 class FileSet;
 
@@ -133,9 +134,12 @@ const ChildWindow* ChangedStyles(const Application& app, int kind, const std::st
 // instrument, and the arrangements have a style file attached.
 ChildWindow* SameStyles(const Application& app, const ChildWindow& window);
 
-// The styles of a window have gone a step back or forth, or come back after a crash: the window that shows the same
-// ones goes along where the action didn't touch it, as when it opened later. Both stay one file. One that has steps of
-// its own is led by these.
+// The user has changed the styles of a window: the other one that shows them takes them over, by the same action. Both
+// stay one file.
+void KeepInStep(Application& app, const ChildWindow& window, ChildWindow& other, const EditWords& words);
+
+// The styles of a window have gone a step back or forth: the window that shows the same ones goes along where the
+// action didn't touch it, as when it opened later. One that has steps of its own is led by these.
 void FollowStyles(Application& app, ChildWindow& window, const EditAction& action);
 
 // CurrentFileDir and CurrentFileName; `path` is without extension.

@@ -70,15 +70,6 @@ void ShowNotice(Application& app, ItemNotice notice, const std::string& title) {
   }
 }
 
-// Both windows stay one file.
-void KeepInStep(Application& app, const ChildWindow& window, ChildWindow& other, const EditWords& words) {
-  app.edits.Change(ImageOf(other), words, [&window](Bytes& image) {
-    PutStylePart(image, StylePart(window.window_image()));
-    PutByte(image, kStyChangedPosition, 1);
-  });
-  other.ShowItems({.styles = true});
-}
-
 // What a paste or a cut has done is shown, then told; `same` shows the same styles, if it isn't null.
 void ShowDone(Application& app, ChildWindow& window, ItemsDone done, const EditWords& words, bool cut,
               ChildWindow* same) {

@@ -2,6 +2,7 @@
 #include "arrangement/arr_format.h"
 #include "core/application.h"
 #include "core/child_window.h"
+#include "core/file_reading.h"
 #include "core/undo.h"
 #include "core/window_image.h"
 #include "files/api.h"
@@ -38,6 +39,13 @@ bool HasStepsOfItsOwn(Application& app, ChildWindow& window, ChildWindow& other)
   return false;
 }
 
+// As far as this run knows.
+bool AreInFile(Application& app, const ChildWindow& window, std::string_view styles) {
+  const std::string path = PathOnDisk(app.disk, std::string(WindowPath(window.window_image())) + ".sty");
+  const auto known = app.core.KnownFiles.find(path);
+  return known != app.core.KnownFiles.end() && known->second == MarkOf(styles);
+}
+
 }  // namespace
 
 ChildWindow* StylesWindow(const Application& app, int kind, const std::string& base) {
@@ -70,13 +78,22 @@ bool StylesOpenElsewhere(const Application& app, const ChildWindow& window, cons
   return false;
 }
 
+void KeepInStep(Application& app, const ChildWindow& window, ChildWindow& other, const EditWords& words) {
+  app.edits.Change(ImageOf(other), words, [&window](Bytes& image) {
+    PutStylePart(image, StylePart(window.window_image()));
+    PutByte(image, kStyChangedPosition, 1);
+  });
+  other.ShowItems({.styles = true});
+}
+
 void FollowStyles(Application& app, ChildWindow& window, const EditAction& action) {
   ChildWindow* same = SameStyles(app, window);
   if (same == nullptr || StylePart(same->window_image()) == StylePart(window.window_image())) return;
   if (ChangesWithin(action, ImageOf(*same), 0, std::string::npos) || HasStepsOfItsOwn(app, *same, window)) return;
+  const std::string_view styles = StylePart(window.window_image());
   app.edits.Prepare(*same, [&](Bytes& image) {
-    PutStylePart(image, StylePart(window.window_image()));
-    PutByte(image, kStyChangedPosition, ByteAt(window.window_image(), kStyChangedPosition));
+    PutStylePart(image, styles);
+    PutByte(image, kStyChangedPosition, AreInFile(app, window, styles) ? 0 : 1);
   });
   same->ShowItems({.styles = true});
 }

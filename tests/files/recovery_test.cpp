@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "arrangement/arr_format.h"
+#include "core/journal.h"
 #include "core/journal_format.h"
 #include "program/prg_format.h"
 #include "style/sty_format.h"
@@ -428,19 +429,24 @@ TEST_F(Recovery, WhatComesBackIsChangedAlsoWhereTheMarkStoodBefore) {
   EXPECT_TRUE(next->Enabled(mnuSalva));
 }
 
-// A paste into a style window changes the arrangements of its name too; what comes back are two actions, one for each
-// window. Taking the one back must leave the other to its own.
-TEST_F(Recovery, StylesOfTwoWindowsGoBackAndForthEachByItsOwnAction) {
+// A paste into a style window changes the arrangements of its name too: it is one action also when it comes back, in
+// windows that the last regular end had left open, or that open for it.
+class OfTwoWindows : public Recovery, public ::testing::WithParamInterface<bool> {};
+
+TEST_P(OfTwoWindows, StylesComeBackByOneAction) {
   folder.Put("song.sty", StyImage({{"One", 120, 'a'}, {"Two", 40, 'b'}, {"C", 20}, {"D", 20}}));
-  {
+  const auto open = [this](TestProgram& program) {
+    program.OpenArr(Path("song.arr"));
+    OpenBy(program, mnuApriSty, Path("song.sty"), 2);
+  };
+  if (GetParam()) {
     auto program = Run();
-    program->OpenArr(Path("song.arr"));
-    OpenBy(*program, mnuApriSty, Path("song.sty"), 2);
-    ASSERT_NE(program->app.sty_windows[1], nullptr);
+    open(*program);
     ASSERT_TRUE(program->Quit());
   }
   {
     auto program = Run();
+    if (!GetParam()) open(*program);
     ChildWindow& styles = *program->app.sty_windows[1];
     const Bytes before(StylePart(program->Arr(1)->window_image()));
     List(styles).UserSelect({0});
@@ -449,18 +455,58 @@ TEST_F(Recovery, StylesOfTwoWindowsGoBackAndForthEachByItsOwnAction) {
     ASSERT_TRUE(program->Press(mnuIncolla));
     ASSERT_NE(StylePart(program->Arr(1)->window_image()).size(), before.size());
     ASSERT_EQ(StylePart(program->Arr(1)->window_image()), StylePart(styles.window_image()));
+    Rename(*program, 1, 'X');
   }
   auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(2, 2)));
+  EXPECT_EQ(next->Arr(2), nullptr);
+  EXPECT_EQ(next->app.sty_windows[2], nullptr);
   ChildWindow& styles = *next->app.sty_windows[1];
   const Bytes arrangements_pasted = next->Arr(1)->window_image();
   const Bytes styles_pasted = styles.window_image();
+  EXPECT_EQ(Letter(*next, 1), 'X');
+  EXPECT_EQ(StylePart(arrangements_pasted), StylePart(styles_pasted));
   ASSERT_EQ(next->app.edits.BackCount(), 2);
-  for (int i = 0; i < 2; ++i) ASSERT_TRUE(next->Press(mnuAnnulla));
+  ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_EQ(Letter(*next, 1), 'S');
+  EXPECT_EQ(StylePart(next->Arr(1)->window_image()), StylePart(styles_pasted));
+  ASSERT_TRUE(next->Press(mnuAnnulla));
   EXPECT_EQ(StylePart(next->Arr(1)->window_image()), folder.Get("song.sty"));
   EXPECT_EQ(StylePart(styles.window_image()), folder.Get("song.sty"));
+  EXPECT_FALSE(next->Enabled(mnuSalva));
   for (int i = 0; i < 2; ++i) ASSERT_TRUE(next->Press(mnuRipeti));
   EXPECT_EQ(next->Arr(1)->window_image(), arrangements_pasted);
   EXPECT_EQ(styles.window_image(), styles_pasted);
+}
+
+INSTANTIATE_TEST_SUITE_P(Open, OfTwoWindows, ::testing::Bool());
+
+// The journal that has grown holds what became of each window by itself: they have steps of their own, and neither
+// spoils the other.
+TEST_F(Recovery, StylesOfTwoWindowsGoBackAndForthEachByItsOwnStep) {
+  folder.Put("song.sty", StyImage({{"One", 120, 'a'}, {"Two", 40, 'b'}, {"C", 20}, {"D", 20}}));
+  {
+    auto program = Run();
+    program->app.journal->SetLimit(1);
+    program->OpenArr(Path("song.arr"));
+    OpenBy(*program, mnuApriSty, Path("song.sty"), 2);
+    List(*program->app.sty_windows[1]).UserSelect({1});
+    ASSERT_TRUE(program->Press(mnuTaglia));
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  ChildWindow& styles = *next->app.sty_windows[1];
+  const Bytes arrangements_cut = next->Arr(1)->window_image();
+  const Bytes styles_cut = styles.window_image();
+  ASSERT_NE(StylePart(styles_cut), folder.Get("song.sty"));
+  EXPECT_EQ(StylePart(arrangements_cut), StylePart(styles_cut));
+  EXPECT_EQ(next->Arr(2), nullptr);
+  const int steps = next->app.edits.BackCount();
+  for (int i = 0; i < steps; ++i) ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_EQ(StylePart(next->Arr(1)->window_image()), folder.Get("song.sty"));
+  EXPECT_EQ(StylePart(styles.window_image()), folder.Get("song.sty"));
+  for (int i = 0; i < steps; ++i) ASSERT_TRUE(next->Press(mnuRipeti));
+  EXPECT_EQ(next->Arr(1)->window_image(), arrangements_cut);
+  EXPECT_EQ(styles.window_image(), styles_cut);
 }
 
 // A style file's changes come back while the arrangements of its name are open, as at any start: these show them too,
@@ -494,6 +540,41 @@ TEST_F(Recovery, ArrangementsShowTheStylesThatComeBack) {
   ASSERT_TRUE(next->Press(mnuRipeti));
   EXPECT_EQ(styles(), cut);
   EXPECT_EQ(beside(), cut);
+  // Saved there, the styles are saved; what counts as changed is the same after steps back and forth.
+  List(*next->Arr(1)).UserSelect({0});
+  ASSERT_TRUE(next->Press(mnuSalva));
+  const Bytes saved = next->Arr(1)->window_image();
+  EXPECT_EQ(saved[kStyChangedPosition - 1], 0);
+  ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_EQ(next->Arr(1)->window_image()[kStyChangedPosition - 1], 1);
+  ASSERT_TRUE(next->Press(mnuRipeti));
+  EXPECT_EQ(next->Arr(1)->window_image(), saved);
+}
+
+// They had been opened on styles that were changed already.
+TEST_F(Recovery, ArrangementsThatWereOpenedOnChangedStylesComeBackIntoTheirFile) {
+  folder.Put("song.sty", StyImage({{"One", 120, 'a'}, {"Two", 40, 'b'}, {"C", 20}, {"D", 20}}));
+  {
+    auto program = Run();
+    OpenBy(*program, mnuApriSty, Path("song.sty"), 2);
+    List(*program->app.sty_windows[1]).UserSelect({1});
+    ASSERT_TRUE(program->Press(mnuTaglia));
+    program->OpenArr(Path("song.arr"));
+    ASSERT_EQ(StylePart(program->Arr(1)->window_image()), StylePart(program->app.sty_windows[1]->window_image()));
+    Rename(*program, 0, 'X');
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(2, 2)));
+  ASSERT_NE(next->Arr(1), nullptr);
+  EXPECT_EQ(next->Arr(2), nullptr);
+  EXPECT_EQ(next->Caption(1), "File Arr - song.arr (1)");
+  EXPECT_EQ(Letter(*next, 0), 'X');
+  EXPECT_NE(StylePart(next->Arr(1)->window_image()), folder.Get("song.sty"));
+  EXPECT_EQ(StylePart(next->Arr(1)->window_image()), StylePart(next->app.sty_windows[1]->window_image()));
+  EXPECT_EQ(next->app.edits.BackCount(), 2);
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_EQ(StylePart(next->Arr(1)->window_image()), folder.Get("song.sty"));
+  EXPECT_EQ(Letter(*next, 0), 'F');
 }
 
 // The file is what the run wrote last: what was done after its first save comes back into it.
