@@ -235,6 +235,10 @@ std::vector<const Lost*> BringBackIntoFiles(Application& app, const std::vector<
   for (const Lost& lost : all) {
     const FileKind* kind = KindOfLost(lost);
     ChildWindow* window = kind == nullptr ? nullptr : WindowFor(app, *kind, lost);
+    // The instrument's window may have shown the same file; a window takes the changes of one.
+    if (std::any_of(coming.begin(), coming.end(), [&](const Coming& each) { return each.window == window; })) {
+      window = nullptr;
+    }
     std::vector<JournalAction> actions;
     if (window != nullptr) actions = Folded(lost, *window);
     if (actions.empty()) {

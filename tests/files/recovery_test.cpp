@@ -132,6 +132,35 @@ TEST_F(Recovery, ARecordOfABankThatIsAnotherNowComesBackKeptInAWindowOfItsOwn) {
   EXPECT_TRUE(Holds("bank.prg", PrgFile(2)));
 }
 
+// The instrument's window shows the same file: one of them comes back into it, the other in a window of its own.
+TEST_F(Recovery, ABankAndTheSameInTheInstrumentBothComeBack) {
+  const auto change = [](TestProgram& program, std::size_t number, char letter) {
+    ChildWindow& window = *program.app.prg_windows[number];
+    const ui::UserEvent event(program.toolkit);
+    program.app.edits.PutByte(ImageOf(window), 271 + 48, letter, {"Name", "Row"});
+    program.app.edits.Mark(window, kPrgChangedPosition, 1);
+  };
+  Bytes changed[2];
+  {
+    auto program = Run();
+    OpenBy(*program, mnuApriPrg, Path("bank.prg"), 3);
+    ASSERT_TRUE(static_cast<ui::Button*>(program->app.prg_windows[1]->Find("CommLoad"))->UserPress());
+    program->toolkit.Advance(60000);
+    ASSERT_TRUE(program->Press(mnuPrgU));
+    for (std::size_t number : {1, 9}) {
+      ASSERT_NE(program->app.prg_windows[number], nullptr);
+      change(*program, number, number == 1 ? 'X' : 'Y');
+      changed[number == 1 ? 0 : 1] = PrgFileBytes(program->app.prg_windows[number]->window_image());
+    }
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(2, 2)));
+  for (std::size_t number : {1, 2}) {
+    ASSERT_NE(next->app.prg_windows[number], nullptr);
+    EXPECT_EQ(PrgFileBytes(next->app.prg_windows[number]->window_image()), changed[number - 1]) << number;
+  }
+}
+
 // A read-only bank can't keep it; what was done comes back all the same, in a window that asks for a name.
 TEST_F(Recovery, ARecordOfAReadOnlyBankComesBackToo) {
   {
