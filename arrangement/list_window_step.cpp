@@ -58,7 +58,6 @@ void ArrListWindow::ShowStep(const EditStep& step) {
     List1.ShowRow(row);
     RowShown(row);
   }
-  if (styles) FollowStyles(app(), *this, step.action);
   if (records) TakeOverArrRecord(app(), *this, step);
   ForgetSent(records, styles);
 }

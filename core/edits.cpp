@@ -412,6 +412,7 @@ void Edits::NoteRuns(const EditTarget& target, std::size_t from, std::string_vie
     if (begin == after.size()) return;
     std::size_t end = begin + 1;
     for (;;) {
+      while (end < after.size() && before[end] != after[end]) ++end;
       const std::size_t gap_end = std::min(end + kGap, after.size());
       const std::size_t next = NextDifference(before, after, end, gap_end);
       if (next == gap_end) break;

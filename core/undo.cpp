@@ -6,6 +6,7 @@
 #include "core/application.h"
 #include "core/child_window.h"
 #include "core/main_window.h"
+#include "files/api.h"
 #include "program/api.h"
 
 namespace zentaline {
@@ -96,6 +97,7 @@ void Undo::Step(bool back) {
   const std::size_t first = std::min(before, edits.standing());
   const std::size_t last = std::max(before, edits.standing());
   for (std::size_t i = first; i < last; ++i) edits.SetTrueMarks(edits.actions()[i]);
+  for (ChildWindow* window : followed_) ShowFollowed(app_, *window);
   // What saves did by themselves, as with styles that nobody used.
   for (std::size_t i = first; i < last; ++i) {
     const EditAction& crossed = edits.actions()[i];
@@ -109,6 +111,12 @@ void Undo::Move(const EditAction& step, bool back) {
   Edits& edits = app_.edits;
   while (const EditAction* passed = back ? edits.StepBack() : edits.StepForward()) {
     if (passed == &step) break;
+  }
+  // Before what later saves did to the window that goes along.
+  followed_.clear();
+  for (const EditChange& change : step.changes) {
+    if (change.target.thing != Thing::kImage) continue;
+    if (ChildWindow* window = FollowStyles(app_, *change.target.window, step)) followed_.push_back(window);
   }
   if (back) return;
   const EditAction* const next = edits.NextForward();

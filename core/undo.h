@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/edits.h"
 #include "ui/controls.h"
@@ -65,7 +66,8 @@ class Undo {
   int holds_ = 0;
   std::int64_t shown_changes_ = 0;
   bool shows_back_alone_ = false;
-  Bytes record_;  // under edit, as it was before the step
+  Bytes record_;                        // under edit, as it was before the step
+  std::vector<ChildWindow*> followed_;  // other windows that went along with it
 };
 
 // "&Undo: Volume of UPPER1", or without an action the bare word, in the language of this run.

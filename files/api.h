@@ -139,8 +139,11 @@ ChildWindow* SameStyles(const Application& app, const ChildWindow& window);
 void KeepInStep(Application& app, const ChildWindow& window, ChildWindow& other, const EditWords& words);
 
 // The styles of a window have gone a step back or forth: the window that shows the same ones goes along where the
-// action didn't touch it, as when it opened later. One that has steps of its own is led by these.
-void FollowStyles(Application& app, ChildWindow& window, const EditAction& action);
+// action didn't touch it, as when it opened later. One that has steps of its own is led by these. Gives the window that
+// went along, null for none.
+ChildWindow* FollowStyles(Application& app, ChildWindow& window, const EditAction& action);
+// Shows where it went; it is changed where its file doesn't hold these styles.
+void ShowFollowed(Application& app, ChildWindow& window);
 
 // CurrentFileDir and CurrentFileName; `path` is without extension.
 void SetCurrentFile(Application& app, const std::string& path);

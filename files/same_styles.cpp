@@ -34,16 +34,17 @@ bool ChangesStylesOf(const EditAction& action, ChildWindow& window) {
 // As after a crash, which brings an action of two windows back as one for each.
 bool HasStepsOfItsOwn(Application& app, ChildWindow& window, ChildWindow& other) {
   for (const EditAction& each : app.edits.actions()) {
-    if (ChangesStylesOf(each, window) && !ChangesStylesOf(each, other)) return true;
+    if (each.IsStep() && ChangesStylesOf(each, window) && !ChangesStylesOf(each, other)) return true;
   }
   return false;
 }
 
 // As far as this run knows.
-bool AreInFile(Application& app, const ChildWindow& window, std::string_view styles) {
-  const std::string path = PathOnDisk(app.disk, std::string(WindowPath(window.window_image())) + ".sty");
+bool StylesAreInFile(Application& app, const ChildWindow& window) {
+  Bytes image = window.window_image();
+  const std::string path = PathOnDisk(app.disk, std::string(WindowPath(image)) + ".sty");
   const auto known = app.core.KnownFiles.find(path);
-  return known != app.core.KnownFiles.end() && known->second == MarkOf(styles);
+  return known != app.core.KnownFiles.end() && known->second == MarkOf(StyFileBytes(image));
 }
 
 }  // namespace
@@ -86,16 +87,20 @@ void KeepInStep(Application& app, const ChildWindow& window, ChildWindow& other,
   other.ShowItems({.styles = true});
 }
 
-void FollowStyles(Application& app, ChildWindow& window, const EditAction& action) {
+ChildWindow* FollowStyles(Application& app, ChildWindow& window, const EditAction& action) {
+  if (!ChangesStylesOf(action, window)) return nullptr;
   ChildWindow* same = SameStyles(app, window);
-  if (same == nullptr || StylePart(same->window_image()) == StylePart(window.window_image())) return;
-  if (ChangesWithin(action, ImageOf(*same), 0, std::string::npos) || HasStepsOfItsOwn(app, *same, window)) return;
-  const std::string_view styles = StylePart(window.window_image());
-  app.edits.Prepare(*same, [&](Bytes& image) {
-    PutStylePart(image, styles);
-    PutByte(image, kStyChangedPosition, AreInFile(app, window, styles) ? 0 : 1);
-  });
-  same->ShowItems({.styles = true});
+  if (same == nullptr || StylePart(same->window_image()) == StylePart(window.window_image())) return nullptr;
+  if (ChangesWithin(action, ImageOf(*same), 0, std::string::npos) || HasStepsOfItsOwn(app, *same, window)) {
+    return nullptr;
+  }
+  app.edits.Prepare(*same, [&](Bytes& image) { PutStylePart(image, StylePart(window.window_image())); });
+  return same;
+}
+
+void ShowFollowed(Application& app, ChildWindow& window) {
+  app.edits.MarkLed(window, kStyChangedPosition, !StylesAreInFile(app, window));
+  window.ShowItems({.styles = true});
 }
 
 void GiveStylesToArrangements(Application& app, const ChildWindow& window) {

@@ -157,7 +157,6 @@ void frmStyUN::ShowStep(const EditStep& step) {
     List1.ShowRow(row);
     break;
   }
-  FollowStyles(app(), *this, step.action);
   ForgetStylesSent(app(), CutText(BaseName(), kInstrumentNameLength));
 }
 

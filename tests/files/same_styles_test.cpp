@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <utility>
+#include <vector>
 
 #include "tests/files/item_builder.h"
 #include "tests/files/item_desk.h"
@@ -300,6 +301,45 @@ TEST_P(SavedInOne, AStepBackBeyondTheSaveLeavesBothChanged) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, SavedInOne, testing::Bool());
+
+// A save drops the groups of styles that nothing stands in from its own window alone, also when it is passed again. The
+// other window may have been open already, or have opened later and follow.
+class DroppedBySave : public SameStylesTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(DroppedBySave, StaysInTheOtherWindow) {
+  const std::string later = GetParam();
+  std::vector<Style> all = {{"One", 100, '1'}, {"Two", 20}, {"C", 20}, {"D", 20}, {"E", 30, 'e'}};
+  all.resize(16, {"- empty -", 1176});
+  desk.Put("Song.sty", StyImage(all));
+  desk.Put("Song.arr", ArrBytes({{"With One", 0, true, {}}, {"With E", 4, true, {}}}));
+  const std::string file = desk.folder.Get("Song.sty");
+  if (later != "frmArrU(1)") desk.Open("Song.arr");
+  if (later != "frmStyUN(1)") desk.OpenSty("Song.sty");
+  const bool by_arrangements = later == "frmStyUN(1)";
+  desk.SelectRows(by_arrangements ? "frmArrU(1)" : "frmStyUN(1)", {by_arrangements ? 1 : 5});
+  ASSERT_TRUE(desk.Press("mnuTaglia"));
+  if (later == "frmArrU(1)") desk.Open("Song.arr");
+  if (later == "frmStyUN(1)") desk.OpenSty("Song.sty");
+  ASSERT_NE(StylesIn(desk.Sty(1)), file);
+  ASSERT_EQ(StylesIn(desk.Sty(1)), StylesIn(desk.program.Arr(1)));
+  desk.Front("frmArrU(1)");
+  ASSERT_TRUE(desk.Press("mnuSalva"));
+  const Bytes styles = desk.Sty(1)->window_image();
+  const Bytes arrangements = desk.program.Arr(1)->window_image();
+  ASSERT_NE(StylesIn(desk.Sty(1)), StylesIn(desk.program.Arr(1)));
+  for (int i = 0; i < 2; ++i) {
+    ASSERT_TRUE(desk.Press("mnuAnnulla"));
+    EXPECT_EQ(StylesIn(desk.Sty(1)), file);
+    EXPECT_EQ(StylesIn(desk.program.Arr(1)), file);
+    EXPECT_EQ(Mark(desk.program.Arr(1), 10), 1);
+    EXPECT_EQ(Mark(desk.Sty(1), 10), 1);
+    ASSERT_TRUE(desk.Press("mnuRipeti"));
+    EXPECT_EQ(desk.Sty(1)->window_image(), styles);
+    EXPECT_EQ(desk.program.Arr(1)->window_image(), arrangements);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(OpensLater, DroppedBySave, testing::Values("none", "frmArrU(1)", "frmStyUN(1)"));
 
 // --- Save As ---
 
