@@ -44,23 +44,27 @@ EditMark MarkOf(const EditChange& change) {
   return {change.target, change.target.thing == Thing::kImage ? MarkOfImage(change) : 0};
 }
 
-// Once for each mark that tells of what the entry has changed.
+// Once for each mark that tells of what the entry has changed, or that it has set where no byte has.
 template <typename Function>
 void ForEachPart(const EditAction& action, Function&& function) {
-  if (action.changes.size() == 1) {
+  if (action.changes.size() == 1 && action.marks.empty()) {
     const EditChange& change = action.changes.front();
     if (change.target.thing != Thing::kDatabase && change.changes_bytes) function(MarkOf(change));
     return;
   }
   std::array<EditMark, kMostParts> seen;
   std::size_t count = 0;
-  for (const EditChange& change : action.changes) {
-    if (change.target.thing == Thing::kDatabase || !change.changes_bytes) continue;
-    const EditMark mark = MarkOf(change);
+  const auto see = [&](const EditMark& mark) {
     const auto end = seen.begin() + static_cast<std::ptrdiff_t>(count);
-    if (std::find(seen.begin(), end, mark) != end || count == kMostParts) continue;
+    if (std::find(seen.begin(), end, mark) != end || count == kMostParts) return;
     seen[count++] = mark;
     function(mark);
+  };
+  for (const EditChange& change : action.changes) {
+    if (change.target.thing != Thing::kDatabase && change.changes_bytes) see(MarkOf(change));
+  }
+  for (const EditMarkChange& each : action.marks) {
+    if (each.after != 0 && action.IsStep()) see(each.mark);
   }
 }
 

@@ -341,6 +341,32 @@ TEST_P(DroppedBySave, StaysInTheOtherWindow) {
 
 INSTANTIATE_TEST_SUITE_P(OpensLater, DroppedBySave, testing::Values("none", "frmArrU(1)", "frmStyUN(1)"));
 
+// A cut in arrangements counts as a change of their styles also where it leaves these as they are; a step forth to it
+// does so too, whatever was done and taken back before.
+TEST_F(SameStylesTest, ACutMarksTheStylesAgainWhenItIsBroughtForth) {
+  desk.OpenSty("Song.sty");
+  desk.SelectRows("frmStyUN(1)", {1});
+  ASSERT_TRUE(desk.Press("mnuTaglia"));
+  ASSERT_TRUE(desk.Press("mnuSalva"));
+  desk.Open("Song.arr");
+  desk.SelectRows("frmStyUN(1)", {0});
+  ASSERT_TRUE(desk.Press("mnuTaglia"));
+  ASSERT_TRUE(desk.Press("mnuAnnulla"));
+  const Bytes before = StylesIn(desk.Sty(1));
+  desk.SelectRows("frmArrU(1)", {1});
+  ASSERT_TRUE(desk.Press("mnuTaglia"));
+  ASSERT_EQ(StylesIn(desk.Sty(1)), before);
+  ASSERT_EQ(Mark(desk.Sty(1), 10), 1);
+  const Bytes styles = desk.Sty(1)->window_image();
+  const Bytes arrangements = desk.program.Arr(1)->window_image();
+  ASSERT_TRUE(desk.Press("mnuAnnulla"));
+  EXPECT_EQ(Mark(desk.Sty(1), 10), 0);
+  EXPECT_EQ(Mark(desk.program.Arr(1), 10), 0);
+  ASSERT_TRUE(desk.Press("mnuRipeti"));
+  EXPECT_EQ(desk.Sty(1)->window_image(), styles);
+  EXPECT_EQ(desk.program.Arr(1)->window_image(), arrangements);
+}
+
 // --- Save As ---
 
 TEST_F(SameStylesTest, ArrangementsAreNotSavedOverStylesThatAreOpen) {
