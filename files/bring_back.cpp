@@ -229,8 +229,8 @@ const FileKind* KindOfLost(const Lost& lost) {
   return found == nullptr || found->saving == nullptr ? nullptr : found;
 }
 
-std::vector<const Lost*> BringBackIntoFiles(Application& app, const std::vector<Lost>& all) {
-  std::vector<const Lost*> left;
+bool BringBack(Application& app, const std::vector<Lost>& all, const std::function<bool(const Lost&)>& rebuild) {
+  bool whole = true;
   std::vector<Coming> coming;
   for (const Lost& lost : all) {
     const FileKind* kind = KindOfLost(lost);
@@ -242,7 +242,7 @@ std::vector<const Lost*> BringBackIntoFiles(Application& app, const std::vector<
     std::vector<JournalAction> actions;
     if (window != nullptr) actions = Folded(lost, *window);
     if (actions.empty()) {
-      left.push_back(&lost);
+      whole = rebuild(lost) && whole;
     } else {
       coming.push_back({&lost, kind, window, std::move(actions)});
     }
@@ -251,7 +251,7 @@ std::vector<const Lost*> BringBackIntoFiles(Application& app, const std::vector<
     FindLed(app, coming);
     const std::vector<Step> steps = InOrder(coming);
     if (const std::optional<std::size_t> misled = Misled(coming, steps)) {
-      left.push_back(coming[*misled].lost);
+      whole = rebuild(*coming[*misled].lost) && whole;
       coming.erase(coming.begin() + static_cast<std::ptrdiff_t>(*misled));
       continue;
     }
@@ -259,7 +259,7 @@ std::vector<const Lost*> BringBackIntoFiles(Application& app, const std::vector<
     break;
   }
   for (const Coming& each : coming) ShowAllItems(app, *each.window);
-  return left;
+  return whole;
 }
 
 void ShowAllItems(Application& app, ChildWindow& window) {

@@ -1,6 +1,7 @@
 // What a journal has left is brought back into the windows of its files.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "core/journal_format.h"
@@ -22,8 +23,9 @@ struct Lost {
 const FileKind* KindOfLost(const Lost& lost);
 
 // Opens the files that are as they were then, where they aren't open, and does the actions again, each of which may
-// have changed several windows: as steps that can be taken back one by one. Gives what has no such file.
-std::vector<const Lost*> BringBackIntoFiles(Application& app, const std::vector<Lost>& all);
+// have changed several windows: as steps that can be taken back one by one. What has no such file is rebuilt, in its
+// turn. False when something couldn't be.
+bool BringBack(Application& app, const std::vector<Lost>& all, const std::function<bool(const Lost&)>& rebuild);
 
 // All rows of the window are other ones.
 void ShowAllItems(Application& app, ChildWindow& window);

@@ -179,8 +179,7 @@ void Offer(Application& app, GrowingFile& file, const JournalContent& content) {
   const std::string question = TwoNames(MoreTextOf(MoreText::kRecoverQuestion, app.Language()),
                                         std::to_string(ChangesIn(all)), std::to_string(all.size()));
   if (AskYesNo(app, 0, question, kProgramName) != ui::BoxAnswer::kYes) return PutAway(app, file, false);
-  bool whole = true;
-  for (const Lost* lost : BringBackIntoFiles(app, all)) whole = Rebuild(app, *lost) && whole;
+  const bool whole = BringBack(app, all, [&app](const Lost& lost) { return Rebuild(app, lost); });
   // What this run holds on the disk isn't needed twice.
   if (whole && app.journal->Flush()) {
     file.Discard();
