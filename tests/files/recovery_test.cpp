@@ -444,6 +444,52 @@ TEST_F(Recovery, ANewFileTakesBackWhatWasDoneAfterItsSave) {
   EXPECT_EQ(folder.Get("mine.arr")[32], 'B');
 }
 
+// --- What has no steps that lead to it ---
+
+// The window had other bytes than its file, by no action of the user's: all of it comes back as it was.
+TEST_F(Recovery, AnImageThatTheStepsDoNotLeadToComesBackInAWindowOfItsOwn) {
+  const Bytes file = folder.Get("song.arr");
+  {
+    auto program = Run();
+    program->OpenArr(Path("song.arr"));
+    program->app.edits.Prepare(*program->Arr(1), [](Bytes& image) { image[302 + 2 * 164] = '?'; });
+    Rename(*program, 0, 'X');
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(1, 1)));
+  ChildWindow* rebuilt = nullptr;
+  for (int number : {1, 2}) {
+    ChildWindow* window = next->Arr(number);
+    if (window != nullptr && window->caption().find("song (recovered).arr") != std::string::npos) rebuilt = window;
+  }
+  ASSERT_NE(rebuilt, nullptr);
+  EXPECT_EQ(ArrangementIn(*rebuilt, 0), Field("Xirst", 16));
+  EXPECT_EQ(ArrangementIn(*rebuilt, 2), Field("?hird", 16));
+  EXPECT_TRUE(Holds("song.arr", file));
+}
+
+// What was saved and then taken back comes back as one step for each window.
+TEST_F(Recovery, WhatWasTakenBackBeyondASaveIsAStepOfItsWindow) {
+  {
+    auto program = Run();
+    program->OpenArr(Path("song.arr"));
+    Rename(*program, 0, 'X');
+    ASSERT_TRUE(program->Press(mnuSalva));
+    folder.Put("second.arr", ArrFile({"Another"}));
+    program->OpenArr(Path("second.arr"));
+    Rename(*program, 0, 'Y', 2);
+    ASSERT_TRUE(program->Press(mnuSalva));
+    for (int i = 0; i < 2; ++i) ASSERT_TRUE(program->Press(mnuAnnulla));
+  }
+  auto next = Run({ui::BoxAnswer::kYes});
+  EXPECT_THAT(next->Boxes(), ElementsAre(Question(2, 2)));
+  EXPECT_EQ(Letter(*next, 0, 1), 'F');
+  EXPECT_EQ(Letter(*next, 0, 2), 'A');
+  ASSERT_EQ(next->app.edits.BackCount(), 2);
+  ASSERT_TRUE(next->Press(mnuAnnulla));
+  EXPECT_NE(Letter(*next, 0, 1) == 'X', Letter(*next, 0, 2) == 'Y');
+}
+
 // --- Much, and long names ---
 
 // The list holds two thousand: the first of more are one, and nothing is lost.
