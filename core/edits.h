@@ -236,9 +236,6 @@ class Edits {
   // The marks of what the entry touched say whether it is away from what was saved; StepBack and StepForward alone give
   // them the values that they had.
   void SetTrueMarks(const EditAction& action);
-  // The same of a window that went along with a step of another one: changed where it is `away` from its file, else as
-  // what was done to it itself says.
-  void MarkLed(ChildWindow& window, std::size_t position, bool away);
   // Grows with whatever may change what can be taken back.
   std::int64_t changes() {
     NoteWaiting();

@@ -142,12 +142,6 @@ void Edits::SetTrueMarks(const EditAction& action) {
   for (const std::size_t position : kTallied) set(ImageOf(*action.window), position);
 }
 
-void Edits::MarkLed(ChildWindow& window, std::size_t position, bool away) {
-  const EditMark mark{ImageOf(window), position};
-  const EditTally* tally = TallyOf(mark.target, position);
-  SetMark(mark, away ? 1 : tally != nullptr && tally->known ? tally->Value() : 0);
-}
-
 // A save, or what drops all changes.
 void Edits::TallySaved(ChildWindow& window) {
   for (const std::size_t position : kTallied) {

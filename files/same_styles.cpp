@@ -99,7 +99,8 @@ ChildWindow* FollowStyles(Application& app, ChildWindow& window, const EditActio
 }
 
 void ShowFollowed(Application& app, ChildWindow& window) {
-  app.edits.MarkLed(window, kStyChangedPosition, !StylesAreInFile(app, window));
+  const int changed = StylesAreInFile(app, window) ? 0 : 1;
+  app.edits.Prepare(window, [changed](Bytes& image) { PutByte(image, kStyChangedPosition, changed); });
   window.ShowItems({.styles = true});
 }
 
