@@ -88,7 +88,7 @@ class Journal : public EditListener {
   std::unique_ptr<GrowingFile> file_;
   std::map<ChildWindow*, Known> windows_;
   std::map<JournalThing, bool> flags_;  // of the records that the journal holds, as it knows them
-  JournalActionView written_;           // the last one
+  JournalActionView written_;           // kept for its memory; its texts are those of the action that is written
   std::set<std::string> words_;
   std::vector<std::string> old_;
   std::uint32_t last_id_ = 0;

@@ -19,7 +19,7 @@ struct Lost {
   Bytes image;                         // as it is to be, with the record kept
 };
 
-// Of a window that had a file; null where such windows save none.
+// The kind of file that the window saves; null where such windows save none.
 const FileKind* KindOfLost(const Lost& lost);
 
 // Opens the files that are as they were then, where they aren't open, and does the actions again, each of which may

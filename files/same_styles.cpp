@@ -31,7 +31,7 @@ bool ChangesStylesOf(const EditAction& action, ChildWindow& window) {
   return ChangesWithin(action, ImageOf(window), begin, std::string::npos);
 }
 
-// As after a crash, which brings an action of two windows back as one for each.
+// As after a crash, when the journal held what became of each window by itself.
 bool HasStepsOfItsOwn(Application& app, ChildWindow& window, ChildWindow& other) {
   for (const EditAction& each : app.edits.actions()) {
     if (each.IsStep() && ChangesStylesOf(each, window) && !ChangesStylesOf(each, other)) return true;
