@@ -158,7 +158,10 @@ bool ChangesWithin(const EditAction& action, const EditTarget& target, std::size
 
 void ShowPlace(ui::Control& control) {
   control.TurnPages();
-  if (control.Usable()) control.SetFocus();
+  if (!control.Usable()) return;
+  control.SetFocus();
+  // One that has the focus already may have been scrolled away from.
+  control.ComeIntoSight();
 }
 
 void ShowPlace(const ChildWindow& window, const EditStep& step) {

@@ -76,7 +76,7 @@ std::string UndoCaption(const Application& app, bool back, const EditAction* act
 // Whether the action changed bytes of the target from one position up to, not with, another.
 bool ChangesWithin(const EditAction& action, const EditTarget& target, std::size_t begin, std::size_t end);
 
-// Turns to the page that a control stands on, and gives it the focus.
+// Turns to the page that a control stands on, brings it into sight, and gives it the focus.
 void ShowPlace(ui::Control& control);
 // The same for the first control that the step was about, of those that take a focus.
 void ShowPlace(const ChildWindow& window, const EditStep& step);

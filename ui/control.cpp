@@ -127,10 +127,6 @@ bool Control::UserContext() {
   return true;
 }
 
-void Control::Changed(Change change) {
-  if (view != nullptr) view->Show(change);
-}
-
 UserEvent::UserEvent(Form& form) : UserEvent(form, nullptr) {}
 
 UserEvent::UserEvent(Control& control) : UserEvent(control.form(), &control) {}

@@ -47,7 +47,8 @@ enum class Change {
   kFocus,
   kDrawing,
   kTyped,
-  kSaid
+  kSaid,
+  kInSight
 };
 
 // The widget of one control. It attaches itself with Control::view and must take itself off before it dies.
@@ -103,6 +104,8 @@ class Control {
 
   // Makes it the control that takes the keys.
   void SetFocus();
+  // Where its page scrolls, the page goes to it.
+  void ComeIntoSight() { Changed(Change::kInSight); }
   bool HasFocus() const;
 
   Handler on_focus;
@@ -127,7 +130,9 @@ class Control {
   ControlView* view = nullptr;
 
  protected:
-  void Changed(Change change);
+  void Changed(Change change) {
+    if (view != nullptr) view->Show(change);
+  }
 
  private:
   friend class Form;

@@ -159,6 +159,13 @@ TEST_F(Hands, WhatTheProgramGivesTheFocusComesIntoSight) {
   Settle();
   EXPECT_EQ(QApplication::focusWidget(), Widget<QWidget>(form.Low[4]));
   EXPECT_EQ(page->horizontalScrollBar()->value(), before);
+  // But a step back shows what it is about.
+  page->horizontalScrollBar()->setValue(0);
+  Settle();
+  form.Low[4].SetFocus();
+  ASSERT_FALSE(in_sight(form.Low[4]));
+  form.Low[4].ComeIntoSight();
+  EXPECT_TRUE(in_sight(form.Low[4]));
 }
 
 class ToyRecord : public Form {

@@ -137,6 +137,9 @@ void View::ShowCommon(Change change) {
       // A mnemonic or the program took the focus there, and no eye on a pointer follows it: it is drawn.
       field()->window()->setAttribute(Qt::WA_KeyboardFocusChange);
       break;
+    case Change::kInSight:
+      BringIntoView(*widget_);
+      break;
     default:
       break;
   }
