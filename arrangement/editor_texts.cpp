@@ -18,7 +18,9 @@ std::string_view PartName(int part) {
 }
 
 std::string EffectText(int effect, int type) {
-  return "Effect " + std::to_string(effect + 1) + " (" + (type == 0 ? "Off" : std::to_string(type)) + ")";
+  std::string text = "Effect ";
+  text.append(std::to_string(effect + 1)).append(" (").append(type == 0 ? "Off" : std::to_string(type)).append(")");
+  return text;
 }
 
 std::string StyleText(int number, int location) {

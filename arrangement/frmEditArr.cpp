@@ -179,7 +179,9 @@ void frmEditArr::Edit(EditorControl& control) {
   MarkChanged();
   if (!row.Has(kSendsShown)) Send(control, SentValue(row, shown));
   ClearNameHighlight();
-  if (!state.EditorFilling) rows_.NoteShown(control);
+  // A fill shows the rest by itself.
+  if (state.EditorFilling) return;
+  rows_.NoteShown(control);
   rows_.ShowLabel(control);
   if (control.control == &HScroll1[0]) ShowSplitNote();
 }

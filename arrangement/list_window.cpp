@@ -83,7 +83,8 @@ std::string ArrListWindow::RowText(int row) const {
   std::string text = PanelNumberText(row);
   if (record_byte(row, arr_record::kName) == 0) return text;
   text += UsesUserStyle(row) ? " +" : "  ";
-  return text + Utf8FromBytes(std::string_view(window_image()).substr(ArrRecordPosition(row) - 1, kArrNameLength));
+  AppendUtf8(text, std::string_view(window_image()).substr(ArrRecordPosition(row) - 1, kArrNameLength));
+  return text;
 }
 
 void ArrListWindow::ShowRecordName(int index) {

@@ -94,10 +94,17 @@ constexpr std::array<std::uint16_t, 32> kUpperControls = {
 }  // namespace
 
 std::string Utf8FromBytes(std::string_view bytes) {
+  std::string text;
+  AppendUtf8(text, bytes);
+  return text;
+}
+
+void AppendUtf8(std::string& text, std::string_view bytes) {
   // Most names are plain ASCII, and come through as they are.
   const auto plain = std::find_if(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
-  std::string text(bytes.begin(), plain);
-  for (const char c : bytes.substr(text.size())) {
+  const auto ascii = static_cast<std::size_t>(plain - bytes.begin());
+  text.append(bytes.substr(0, ascii));
+  for (const char c : bytes.substr(ascii)) {
     const auto byte = static_cast<unsigned char>(c);
     const unsigned character = byte >= 0x80 && byte < 0xA0 ? kUpperControls[byte - 0x80] : byte;
     if (character < 0x80) {
@@ -111,7 +118,6 @@ std::string Utf8FromBytes(std::string_view bytes) {
       text += static_cast<char>(0x80 | (character & 0x3F));
     }
   }
-  return text;
 }
 
 bool BytesFromUtf8(std::string_view text, Bytes& bytes) {

@@ -51,6 +51,7 @@ std::string HexText(std::string_view bytes);
 // Names in data files are Windows-1252, texts of controls UTF-8. The five bytes that Windows-1252 leaves free become
 // U+0081, U+008D, U+008F, U+0090 and U+009D, so that all 256 bytes come back unchanged.
 std::string Utf8FromBytes(std::string_view bytes);
+void AppendUtf8(std::string& text, std::string_view bytes);
 
 // Reverses Utf8FromBytes. A character that has no byte, or text that is no UTF-8, gives false and leaves `bytes` as it
 // is.

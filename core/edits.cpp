@@ -8,6 +8,7 @@
 #include "core/edit_listener.h"
 #include "core/window_image.h"
 #include "files/api.h"
+#include "record/arrangement_places.h"
 
 namespace zentaline {
 
@@ -15,8 +16,9 @@ namespace {
 
 using Thing = EditTarget::Thing;
 
-// Differences that are no further apart are one piece.
-constexpr std::size_t kGap = 64;
+// Differences that are no further apart are one piece. Records of a file that are put in one after the other differ at
+// least in their names: together they are one.
+constexpr std::size_t kGap = kArrRecordLength;
 constexpr std::size_t kBlock = 64;
 constexpr std::size_t kWord = 8;
 
@@ -158,8 +160,13 @@ void Edits::SetMark(const EditMark& mark, int value) {
 // --- What the user does ---
 
 void Edits::PutByte(const EditTarget& target, std::size_t position, int value, const EditWords& words) {
+  Bytes& all = BytesOf(target);
+  if (position < 1 || position > all.size()) return;
+  char& place = all[position - 1];
   const char byte = static_cast<char>(value);
-  Put(target, position, {&byte, 1}, words);
+  if (place == byte) return;
+  NoteSoon(target, position, {&place, 1}, {&byte, 1}, words);
+  place = byte;
 }
 
 void Edits::Put(const EditTarget& target, std::size_t position, std::string_view bytes, const EditWords& words) {
@@ -169,21 +176,7 @@ void Edits::Put(const EditTarget& target, std::size_t position, std::string_view
   char* const place = all.data() + (position - 1);
   const std::string_view before(place, bytes.size());
   if (Same(before, bytes)) return;
-  const ui::Cause cause = app_.toolkit.cause();
-  if (bytes.size() <= Waiting::kMost && cause != ui::kNoCause && words.name.empty() && most_actions_ > 0) {
-    NoteWaiting();
-    waiting_.length = bytes.size();
-    waiting_.target = target;
-    waiting_.position = position;
-    CopyTo(waiting_.before.data(), before);
-    CopyTo(waiting_.after.data(), bytes);
-    waiting_.what = words.what;
-    waiting_.of = words.of;
-    waiting_.cause = cause;
-    bytes_changed_ = true;
-  } else {
-    NotePiece(target, position, before, bytes, words);
-  }
+  NoteSoon(target, position, before, bytes, words);
   CopyTo(place, bytes);
 }
 
@@ -206,7 +199,7 @@ void Edits::Mark(const EditTarget& record, bool changed) {
 // A mark that is taken away stands for what it is about as it is now.
 void Edits::NoteSet(const EditMark& mark, bool set) {
   if (set) {
-    if (!bytes_changed_) set_.push_back(mark);
+    if (!bytes_changed_ && std::find(set_.begin(), set_.end(), mark) == set_.end()) set_.push_back(mark);
   } else if (EditTally* tally = TallyOf(mark.target, mark.position)) {
     tally->Save(0);
     std::erase(set_, mark);
@@ -322,6 +315,24 @@ EditAction& Edits::Add(EditAction::Kind kind, ui::Cause cause) {
   growing_->cause = cause;
   growing_->kind = kind;
   return *growing_;
+}
+
+void Edits::NoteSoon(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
+                     const EditWords& words) {
+  const ui::Cause cause = app_.toolkit.cause();
+  if (after.size() > Waiting::kMost || cause == ui::kNoCause || !words.name.empty() || most_actions_ == 0) {
+    return NotePiece(target, position, before, after, words);
+  }
+  NoteWaiting();
+  waiting_.length = after.size();
+  waiting_.target = target;
+  waiting_.position = position;
+  CopyTo(waiting_.before.data(), before);
+  CopyTo(waiting_.after.data(), after);
+  waiting_.what = words.what;
+  waiting_.of = words.of;
+  waiting_.cause = cause;
+  bytes_changed_ = true;
 }
 
 void Edits::NoteNow() {

@@ -293,6 +293,9 @@ class Edits {
   // The entry of the cause, of the event that runs, made when there is none yet.
   EditAction& Current(ui::Cause cause);
   EditAction& Add(EditAction::Kind kind, ui::Cause cause);
+  // Lets a few bytes wait, if it can; both are of one length.
+  void NoteSoon(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
+                const EditWords& words);
   void NotePiece(const EditTarget& target, std::size_t position, std::string_view before, std::string_view after,
                  const EditWords& words);
   void NotePiece(EditAction& action, const EditTarget& target, std::size_t position, std::string_view before,

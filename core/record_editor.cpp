@@ -131,7 +131,8 @@ void RecordEditor::Rebind(EditorControl& bound, const EditorRow& row, bool visib
 }
 
 void RecordEditor::Show() {
-  for (EditorControl& bound : controls_) Show(bound, false);
+  const Bytes& record = edits_.Read(target_);
+  for (EditorControl& bound : controls_) Show(bound, record, false);
 }
 
 void RecordEditor::Keep() {
@@ -140,11 +141,12 @@ void RecordEditor::Keep() {
 
 void RecordEditor::Fill() {
   Keep();
-  for (EditorControl& bound : controls_) Show(bound, bound.row->Has(kActsInFill));
+  const Bytes& record = edits_.Read(target_);
+  for (EditorControl& bound : controls_) Show(bound, record, bound.row->Has(kActsInFill));
 }
 
-void RecordEditor::Show(EditorControl& bound, bool raises) {
-  const int shown = ShownIn(*bound.row, RawAt(bound.field(), edits_.Read(target_), bound.start));
+void RecordEditor::Show(EditorControl& bound, const Bytes& record, bool raises) {
+  const int shown = ShownIn(*bound.row, RawAt(bound.field(), record, bound.start));
   if (shown == kNotShown) return;
   switch (bound.control->kind()) {
     case ui::ControlKind::kScrollBar: {
@@ -183,8 +185,10 @@ int RecordEditor::Shown(const EditorControl& bound) {
 
 void RecordEditor::Store(EditorControl& bound, int shown) {
   const Field& field = bound.field();
-  const int raw = RawAt(field, edits_.Read(target_), bound.start);
-  edits_.Put(target_, bound.position(), RawBytes(field, RawAfter(*bound.row, raw, shown)), {field.name, bound.owner});
+  const int raw = RawAfter(*bound.row, RawAt(field, edits_.Read(target_), bound.start), shown);
+  const EditWords words{field.name, bound.owner};
+  if (field.Width() == 1) return edits_.PutByte(target_, bound.position(), raw, words);
+  edits_.Put(target_, bound.position(), RawBytes(field, raw), words);
 }
 
 void RecordEditor::NoteShown(EditorControl& bound) {

@@ -116,7 +116,7 @@ class RecordEditor {
 
   // Shows the record in all controls, or in one; nothing is raised.
   void Show();
-  void Show(EditorControl& bound) { Show(bound, false); }
+  void Show(EditorControl& bound) { Show(bound, edits_.Read(target_), false); }
   // The same, but rows that act in a fill are shown by their controls' own events, in the order in which they were
   // bound.
   void Fill();
@@ -143,7 +143,7 @@ class RecordEditor {
   void SetUp(EditorControl& bound);
   // "Volume, UPPER1" for who doesn't see where it stands.
   static void SayWhat(const EditorControl& bound);
-  void Show(EditorControl& bound, bool raises);
+  void Show(EditorControl& bound, const Bytes& record, bool raises);
   void NotePositions();
   void AddIfChanged(EditorControl& bound, std::string_view before);
 

@@ -58,9 +58,11 @@ std::size_t MarkPosition(const ItemTable& table, int row) {
 }
 
 std::vector<int> MarkedRows(std::string_view image) {
+  const ItemTable table = ItemTableOf(image);
   std::vector<int> marked;
-  for (int row = 0; row < ItemTableOf(image).rows; ++row) {
-    if (IsMarked(image, row)) marked.push_back(row);
+  marked.reserve(static_cast<std::size_t>(table.rows));
+  for (int row = 0; row < table.rows; ++row) {
+    if (ByteAt(image, MarkPosition(table, row)) == 1) marked.push_back(row);
   }
   return marked;
 }

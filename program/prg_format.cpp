@@ -131,7 +131,8 @@ void PutEditRecord(Bytes& image, std::string_view record) {
 }
 
 std::string ProgramNumberText(std::string_view bank_letter, int n) {
-  return std::string(bank_letter) + ' ' + PanelNumberText(n);
+  std::string text(bank_letter);
+  return text.append(1, ' ').append(PanelNumberText(n));
 }
 
 const ProgramSource* ProgramSourceOf(int kind) {

@@ -188,7 +188,10 @@ void ScrollBar::ShowValue(int value) {
 }
 
 void ScrollBar::SetValue(int value) {
-  value = std::clamp(value, std::min(min_, max_), std::max(min_, max_));
+  TakeValue(std::clamp(value, std::min(min_, max_), std::max(min_, max_)));
+}
+
+void ScrollBar::TakeValue(int value) {
   if (std::exchange(value_, value) == value) return;
   Changed(Change::kValue);
   Call(on_change);
@@ -199,7 +202,7 @@ bool ScrollBar::UserSet(int value) {
   const UserEvent event(*this, UserEvent::kMoves);
   SetFocus();
   if (!typed_.empty()) ShowTyped({});
-  SetValue(value);
+  TakeValue(value);
   return true;
 }
 

@@ -223,6 +223,7 @@ class ScrollBar : public Control {
   void FocusLeft() override { ShowTyped({}); }
 
  private:
+  void TakeValue(int value);
   void TypeKey(const std::string& character);
   void ShowTyped(std::string typed);
   std::optional<int> ValueOf(const std::string& typed) const;

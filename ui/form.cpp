@@ -15,6 +15,14 @@ std::string Form::FullName() const {
   return number_.empty() ? name_ : name_ + "(" + number_ + ")";
 }
 
+bool Form::IsCalled(std::string_view full_name) const {
+  if (!full_name.starts_with(name_)) return false;
+  full_name.remove_prefix(name_.size());
+  if (number_.empty()) return full_name.empty();
+  return full_name.size() == number_.size() + 2 && full_name.front() == '(' && full_name.back() == ')' &&
+         full_name.substr(1, number_.size()) == number_;
+}
+
 void Form::SetCaption(std::string caption) {
   if (caption == caption_) return;
   caption_ = std::move(caption);

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/controls.h"
@@ -36,6 +37,8 @@ class Form {
   const std::string& name() const { return name_; }
   const std::string& number() const { return number_; }
   std::string FullName() const;
+  // Whether that is its full name.
+  bool IsCalled(std::string_view full_name) const;
 
   const std::string& caption() const { return caption_; }
   void SetCaption(std::string caption);

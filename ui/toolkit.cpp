@@ -48,7 +48,7 @@ std::vector<Form*> Toolkit::forms() const {
 
 Form* Toolkit::FindForm(const std::string& full_name) const {
   const auto found =
-      std::find_if(forms_.begin(), forms_.end(), [&](const auto& form) { return form->FullName() == full_name; });
+      std::find_if(forms_.begin(), forms_.end(), [&](const auto& form) { return form->IsCalled(full_name); });
   return found == forms_.end() ? nullptr : found->get();
 }
 
@@ -67,11 +67,6 @@ void Toolkit::RunTimer(const Timer& timer) {
   if (timer.on_timer) timer.on_timer();
   cause_ = around;
   LeaveEvent();
-}
-
-// A press of the mouse or of a key on the control that is moved is no pause in its moves.
-void Toolkit::NoteUser(const Control* control) {
-  if (cause_ == kNoCause && !move_.held && (control == nullptr || control != move_.control)) move_ = {};
 }
 
 void Toolkit::NoteMove(const Control& control) {

@@ -131,8 +131,11 @@ class Toolkit {
 
   void EnterEvent() { ++event_depth_; }
   void LeaveEvent();
-  // The user does something to a control (null: to something else), or moves its value.
-  void NoteUser(const Control* control);
+  // The user does something to a control (null: to something else), or moves its value. A press of the mouse or of a
+  // key on the control that is moved is no pause in its moves.
+  void NoteUser(const Control* control) {
+    if (cause_ == kNoCause && !move_.held && (control == nullptr || control != move_.control)) move_ = {};
+  }
   void NoteMove(const Control& control);
   // Out of the order of activation, with its timers stopped, while it does its last work.
   void TakeOut(Form& form);

@@ -111,14 +111,14 @@ TEST_F(EditsTest, AFunctionsWorkIsNotedByWhatDiffersAfterwards) {
   const int result = edits().Change(ImageOf(window), {"Paste"}, [](Bytes& image) {
     image[299] = 'x';
     image[301] = 'y';  // near enough to be one piece with it
-    image[400] = 'z';  // a piece of its own
+    image[469] = 'z';  // a piece of its own
     image[9] = 1;      // a mark
     image[16] = 7;     // no mark
     return 42;
   });
   EXPECT_EQ(result, 42);
   ASSERT_EQ(edits().actions().size(), 1U);
-  EXPECT_THAT(Pieces(edits().actions()[0]), ElementsAre("300:aaa>xay", "401:a>z"));
+  EXPECT_THAT(Pieces(edits().actions()[0]), ElementsAre("300:aaa>xay", "470:a>z"));
   ASSERT_EQ(edits().actions()[0].marks.size(), 1U);
   EXPECT_EQ(edits().actions()[0].marks[0].mark.position, kStyChangedPosition);
   edits().StepBack();
