@@ -12,6 +12,8 @@
 #include <optional>
 #include <vector>
 
+#include "ui/qt/text_sizes.h"
+
 namespace zentaline::ui::qt {
 
 // A widget that goes along with the hand at once, also while input is held; what it then reports is a move that waits.
@@ -87,6 +89,8 @@ class Gate : public QObject {
 
   // Where a menu opens that a key asks for, on the screen; none: under the pointer.
   std::optional<QPoint> popup_place;
+  // For the widgets of all windows.
+  TextSizes text_sizes;
   // Called when nothing holds the program up any longer.
   std::function<void()> on_release;
 

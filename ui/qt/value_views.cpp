@@ -115,16 +115,15 @@ class ScrollBarView : public View {
 // Shows the model's text, also when it is none of the rows.
 class Combo : public QComboBox {
  public:
-  using QComboBox::QComboBox;
+  Combo(TextSizes& sizes, QWidget* parent) : QComboBox(parent), sizes_(sizes) {}
   QString shown;
 
   // As wide as the widest row. The toolkit's own way makes the view of the rows for it, which takes longer than all
   // the rest of the box; here it is made when it is wanted first.
   QSize sizeHint() const override {
     if (!hint_.isValid()) {
-      const QFontMetrics metrics = fontMetrics();
-      int width = minimumContentsLength() * metrics.horizontalAdvance(QLatin1Char('X'));
-      for (int row = 0; row < count(); ++row) width = std::max(width, metrics.horizontalAdvance(itemText(row)));
+      int width = minimumContentsLength() * fontMetrics().horizontalAdvance(QLatin1Char('X'));
+      for (int row = 0; row < count(); ++row) width = std::max(width, sizes_.WidthOf(*this, itemText(row)));
       QStyleOptionComboBox option;
       initStyleOption(&option);
       const QSize least = style()->sizeFromContents(QStyle::CT_ComboBox, &option, {width, 0}, this);
@@ -171,6 +170,7 @@ class Combo : public QComboBox {
   }
 
  private:
+  TextSizes& sizes_;
   mutable QSize hint_;
 };
 
@@ -197,7 +197,7 @@ class ListLine : public QLineEdit {
 class ComboBoxView : public View {
  public:
   ComboBoxView(ComboBox& box, Gate& gate, QWidget* parent)
-      : View(box, gate, new Combo(parent)), box_(box), widget_(static_cast<Combo*>(View::widget())) {
+      : View(box, gate, new Combo(gate.text_sizes, parent)), box_(box), widget_(static_cast<Combo*>(View::widget())) {
     if (box.editable) GiveLine();
     // Else the wheel that scrolls a page would leave the focus, and its next turns, to the lists that pass below it.
     widget_->setFocusPolicy(Qt::StrongFocus);

@@ -95,12 +95,17 @@ void View::Show(Change change) {
   Refresh(change);
 }
 
+// A widget that is new needs only what isn't as with any other.
 void View::ShowAll() {
-  for (const Change change : {Change::kFont, Change::kColours, Change::kToolTip, Change::kText, Change::kRows,
-                              Change::kRow, Change::kRange, Change::kValue, Change::kChecked, Change::kEnabled}) {
-    Show(change);
-  }
   const Gate::Showing showing(gate_);
+  if (control_->font() != Font{}) Show(Change::kFont);
+  if (control_->back_colour() || control_->fore_colour()) Show(Change::kColours);
+  if (!control_->tool_tip().empty()) Show(Change::kToolTip);
+  for (const Change change :
+       {Change::kText, Change::kRows, Change::kRow, Change::kRange, Change::kValue, Change::kChecked}) {
+    Refresh(change);
+  }
+  if (!control_->enabled()) Show(Change::kEnabled);
   ShowLeastSize();
   if (!control_->visible()) widget_->setVisible(false);
 }
@@ -168,6 +173,7 @@ void View::ShowColours() {
 
 void View::ShowLeastSize() {
   const Size least = control_->least_characters;
+  if (least.width <= 0 && least.height <= 1) return;
   const QFontMetrics metrics(field()->font());
   const int border = 2 * metrics.averageCharWidth();
   if (least.width > 0) widget_->setMinimumWidth(least.width * metrics.horizontalAdvance(u'0') + border);

@@ -393,7 +393,6 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
   ShowProgramIcon();
   window_->setWindowIcon(QGuiApplication::windowIcon());
   if (QMenu* menu = window_->systemMenu()) NameSystemMenu(*menu, words);
-  ShowCaption();
   area->addSubWindow(window_);
   const Placement& place = form.placement();
   if (place.width == 0) {
@@ -410,6 +409,8 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
                     window_->minimumSizeHint().height());
     window_->setGeometry(found.left, found.top, found.width, found.height);
   }
+  // The caption comes last: it would be shortened anew for every size that the window has been asked and given.
+  ShowCaption();
   Place(place);
 }
 
