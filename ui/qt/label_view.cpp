@@ -65,19 +65,21 @@ class TextLabel : public QLabel {
     return Hint(TextSizes::kLeastHint, [this] { return QLabel::minimumSizeHint(); });
   }
   int heightForWidth(int width) const override {
-    if (!wordWrap() || IsOfItsOwn()) return QLabel::heightForWidth(width);
+    if (!wordWrap() || IsBounded()) return QLabel::heightForWidth(width);
     const auto measure = [this, width] { return QSize(width, QLabel::heightForWidth(width)); };
     return sizes_.BrokenSizeOf(*this, text(), width, measure).height();
   }
 
  private:
-  // Something besides the text and its font counts.
-  bool IsOfItsOwn() const { return buddy() != nullptr || !minimumSize().isNull() || maximumWidth() < QWIDGETSIZE_MAX; }
+  bool IsBounded() const { return !minimumSize().isNull() || maximumWidth() < QWIDGETSIZE_MAX; }
+  // A sign that underlines a letter takes no room.
+  bool HasMnemonic() const { return buddy() != nullptr && text().contains(u'&'); }
   template <class Measure>
   QSize Hint(int kind, const Measure& measure) const {
-    if (IsOfItsOwn()) return measure();
+    if (HasMnemonic() || (wordWrap() && IsBounded())) return measure();
     ensurePolished();
-    return wordWrap() ? sizes_.BrokenSizeOf(*this, text(), kind, measure) : sizes_.SizeOf(*this, text());
+    return wordWrap() ? sizes_.BrokenSizeOf(*this, text(), kind, measure)
+                      : sizes_.SizeOf(*this, text()).expandedTo(minimumSize());
   }
 
   TextSizes& sizes_;

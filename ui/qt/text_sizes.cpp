@@ -18,7 +18,7 @@ constexpr int kLines = -4;
 
 QHash<TextSizes::Text, QSize>& TextSizes::KnownFor(const QWidget& widget) {
   const QFont& font = widget.font();
-  const int dots_per_inch = widget.logicalDpiY();
+  const double dots_per_inch = widget.fontMetrics().fontDpi();
   const auto found = std::find_if(fonts_.begin(), fonts_.end(), [&](const Known& known) {
     return known.dots_per_inch == dots_per_inch && (known.font.isCopyOf(font) || known.font == font);
   });

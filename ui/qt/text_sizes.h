@@ -29,7 +29,7 @@ class TextSizes {
   using Text = std::pair<QString, int>;  // with a width, or one of the kinds of sizes below 0
   struct Known {
     QFont font;
-    int dots_per_inch;
+    double dots_per_inch;
     QHash<Text, QSize> sizes;
   };
   QHash<Text, QSize>& KnownFor(const QWidget& widget);

@@ -387,13 +387,14 @@ bool MainFormWindow::HasRoomBeside(int width) const {
 ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMdiArea* area, const Form* belongs_to)
     : FormWindow(form, gate, new Frame<QMdiSubWindow>), window_(static_cast<QMdiSubWindow*>(frame())) {
   static_cast<Frame<QMdiSubWindow>*>(window_)->owner = this;
+  // Widgets that are made in a window on the screen know its screen; those around them have none to take along.
+  area->addSubWindow(window_);
   BuildIn(window_);
   window_->setWidget(body());
   // A window that opens at once doesn't wait for the icon of the others: without one of its own it has the toolkit's.
   ShowProgramIcon();
   window_->setWindowIcon(QGuiApplication::windowIcon());
   if (QMenu* menu = window_->systemMenu()) NameSystemMenu(*menu, words);
-  area->addSubWindow(window_);
   const Placement& place = form.placement();
   if (place.width == 0) {
     QSize hint = window_->sizeHint();
@@ -409,9 +410,9 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
                     window_->minimumSizeHint().height());
     window_->setGeometry(found.left, found.top, found.width, found.height);
   }
+  Place(place);
   // The caption comes last: it would be shortened anew for every size that the window has been asked and given.
   ShowCaption();
-  Place(place);
 }
 
 void ChildFormWindow::ShowPlacement() {
