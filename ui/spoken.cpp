@@ -109,13 +109,15 @@ SpokenNames SpokenNamesOf(const Form& form) {
   if (walker.spots.empty()) {
     for (Control* control : form.controls()) walker.Walk(Item(*control), {});
   }
+  std::vector<std::string> own_names;
   std::map<std::string, int> counts;
-  for (const Spot& spot : walker.spots) ++counts[NameOf(spot)];
+  for (const Spot& spot : walker.spots) ++counts[own_names.emplace_back(NameOf(spot))];
 
   SpokenNames names;
   std::set<std::string> taken;
-  for (const Spot& spot : walker.spots) {
-    std::string name = NameOf(spot);
+  for (std::size_t i = 0; i < walker.spots.size(); ++i) {
+    const Spot& spot = walker.spots[i];
+    std::string name = own_names[i];
     if (counts[name] > 1 && !spot.around.empty() && spot.around != name) name += ", " + spot.around;
     const std::string first = name;
     for (int again = 2; !taken.insert(name).second; ++again) name = first + " " + std::to_string(again);

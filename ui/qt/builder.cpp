@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <algorithm>
 #include <set>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -31,15 +32,21 @@ using Kind = Layout::Kind;
 
 constexpr int kTightMargin = 4;  // pixels, inside a frame that is to be narrow
 
+bool Grows(const Layout& layout);
+
 // A list, a text of many lines, or pages: they use more room than they need.
-bool Grows(const Layout& layout) {
-  if (layout.stretch > 0 || layout.scrolls || layout.kind == Kind::kPages) return true;
+bool GrowsByNature(const Layout& layout) {
+  if (layout.kind == Kind::kPages) return true;
   if (layout.control != nullptr && layout.kind == Kind::kControl) {
     return layout.control->kind() == ControlKind::kListBox ||
            (layout.control->kind() == ControlKind::kTextBox && static_cast<TextBox*>(layout.control)->multi_line);
   }
   return std::any_of(layout.children.begin(), layout.children.end(),
                      [](const Layout& child) { return child.kind != Kind::kSpace && Grows(child); });
+}
+
+bool Grows(const Layout& layout) {
+  return layout.stretch > 0 || layout.scrolls || GrowsByNature(layout);
 }
 
 // Takes the room that its content needs, where there is so much.
@@ -54,19 +61,17 @@ class Builder {
   Builder(Form& form, Gate& gate) : form_(form), gate_(gate) {}
 
   Built Build(QWidget* parent) {
-    Layout whole = form_.layout.kind == Kind::kNothing ? ColumnOfAll() : form_.layout;
-    // The main window may be smaller than a window that fills it.
-    if (form_.kind() == FormKind::kChild && !whole.tight) whole.scrolls = true;
-    return Build(parent, std::move(whole));
+    return form_.layout.kind == Kind::kNothing ? Build(parent, ColumnOfAll()) : Build(parent, form_.layout);
   }
-  Built Build(QWidget* parent, Layout whole) {
+  Built Build(QWidget* parent, const Layout& whole) {
     built_.body = new QWidget(parent);
     auto* box = new QVBoxLayout(built_.body);
     if (form_.kind() == FormKind::kMain) box->setContentsMargins(2, 2, 2, 2);
     if (whole.tight) box->setContentsMargins(0, 0, 0, 0);
-    if (whole.stretch == 0) whole.stretch = 1;
     parent_ = built_.body;
-    Add(*box, whole, 1);
+    // The main window may be smaller than a window that fills it.
+    const bool scrolls = whole.scrolls || (form_.kind() == FormKind::kChild && !whole.tight);
+    scrolls ? AddScrolled(*box, whole, 1, true) : AddInPlace(*box, whole, 1);
     GiveLetters();
     for (View* view : built_.views) view->ShowAll();
     GiveNames();
@@ -167,7 +172,7 @@ class Builder {
   }
 
   // Children of a container are the children of its widget.
-  void Fill(QWidget& container, const std::vector<Layout>& children, int margin) {
+  void Fill(QWidget& container, std::span<const Layout> children, int margin) {
     QWidget* outer = parent_;
     parent_ = &container;
     auto* box = new QVBoxLayout(&container);
@@ -192,16 +197,20 @@ class Builder {
       const auto number = static_cast<std::size_t>(tabs->count());
       const auto& captions = static_cast<Tabs*>(layout.control)->captions;
       tabs->addTab(page, number < captions.size() ? ToQt(captions[number]) : QString());
-      Fill(*page, {child}, -1);
+      Fill(*page, {&child, 1}, -1);
     }
     return widget;
   }
 
   void Add(QBoxLayout& box, const Layout& layout, int stretch) {
     if (layout.scrolls) {
-      AddScrolled(box, layout, stretch);
-      return;
+      AddScrolled(box, layout, stretch, layout.stretch > 0 || GrowsByNature(layout));
+    } else {
+      AddInPlace(box, layout, stretch);
     }
+  }
+
+  void AddInPlace(QBoxLayout& box, const Layout& layout, int stretch) {
     switch (layout.kind) {
       case Kind::kNothing:
         break;
@@ -248,14 +257,17 @@ class Builder {
     box.addWidget(whole, stretch);
   }
 
-  void AddScrolled(QBoxLayout& box, const Layout& layout, int stretch) {
+  void AddScrolled(QBoxLayout& box, const Layout& layout, int stretch, bool grows) {
     auto* area = new Scroller(parent_);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     auto* content = new QWidget(area);
-    Layout inside = layout;
-    inside.scrolls = false;
-    Fill(*content, {inside}, 0);
+    QWidget* outer = std::exchange(parent_, content);
+    auto* inside = new QVBoxLayout(content);
+    inside->setContentsMargins(0, 0, 0, 0);
+    AddInPlace(*inside, layout, grows ? 1 : 0);
+    if (!grows) inside->addStretch(1);
+    parent_ = outer;
     scrolled_.emplace_back(area, content);
     area->setFocusPolicy(Qt::NoFocus);
     box.addWidget(area, std::max(stretch, 1));
@@ -310,11 +322,7 @@ class Builder {
   }
 
   // A stretch in a grid is across; only these take height as well.
-  static bool IsFlat(const Layout& child) {
-    Layout unstretched = child;
-    unstretched.stretch = 0;
-    return !Grows(unstretched);
-  }
+  static bool IsFlat(const Layout& child) { return !child.scrolls && !GrowsByNature(child); }
 
   Form& form_;
   Gate& gate_;

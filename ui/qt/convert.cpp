@@ -84,6 +84,7 @@ std::optional<Key> ToKey(const QKeyEvent& event) {
 
 QString WithoutMnemonic(const std::string& caption) {
   const QString text = ToQt(caption);
+  if (!text.contains(u'&')) return text;
   QString shown;
   for (qsizetype i = 0; i < text.size(); ++i) {
     const bool sign = text[i] == u'&';

@@ -132,7 +132,7 @@ class Combo : public QComboBox {
     return hint_;
   }
   void SetRows(const QStringList& rows) {
-    clear();
+    if (count() > 0) clear();
     addItems(rows);
     hint_ = {};
     updateGeometry();
@@ -227,7 +227,7 @@ class ComboBoxView : public View {
     if (widget_->isEditable() && widget_->lineEdit()->text() != widget_->shown) {
       widget_->lineEdit()->setText(widget_->shown);
     }
-    widget_->setAccessibleDescription(widget_->shown);
+    if (widget_->accessibleDescription() != widget_->shown) widget_->setAccessibleDescription(widget_->shown);
     widget_->update();
   }
   // The line in it is the same to who hears it.
