@@ -4,11 +4,14 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionGroupBox>
 #include <QTabBar>
 #include <QTabWidget>
 
 #include "ui/letters.h"
 #include "ui/qt/convert.h"
+#include "ui/qt/text_sizes.h"
 
 namespace zentaline::ui::qt {
 
@@ -100,9 +103,27 @@ class OptionButtonView : public View {
   QRadioButton* widget_;
 };
 
+// Asks for the room that its title and its content take, as any other; but the title isn't measured again.
+class TitledBox : public QGroupBox {
+ public:
+  TitledBox(TextSizes& sizes, QWidget* parent) : QGroupBox(parent), sizes_(sizes) {}
+
+  QSize minimumSizeHint() const override {
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    const QSize text(sizes_.WidthOf(*this, title()) + option.fontMetrics.horizontalAdvance(u' '),
+                     option.fontMetrics.height());
+    return style()->sizeFromContents(QStyle::CT_GroupBox, &option, text, this).expandedTo(QWidget::minimumSizeHint());
+  }
+
+ private:
+  TextSizes& sizes_;
+};
+
 class FrameView : public View {
  public:
-  FrameView(Frame& frame, Gate& gate, QWidget* parent) : View(frame, gate, new QGroupBox(parent)), frame_(frame) {}
+  FrameView(Frame& frame, Gate& gate, QWidget* parent)
+      : View(frame, gate, new TitledBox(gate.text_sizes, parent)), frame_(frame) {}
 
  protected:
   void Refresh(Change change) override {

@@ -55,11 +55,16 @@ bool PressByKey(Form& form, const Key& key) {
   return button != nullptr && button->UserPress();
 }
 
+bool ShowsControl(const QWidget& widget) {
+  const QObjectList& parts = widget.children();
+  return std::any_of(parts.begin(), parts.end(),
+                     [](const QObject* part) { return dynamic_cast<const View*>(part) != nullptr; });
+}
+
 View::View(Control& control, Gate& gate, QWidget* widget)
     : QObject(widget), control_(&control), gate_(gate), widget_(widget) {
   control.view = this;
   widget->setObjectName(ToQt(control.FullName()));
-  widget->setProperty(kShowsControl, true);
   Watch(widget);
 }
 

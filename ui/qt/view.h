@@ -16,8 +16,8 @@ namespace zentaline::ui::qt {
 // Presses the form's default button on Enter, its cancel button on Escape; false when there is none.
 bool PressByKey(Form& form, const Key& key);
 
-// The property of a widget that shows a control.
-inline constexpr char kShowsControl[] = "shows_control";
+// Whether a view shows its control by the widget itself.
+bool ShowsControl(const QWidget& widget);
 
 // Lives as long as its widget, whose child it is. After Detach it has no control any more and does nothing.
 class View : public QObject, public ControlView {

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDropEvent>
 #include <QFile>
 #include <QGuiApplication>
@@ -196,7 +197,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   const QPoint place = mouse.position().toPoint();
   for (const QWidget* child = body_->childAt(place); child != nullptr && child != body_;
        child = child->parentWidget()) {
-    if (child->property(kShowsControl).toBool() && child->isEnabled()) return false;
+    if (ShowsControl(*child) && child->isEnabled()) return false;
   }
   const bool right = mouse.button() == Qt::RightButton || (mouse.buttons() & Qt::RightButton) != 0;
   gate_.UserNow([&] {
@@ -411,7 +412,10 @@ ChildFormWindow::ChildFormWindow(Form& form, Gate& gate, const Words& words, QMd
     window_->setGeometry(found.left, found.top, found.width, found.height);
   }
   Place(place);
-  // The caption comes last: it would be shortened anew for every size that the window has been asked and given.
+  // The caption comes last, behind what the new widgets ask of their window: with each size that this is asked for and
+  // given its parts are placed anew, and the caption is shortened for each of them.
+  QCoreApplication::sendPostedEvents(body(), QEvent::LayoutRequest);
+  QCoreApplication::sendPostedEvents(window_, QEvent::LayoutRequest);
   ShowCaption();
 }
 

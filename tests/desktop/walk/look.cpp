@@ -59,7 +59,7 @@ class Looker {
            widget.objectName() == QStringLiteral("qt_scrollarea_hcontainer") ||
            widget.objectName() == QStringLiteral("qt_scrollarea_vcontainer");
   }
-  static bool IsControl(const QWidget& widget) { return widget.property(kShowsControl).toBool(); }
+  static bool IsControl(const QWidget& widget) { return ShowsControl(widget); }
   // Something that the user can do something with.
   static bool IsUsed(const QWidget& widget) {
     return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
