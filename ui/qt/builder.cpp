@@ -218,14 +218,7 @@ class Builder {
         box.addStretch(std::max(layout.stretch, 1));
         break;
       case Kind::kControl:
-        if (layout.control == nullptr) break;
-        if (QWidget* widget = MakeWidget(*layout.control)) {
-          box.addWidget(widget, stretch);
-          // A field that shares the room left over is as wide as its share, whatever it holds.
-          const bool is_field =
-              layout.control->kind() == ControlKind::kLabel && static_cast<Label*>(layout.control)->sunken;
-          if (is_field && stretch > 0) widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        }
+        if (QWidget* widget = MakeItem(layout, stretch)) box.addWidget(widget, stretch);
         break;
       case Kind::kFrame:
       case Kind::kPages:
@@ -244,6 +237,15 @@ class Builder {
         AddPlaces(box, layout, stretch);
         break;
     }
+  }
+
+  QWidget* MakeItem(const Layout& layout, int stretch) {
+    QWidget* widget = layout.control == nullptr ? nullptr : MakeWidget(*layout.control);
+    if (widget == nullptr) return nullptr;
+    // A field that shares the room left over is as wide as its share, whatever it holds.
+    const bool is_field = layout.control->kind() == ControlKind::kLabel && static_cast<Label*>(layout.control)->sunken;
+    if (is_field && stretch > 0) widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    return widget;
   }
 
   void AddPlaces(QBoxLayout& box, const Layout& layout, int stretch) {
@@ -308,9 +310,13 @@ class Builder {
       const int column = place % columns;
       ++place;
       if (child.kind == Kind::kNothing) continue;
-      auto* cell = new QVBoxLayout;
-      grid->addLayout(cell, row, column);
-      Add(*cell, child, Grows(child) ? 1 : 0);
+      if (child.kind == Kind::kControl && !child.scrolls) {
+        if (QWidget* widget = MakeItem(child, Grows(child) ? 1 : 0)) grid->addWidget(widget, row, column);
+      } else {
+        auto* cell = new QVBoxLayout;
+        grid->addLayout(cell, row, column);
+        Add(*cell, child, Grows(child) ? 1 : 0);
+      }
       grid->setColumnStretch(column, std::max(grid->columnStretch(column), child.stretch));
       wide = wide || child.stretch > 0;
       if (!Grows(child) || child.kind == Kind::kSpace || IsFlat(child)) continue;
