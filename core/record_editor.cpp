@@ -43,7 +43,10 @@ int SentOfRaw(const EditorRow& row, int raw) {
   if (row.Has(kStoresRow)) return bits;
   const int shown = field_coding::Decoded(field, raw);
   if (shown != kNotShown) return SentValue(row, shown);
-  return field.coding == FieldCoding::kBits ? bits : raw;
+  // The instrument has no sign for such a pair of bits either.
+  if (field.coding == FieldCoding::kPolarity) return SentValue(row, field_coding::kPolarityNone);
+  if (field.coding != FieldCoding::kBits) return raw;
+  return row.Has(kSendsShown) ? (bits - field.code.base) * field.code.step : bits;
 }
 
 bool Differ(const Field& field, int raw, int other) {
@@ -90,7 +93,8 @@ void RecordEditor::SetUp(EditorControl& bound) {
       bar.value_label = bound.value;
       bar.kept_value = [this, &bound]() -> std::optional<int> {
         if (kept_.empty()) return std::nullopt;
-        const int kept = ShownIn(*bound.row, RawAt(bound.field(), kept_, bound.start));
+        // Where it is shown by another number than it is stored by, the number that stores it.
+        const int kept = ShownOrNot(bound.field(), RawAt(bound.field(), kept_, bound.start));
         return kept == kNotShown ? std::nullopt : std::optional(kept);
       };
       for (ui::Label* label : {bound.name, bound.value}) {
@@ -147,7 +151,10 @@ void RecordEditor::Fill() {
 
 void RecordEditor::Show(EditorControl& bound, const Bytes& record, bool raises) {
   const int shown = ShownIn(*bound.row, RawAt(bound.field(), record, bound.start));
-  if (shown == kNotShown) return;
+  if (shown == kNotShown) {
+    bound.shown = Shown(bound);
+    return;
+  }
   switch (bound.control->kind()) {
     case ui::ControlKind::kScrollBar: {
       auto& bar = static_cast<ui::ScrollBar&>(*bound.control);

@@ -141,10 +141,18 @@ constexpr int kPolarityMinus = 0;
 constexpr int kPolarityNone = 1;
 constexpr int kPolarityPlus = 2;
 
-// Both bits set is "-", the low one "+", anything else "0".
+// Both bits set is "-", both clear "0", the low one "+"; the high one alone is none of these.
 constexpr int PolarityOf(int bits) {
-  if ((bits & 1) == 0) return kPolarityNone;
-  return (bits & kPairMask) == kPairMask ? kPolarityMinus : kPolarityPlus;
+  switch (bits & kPairMask) {
+    case kPairMask:
+      return kPolarityMinus;
+    case 1:
+      return kPolarityPlus;
+    case 0:
+      return kPolarityNone;
+    default:
+      return kNotShown;
+  }
 }
 constexpr int PolarityBits(int shown) {
   if (shown == kPolarityNone) return 0;

@@ -303,5 +303,18 @@ TEST(EditorArming, OnlyTheNameCanBeTyped) {
   EXPECT_FALSE(desk.Type("Text1(3)", "x"));
 }
 
+// The bar ends at 40; the instrument gets what the record holds, as it counts: 5 stands for 35.
+TEST(EditorTempo, BelowTheBarGoesBackAsTheRecordHasIt) {
+  std::string record = EmptyRecord();
+  record[21] = 5;
+  EditorDesk desk({record});
+  desk.Move("VScroll1(0)", 100);
+  EXPECT_EQ(desk.Params(), Strings{"00 64 00"});
+  ASSERT_TRUE(desk.Press("mnuAnnulla"));
+  EXPECT_EQ(desk.Params(), Strings{"00 23 00"});
+  EXPECT_EQ(desk.Record(21), 5);
+  EXPECT_EQ(desk.Shows("VScroll1(0)"), 40);
+}
+
 }  // namespace
 }  // namespace zentaline::test

@@ -429,5 +429,26 @@ TEST(PrgEditorHostile, APortThatFailsLosesNothingOfTheRecord) {
   EXPECT_EQ(desk.program.Boxes().size(), 1U);
 }
 
+TEST(PrgEditorQuirks, AListThatShowedNothingShowsNothingAgainAfterAStepBack) {
+  PrgEditorDesk desk({With(171, 99)});
+  ASSERT_EQ(desk.Shows("EffCombo(3)"), -1);
+  desk.Move("EffCombo(3)", 2);
+  ASSERT_TRUE(desk.Press("mnuAnnulla"));
+  EXPECT_EQ(desk.Byte(171), 99);
+  EXPECT_EQ(desk.Shows("EffCombo(3)"), -1);
+}
+
+// The high bit of a pair alone is none of its three rows: the list stays as it was.
+TEST(PrgEditorQuirks, APolarityWithItsHighBitAloneLeavesItsListAsItWas) {
+  PrgEditorDesk desk({With(87, 0x11)});
+  ASSERT_EQ(desk.Shows("OscCombo(5)"), 0);
+  desk.TakeUp(With(87, 0x10));
+  EXPECT_EQ(desk.Shows("OscCombo(5)"), 0);
+  desk.Params();
+  desk.Move("OscCombo(5)", 1);
+  EXPECT_EQ(desk.Byte(87), 0);
+  EXPECT_EQ(desk.Params().size(), 2u) << "the oscillator, and the value";
+}
+
 }  // namespace
 }  // namespace zentaline::test

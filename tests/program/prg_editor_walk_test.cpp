@@ -108,8 +108,16 @@ std::optional<int> Shown(const Named& control, const std::string& record) {
       return RowUpTo(byte(94 + start) & 15, 2);
     default: {
       const int pair = byte(87 + (index - 5) / 4 + start) >> ((index - 5) % 4);
-      if ((pair & 1) == 0) return 1;
-      return (pair & 0x10) != 0 ? 0 : 2;
+      switch (pair & 0x11) {
+        case 0x11:
+          return 0;
+        case 0x00:
+          return 1;
+        case 0x01:
+          return 2;
+        default:
+          return std::nullopt;  // the high bit alone has no row
+      }
     }
   }
 }

@@ -107,11 +107,18 @@ TEST(Field, APolarityReadsMinusZeroAndPlus) {
   EXPECT_EQ(ShownOf(Polarity(0), 0x00), 1);
   EXPECT_EQ(ShownOf(Polarity(0), 0x11), 0);
   EXPECT_EQ(ShownOf(Polarity(0), 0x01), 2);
-  EXPECT_EQ(ShownOf(Polarity(0), 0x10), 1);
+  EXPECT_EQ(ShownOf(Polarity(0), 0xEE), 1);
   EXPECT_EQ(ShownOf(Polarity(3), 0x88), 0);
   EXPECT_EQ(ShownOf(Polarity(3), 0x08), 2);
   EXPECT_EQ(ShownOf(Polarity(2), 0x44), 0);
   EXPECT_EQ(ShownOf(Polarity(1), 0x02), 2);
+}
+
+TEST(Field, ThePairOfAPolarityWithItsHighBitAloneHasNoRow) {
+  EXPECT_EQ(ShownOf(Polarity(0), 0x10), std::nullopt);
+  EXPECT_EQ(ShownOf(Polarity(0), 0xFE), std::nullopt);
+  EXPECT_EQ(ShownOf(Polarity(2), 0x40), std::nullopt);
+  EXPECT_EQ(ShownOf(Polarity(3), 0x80), std::nullopt);
 }
 
 TEST(Field, APolarityIsWrittenWithoutTouchingTheOthers) {
