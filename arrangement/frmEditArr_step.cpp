@@ -133,7 +133,8 @@ void TakeOverArrRecord(Application& app, const ChildWindow& source, const EditSt
   Bytes taken = !step.back && behind != editor->records_behind.end()
                     ? behind->second
                     : PrepareEditRecord(source.window_image(), ByteAt(record, arr_edit::kIndex), StyleName);
-  if (record != taken) editor->TakeOver(std::move(taken));
+  // A row that has been emptied is no record to show: the editor keeps what it had, as at a cut.
+  if (record != taken && ByteAt(taken, arr_edit::kRecord) != 0) editor->TakeOver(std::move(taken));
 }
 
 }  // namespace zentaline

@@ -70,6 +70,7 @@ void frmEditPrg::Load() {
   app().program.EditOsc = 1;
   app().program.PrgEditorOpen = true;
   app().prg_editor = this;
+  on_context = [this] { PopupEditMenu(); };
   ShowOscillator(app(), 1);
   Fill();
 }
@@ -219,6 +220,9 @@ void frmEditPrg::ChoosePlacement() {
 
 void frmEditPrg::ShowStep(const EditStep& step) {
   const auto& shown = step.action.shown;
+  // What another window has changed, or this one before it was opened anew, shows the record.
+  std::vector<EditorControl*> touched = rows_.Changed(step.action, step.record_before);
+  for (EditorControl* control : touched) rows_.Show(*control);
   // Other rows for the pans come before what they showed.
   const bool placed =
       std::any_of(shown.begin(), shown.end(), [&](const auto& each) { return each.control == &EffCombo[4]; });
@@ -239,18 +243,20 @@ void frmEditPrg::ShowStep(const EditStep& step) {
     const std::size_t position = kSoundPositions[oscillator];
     if (WordLowFirst(record(), position) != WordLowFirst(step.record_before, position)) ShowSound(oscillator);
   }
-  ShowAround(step);
+  for (const EditShown& each : shown) {
+    EditorControl* bound = rows_.Of(*each.control);
+    if (bound != nullptr && std::find(touched.begin(), touched.end(), bound) == touched.end()) touched.push_back(bound);
+  }
+  ShowAround(step, touched);
 }
 
 // Pictures and what else follows the controls.
-void frmEditPrg::ShowAround(const EditStep& step) {
+void frmEditPrg::ShowAround(const EditStep& step, const std::vector<EditorControl*>& touched) {
   bool of_effects = false;
-  for (const EditShown& each : step.action.shown) {
-    const EditorControl* bound = rows_.Of(*each.control);
-    if (bound == nullptr) continue;
+  for (const EditorControl* bound : touched) {
     ShowPictureOf(*bound->row, bound->block);
     of_effects |= bound->row->array >= kEffCombo;
-    if (each.control == &BasCombo[2]) ShowSilence();
+    if (bound->control == &BasCombo[2]) ShowSilence();
   }
   if (of_effects) {
     ShowEffects();

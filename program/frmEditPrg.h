@@ -72,7 +72,7 @@ class frmEditPrg : public ChildWindow, private RecordEditorHost {
   FormState* FormPlace() override;
 
  private:
-  void ShowAround(const EditStep& step);
+  void ShowAround(const EditStep& step, const std::vector<EditorControl*>& touched);
   // Making, in frmEditPrg_make.cpp.
   void MakeRows();
   void MakePictures();

@@ -225,7 +225,8 @@ void TakeOverProgram(Application& app, const ChildWindow& bank, const EditStep& 
     const auto behind = editor->records_behind.find(step.action.number);
     if (behind != editor->records_behind.end()) taken = behind->second;
   }
-  if (before == taken) return;
+  // A row that has been emptied is no record to show: the editors keep what they had, as at a cut.
+  if (before == taken || ByteAt(taken, rec::kName) == 0) return;
   app.edits.TakeOver(kPrgRecordUnderEdit, std::move(taken));
   TakePerfBase(app);
   RefreshPerf(app);
