@@ -28,6 +28,7 @@ constexpr char kHead = 'H';
 constexpr char kWindow = 'W';
 constexpr char kRecord = 'R';
 constexpr char kClosed = 'X';
+constexpr char kDeclined = 'N';
 
 constexpr int kQuickly = 1;  // zlib's level
 
@@ -294,6 +295,8 @@ class Replay {
         if (in.Done()) content_.windows.erase(window);
         return in.Done();
       }
+      case kDeclined:
+        return in.Done();
       case static_cast<char>(JournalStep::kDone):
       case static_cast<char>(JournalStep::kTakenBack):
       case static_cast<char>(JournalStep::kBroughtForth): {
@@ -475,6 +478,10 @@ Bytes JournalClosed(std::uint32_t window) {
   Out out(kClosed);
   out.Number(window, 4);
   return out.Done();
+}
+
+Bytes JournalDeclined() {
+  return Out(kDeclined).Done();
 }
 
 std::optional<JournalContent> ReadJournal(std::string_view file) {

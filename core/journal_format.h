@@ -108,6 +108,8 @@ enum class JournalStep : char { kDone = 'A', kTakenBack = 'B', kBroughtForth = '
 Bytes JournalBytes(JournalStep step, const JournalAction& action);
 Bytes JournalBytes(JournalStep step, const JournalActionView& action);
 Bytes JournalClosed(std::uint32_t window);
+// The last record of all: nobody wants what the journal holds.
+Bytes JournalDeclined();
 
 // --- Reading ---
 

@@ -69,6 +69,7 @@ std::vector<Lost> LostIn(const JournalContent& content) {
       with.base.image = lost.image;
       JournalAction action = NetAction(with, 0);
       action.what = "Kept";
+      action.name = Utf8FromBytes(TrimRight(Slice(record.bytes, 1, kArrNameLength)));
       lost.image = std::move(with.image);
       lost.actions.push_back(std::move(action));
       kept = true;
@@ -90,6 +91,7 @@ bool IsSaved(Application& app, const Lost& lost) {
 
 std::string RecoveredPath(const Application& app, const JournalWindow& base) {
   const std::string end(MoreTextOf(MoreText::kRecovered, app.Language()));
+  if (base.path.ends_with(end)) return base.path;
   std::string path = base.path + end;
   if (CanKeep(path)) return path;
   return JoinPath(app.core.Directory, CutText(FileBaseName(base.path), kPathLength / 3) + end);
@@ -144,6 +146,14 @@ bool Rebuild(Application& app, const Lost& lost) {
   return true;
 }
 
+// Nobody wants it; it is kept until the regular end of the next run all the same.
+void Decline(GrowingFile& file) {
+  std::string kept;
+  if (file.Append(JournalDeclined()) == DiskResult::kOk) file.Flush();
+  file.PutAway(kept);
+}
+
+// It stays, since it holds what is nowhere else.
 void PutAway(Application& app, GrowingFile& file, bool tells) {
   std::string kept;
   if (file.PutAway(kept) != DiskResult::kOk) kept = file.path();
@@ -169,22 +179,24 @@ std::size_t ChangesIn(const std::vector<Lost>& all) {
   return numbers.size() + others;
 }
 
-void Offer(Application& app, GrowingFile& file, const JournalContent& content) {
+// `whole`: nothing stands behind what could be read.
+void Offer(Application& app, GrowingFile& file, const JournalContent& content, bool whole) {
   std::vector<Lost> all = LostIn(content);
   std::erase_if(all, [&](const Lost& lost) { return IsSaved(app, lost); });
   if (all.empty()) {
+    if (!whole) return Decline(file);
     file.Discard();
     return;
   }
   const std::string question = TwoNames(MoreTextOf(MoreText::kRecoverQuestion, app.Language()),
                                         std::to_string(ChangesIn(all)), std::to_string(all.size()));
-  if (AskYesNo(app, 0, question, kProgramName) != ui::BoxAnswer::kYes) return PutAway(app, file, false);
-  const bool whole = BringBack(app, all, [&app](const Lost& lost) { return Rebuild(app, lost); });
+  if (AskYesNo(app, 0, question, kProgramName) != ui::BoxAnswer::kYes) return Decline(file);
+  const bool brought = BringBack(app, all, [&app](const Lost& lost) { return Rebuild(app, lost); });
   // What this run holds on the disk isn't needed twice.
-  if (whole && app.journal->Flush()) {
+  if (brought && app.journal->Flush()) {
     file.Discard();
   } else {
-    PutAway(app, file, !whole);
+    PutAway(app, file, !brought);
   }
 }
 
@@ -200,14 +212,19 @@ std::vector<std::string> Names(Application& app, const std::string& ending) {
 void OfferJournals(Application& app) {
   if (app.journal == nullptr) return;
   for (std::string& name : Names(app, {})) {
-    if (name.find(kPutAway) != std::string::npos) app.journal->NoteOld(JoinPath(app.core.Directory, name));
+    if (name.find(kPutAway) == std::string::npos) continue;
+    const std::string path = JoinPath(app.core.Directory, name);
+    Bytes bytes;
+    const bool read = app.disk.Read(path, bytes, kLargestJournal) == DiskResult::kOk;
+    if (read && bytes.ends_with(JournalDeclined())) app.journal->NoteOld(path);
   }
   for (const std::string& name : Names(app, kJournalEnd)) {
     Bytes bytes;
     std::unique_ptr<GrowingFile> file;
     const std::string path = JoinPath(app.core.Directory, name);
     if (app.disk.TakeGrowing(path, bytes, kLargestJournal, file) != DiskResult::kOk) continue;
-    if (const std::optional<JournalContent> content = ReadJournal(bytes)) Offer(app, *file, *content);
+    const std::optional<JournalContent> content = ReadJournal(bytes);
+    if (content) Offer(app, *file, *content, content->read == bytes.size());
   }
 }
 

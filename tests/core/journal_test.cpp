@@ -143,6 +143,30 @@ TEST_F(Journals, NoKeepsItUntilTheRegularEndOfALaterRun) {
   EXPECT_THAT(Journals_(), IsEmpty());
 }
 
+// Nothing can be told of what stands behind a damaged record, but somebody may want it all the same.
+TEST_F(Journals, OneOfWhichNothingCanBeReadIsKeptUntilTheRegularEndOfALaterRun) {
+  {
+    auto program = Run();
+    program->OpenArr(Path("song.arr"));
+    Rename(*program, 0, 'X');
+    Rename(*program, 1, 'Y');
+  }
+  const std::string name = Journals_().at(0);
+  Bytes content = folder.Get(name);
+  content[100] = static_cast<char>(content[100] ^ 1);  // in the first record, behind the head
+  folder.Put(name, content);
+  {
+    auto next = Run();
+    EXPECT_THAT(next->Boxes(), IsEmpty());
+    EXPECT_THAT(Journals_(), ElementsAre(name + ".old"));
+    EXPECT_TRUE(folder.Get(name + ".old").starts_with(content));
+    EXPECT_TRUE(next->Quit());
+  }
+  EXPECT_THAT(Journals_(), ElementsAre(name + ".old"));
+  EXPECT_TRUE(Run()->Quit());
+  EXPECT_THAT(Journals_(), IsEmpty());
+}
+
 TEST_F(Journals, AFileThatIsAnotherNowStaysAndTheContentOfThenComesInAWindowOfItsOwn) {
   {
     auto program = Run();

@@ -241,6 +241,23 @@ TEST_F(FullHouse, WhatFindsNoWindowStaysInTheJournalWhichIsRenamedAndTold) {
   }
 }
 
+TEST_F(FullHouse, WhatFoundNoWindowStaysBeyondTheEndsOfLaterRuns) {
+  KillWithAllWindowsOpen();
+  const std::string journal = TheJournal();
+  const Bytes content = folder.Get(journal);
+  {
+    auto next = Run({ui::BoxAnswer::kYes});
+    ASSERT_TRUE(next->Quit());
+  }
+  for (int run = 0; run < 2; ++run) {
+    auto later = Run();
+    EXPECT_THAT(later->Boxes(), IsEmpty()) << "it is not offered again";
+    ASSERT_TRUE(later->Quit());
+    ASSERT_THAT(Journals_(), ElementsAre(journal + ".old")) << run;
+    EXPECT_TRUE(Holds(journal + ".old", content));
+  }
+}
+
 TEST_F(FullHouse, WhatHasAWindowComesBackAllTheSame) {
   KillWithAllWindowsOpen(2);
   const std::string journal = TheJournal();
