@@ -45,17 +45,18 @@ void FileSet::Fail(Application& app, const std::string& path, DiskResult result)
   FileErrorMessage(app, result);
 }
 
-bool FileSet::KeepOther(Application& app, const std::string& path) {
+bool FileSet::KeepOther(Application& app, const std::string& path, bool unknown) {
   const auto known = app.core.KnownFiles.find(path);
+  const bool is_known = known != app.core.KnownFiles.end();
   FileMark now;
-  if (known == app.core.KnownFiles.end() || disk_.Look(path, now) != DiskResult::kOk) return true;
-  if (!now.there || now == known->second) return true;
+  if ((!is_known && !unknown) || disk_.Look(path, now) != DiskResult::kOk) return true;
+  if (!now.there || now.length == 0 || (is_known && now == known->second)) return true;
   std::string kept;
   const DiskResult result = disk_.KeepAside(path, kept);
   if (result == DiskResult::kOk) {
     ShowNotice(app, TwoNames(MoreTextOf(MoreText::kChangedElsewhere, app.Language()), ShownPath(FileBaseName(path)),
                              ShownPath(FileBaseName(kept))));
-    known->second = now;
+    app.core.KnownFiles[path] = now;
   } else if (result != DiskResult::kAbsent) {
     Fail(app, path, result);
     return false;
@@ -65,10 +66,11 @@ bool FileSet::KeepOther(Application& app, const std::string& path) {
 
 bool FileSet::KeepOthers(Application& app) {
   for (const File& file : writes_) {
-    if (!KeepOther(app, file.path)) return false;
+    if (!KeepOther(app, file.path, false)) return false;
   }
+  // What goes unasked is kept also where the program has never looked into it.
   for (const FileToRemove& file : removals_) {
-    if (!file.set_aside && !KeepOther(app, file.path)) return false;
+    if (!file.set_aside && !KeepOther(app, file.path, !replaces_links_)) return false;
   }
   return true;
 }

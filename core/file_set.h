@@ -55,7 +55,8 @@ class FileSet {
   };
 
   bool KeepOthers(Application& app);
-  bool KeepOther(Application& app, const std::string& path);
+  // What somebody else has put there; `unknown`: also what the program has never read or written.
+  bool KeepOther(Application& app, const std::string& path, bool unknown);
   std::string PathOf(std::size_t file) const;
   bool HoldsNew(const File& file) const;
   void Fail(Application& app, const std::string& path, DiskResult result) const;

@@ -90,8 +90,15 @@ bool HasPrograms(const FileSaving& saving, const Bytes& image) {
   return saving.has_parts && ByteAt(image, kPrgAttachedPosition) == 1;
 }
 
+// An empty file counts as absent.
+bool Stands(Application& app, const std::string& path) {
+  FileMark mark;
+  const DiskResult result = app.disk.Look(PathOnDisk(app.disk, path), mark);
+  return result != DiskResult::kOk ? app.disk.Exists(PathOnDisk(app.disk, path)) : mark.there && mark.length > 0;
+}
+
 bool ProgramsStand(Application& app, const std::string& base) {
-  return app.disk.Exists(PathOnDisk(app.disk, base + ".prg")) || app.disk.Exists(PathOnDisk(app.disk, base + ".pgg"));
+  return Stands(app, base + ".prg") || Stands(app, base + ".pgg");
 }
 
 // The programs of arrangements go under the new name too, unless others stand there already.
@@ -100,6 +107,7 @@ void PutPrograms(Application& app, const FileSaving& saving, const Bytes& image,
   if (!HasPrograms(saving, image) || ProgramsStand(app, base)) return;
   const bool pgg = ByteAt(image, kPggPosition) == 1;
   set.WriteBeside(base + (pgg ? ".pgg" : ".prg"), Slice(image, kArrImageProgramPosition, kPrgFileLength));
+  set.Remove(base + (pgg ? ".prg" : ".pgg"));  // an empty one
 }
 
 // Programs that stood under the new name already are the window's from now on, as if it had been opened there.

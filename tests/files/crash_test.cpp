@@ -240,7 +240,7 @@ std::vector<Kind> Kinds() {
          program.Press(mnuSalvaAs);
        }},
       {"programs",
-       {{"bank.prg", {bank, new_bank}}, {"bank.pgg", {"", "other"}}},
+       {{"bank.prg", {bank, new_bank}}, {"bank.pgg", {"", "other"}}, {"bank.pgg.bak", {"", "other"}}},
        {{"bank.prg", bank}, {"bank.pgg", "other"}},
        [](TestProgram& program, const ScratchFolder& folder) {
          Open(program, mnuApriPrg, folder.Path("bank.prg"), 3);

@@ -229,6 +229,41 @@ TEST_F(SavingASet, ProgramsThatStandUnderTheNewNameAreTakenUp) {
   EXPECT_EQ(ByteAt(Image(), 19), 1);
 }
 
+// An empty file counts as none.
+TEST_F(SavingASet, AnEmptyProgramFileUnderTheNewNameGivesWay) {
+  for (const char* empty : {"new.prg", "new.pgg"}) {
+    folder.Put("song.arr", ArrFile());
+    folder.Put("song.prg", Bank('\x11'));
+    folder.Put(empty, "");
+    Open("song");
+    Change();
+    AnswerSave(Path("new.arr"));
+    program.Press(mnuSalvaAs);
+    EXPECT_TRUE(program.Boxes().empty());
+    EXPECT_EQ(folder.Get("new.prg"), Bank('\x11')) << empty;
+    EXPECT_FALSE(There("new.pgg"));
+    EXPECT_EQ(ByteAt(Image(), 6), 1);
+    program.Press(mnuChiudi);
+    fs::remove(Path("new.prg"));
+  }
+}
+
+// One name never stands in both formats; what goes for that is somebody's all the same.
+TEST_F(SavingASet, ABankOfTheOtherFormatThatWasNeverReadIsKeptBeforeItGoes) {
+  folder.Put("bank.prg", Bank('\x11'));
+  program.toolkit.files.push_back({false, Path("bank.prg"), 3, false});
+  ASSERT_TRUE(program.Press(mnuApriPrg));
+  folder.Put("bank.pgg", Bank('\x22', "KPGG"));
+  ChildWindow& window = *program.app.prg_windows[1];
+  PutByte(ImageFor(window), 7, 1);
+  program.app.main->RefreshMenus();
+  program.toolkit.lines.clear();
+  ASSERT_TRUE(program.Press(mnuSalva));
+  EXPECT_FALSE(There("bank.pgg"));
+  EXPECT_EQ(folder.Get("bank.pgg.bak"), Bank('\x22', "KPGG"));
+  EXPECT_FALSE(Waits().empty()) << "it is told";
+}
+
 TEST_F(SavingASet, ProgramsUnderTheNewNameThatCannotBeReadLeaveTheButtonsOff) {
   folder.Put("song.arr", ArrFile());
   folder.Put("song.prg", Bank('\x11'));
