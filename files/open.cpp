@@ -47,7 +47,7 @@ void OpenSiblingPrograms(Application& app, ChildWindow& arrangements, const std:
   const bool exists = app.disk.Exists(base + ".prg") || app.disk.Exists(base + ".pgg");
   if (!exists || WindowOf(app, *FileKindOf(kKindPrg), base) != nullptr) return;
   ShowProgramFile(app, base, read_only);
-  app.toolkit.Activate(arrangements);
+  app.toolkit.BringForward(arrangements);
 }
 
 // What the buffer holds gets its window, and its place among the recent files.
@@ -181,7 +181,7 @@ void InstrumentTakes(Application& app, int kind, const std::string& path, bool p
   if (window == nullptr) return;
   ui::Form* front = app.toolkit.active_child();
   OpenInstrumentFile(app, kind);
-  if (front != nullptr) app.toolkit.Activate(*front);
+  if (front != nullptr) app.toolkit.BringForward(*front);
 }
 
 void ReopenWindow(Application& app, int kind, int entry) {

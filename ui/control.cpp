@@ -138,7 +138,7 @@ UserEvent::UserEvent(Control& control, Moves) : UserEvent(control.form(), &contr
 UserEvent::UserEvent(Form& form, const Control* control) : toolkit_(form.toolkit()) {
   toolkit_.EnterEvent();
   toolkit_.NoteUser(control);
-  if (form.kind() == FormKind::kChild && toolkit_.active_child() != &form) toolkit_.Activate(form);
+  if (form.kind() == FormKind::kChild && toolkit_.active_child() != &form) toolkit_.BringForward(form);
 }
 
 UserEvent::UserEvent(Toolkit& toolkit) : toolkit_(toolkit) {

@@ -251,9 +251,11 @@ void ScrollBar::DefaultKey(const Key& key) {
   int value = value_;
   switch (key.name) {
     case Key::kUp:
+    case Key::kLeft:
       value -= forward * step_;
       break;
     case Key::kDown:
+    case Key::kRight:
       value += forward * step_;
       break;
     case Key::kPageUp:
@@ -362,6 +364,11 @@ bool Tabs::UserSet(int page) {
   const UserEvent event(form());
   SetPage(page);
   return true;
+}
+
+void Tabs::DefaultKey(const Key& key) {
+  if (key.name == Key::kLeft) UserSet(page_ - 1);
+  if (key.name == Key::kRight) UserSet(page_ + 1);
 }
 
 Timer::~Timer() {

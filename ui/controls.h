@@ -281,6 +281,8 @@ class Tabs : public Control {
   void ShowPage(int page);  // raises nothing
   Handler on_change;
   bool UserSet(int page);
+  // Left and Right turn the pages.
+  void DefaultKey(const Key& key) override;
 
  private:
   int page_ = 0;

@@ -19,7 +19,7 @@ const std::string kNoText;
 
 // Keys in a list count together while no pause is longer, in milliseconds.
 constexpr std::int64_t kLongestTypingPause = 1000;
-constexpr std::size_t kNumberDigits = 2;  // of a row, as the instrument's panel shows it
+constexpr std::size_t kNumberDigits = 2;  // of most rows, as the instrument's panel shows them
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kMarks = "+* ";
@@ -196,16 +196,17 @@ bool ListBox::TypedLately() const {
   return form().toolkit().Now() - typed_at_ <= kLongestTypingPause;
 }
 
-// Digits are a number as long as there is nothing else; it is complete with its second one.
+// Digits are a number as long as there is nothing else; it is complete when no row has a longer one.
 void ListBox::TypeKey(const std::string& character) {
   if (!TypedLately()) typed_.clear();
   typed_at_ = form().toolkit().Now();
   const bool first = typed_.empty();
   typed_ += character;
   if (IsNumber(typed_)) {
-    if (typed_.size() < kNumberDigits) return;
+    const auto size_of = [](const std::string& text) { return NumberIn(text).size(); };
     const int row = FindRow(0, [&](const std::string& text) { return NumberIn(text) == typed_; });
-    typed_.clear();
+    const bool goes_on = FindRow(0, [&](const std::string& text) { return size_of(text) > typed_.size(); }) >= 0;
+    if (typed_.size() >= kNumberDigits && !goes_on) typed_.clear();
     if (row >= 0) UserSelect({row});
     return;
   }

@@ -17,7 +17,7 @@ Form& Toolkit::Open(std::unique_ptr<Form> form) {
   if (opened.kind() == FormKind::kModal) modals_.push_back(&opened);
   opened.Load();
   ShowForm(opened);
-  if (opened.kind() == FormKind::kChild) Activate(opened);
+  if (opened.kind() == FormKind::kChild) BringForward(opened);
   LeaveEvent();
   return opened;
 }
@@ -29,6 +29,15 @@ Form& Toolkit::OpenModal(std::unique_ptr<Form> form) {
 }
 
 void Toolkit::Activate(Form& form) {
+  Placement place = form.placement();
+  if (form.kind() == FormKind::kChild && form.open() && place.state == WindowState::kMinimised) {
+    place.state = WindowState::kNormal;
+    form.SetPlacement(place);
+  }
+  BringForward(form);
+}
+
+void Toolkit::BringForward(Form& form) {
   if (form.kind() != FormKind::kChild || !form.open() || active_child() == &form) return;
   if (const Form* before = active_child(); before != nullptr && before->focus() != nullptr)
     before->focus()->FocusLeft();

@@ -33,7 +33,9 @@ class Toolkit {
   Form& Open(std::unique_ptr<Form> form);
   // The same, and returns when the form has been closed; it is still alive while the event lasts.
   Form& OpenModal(std::unique_ptr<Form> form);
+  // Brings the child window to the front, a minimised one at its size; BringForward leaves it minimised.
   void Activate(Form& form);
+  void BringForward(Form& form);
 
   // The open forms in the order of opening, and the child window in front (null when there is none).
   std::vector<Form*> forms() const;

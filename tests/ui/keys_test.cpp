@@ -92,6 +92,19 @@ TEST_F(Keys, TwoDigitsGoToTheRowOfThatNumber) {
   EXPECT_EQ(window.List.Row(), 5) << "there is none";
 }
 
+TEST_F(Keys, NumbersOfOneAndOfThreeDigitsAreReachedToo) {
+  window.List.SetRows({"4 Beguine", "12 Waltz", "120 Polka", "7 Tango"});
+  Type(window.List, "7");
+  EXPECT_EQ(window.List.Row(), 3);
+  toolkit.Advance(1001);
+  Type(window.List, "12");
+  EXPECT_EQ(window.List.Row(), 1);
+  Type(window.List, "0");
+  EXPECT_EQ(window.List.Row(), 2);
+  Type(window.List, "4");
+  EXPECT_EQ(window.List.Row(), 0) << "the longest number was complete";
+}
+
 TEST_F(Keys, ADigitThatStandsAloneForASecondIsForgotten) {
   Type(window.List, "1");
   toolkit.Advance(1001);
