@@ -273,9 +273,10 @@ bool AskLanguage(Application& app) {
 void ReadMultisamples(Application& app) {
   Bytes file;
   app.core.OperationTitle = GetText(app, kTextOpening) + "i40Multisample";
-  const DiskResult result = app.disk.Read(app.core.MultisampleFile, file, kMultisampleCount * kMultisampleLength);
+  const DiskResult result = app.disk.Read(app.core.MultisampleFile, file, kLargestDataFile);
   if (result == DiskResult::kOk) {
-    app.core.MultisampleImage = std::move(file);
+    // Of a longer one the first records are the list.
+    app.core.MultisampleImage = file.substr(0, kMultisampleCount * kMultisampleLength);
   } else if (result != DiskResult::kAbsent) {
     FileErrorMessage(app, result);
   }

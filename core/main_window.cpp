@@ -30,11 +30,11 @@ MainWindow::MainWindow(Application& app)
   for (ui::Label* label : {&LabelNomeAppl, &Label1, &LabelMode, &LabelArr, &LabelSty, &LabelPrg, &LabelPort}) {
     label->sunken = label->literal = true;
   }
-  // In the least window each of them still shows something.
-  Label1.least_characters = {6, 1};
-  LabelArr.least_characters = LabelSty.least_characters = LabelPrg.least_characters = {4, 1};
-  LabelPort.least_characters = {9, 1};
-  LabelMode.least_characters = {10, 1};
+  // In the least window each of them still shows something, and that there is no output is told whole.
+  Label1.least_characters = {4, 1};
+  LabelArr.least_characters = LabelSty.least_characters = LabelPrg.least_characters = {3, 1};
+  LabelPort.least_characters = {15, 1};
+  LabelMode.least_characters = {9, 1};
   LabelPort.on_mouse = [this](const ui::MouseEvent& event) {
     if (event.what == ui::MouseEvent::kUp && !event.right) PopupOutputs();
   };

@@ -32,7 +32,9 @@ Welcome::Welcome(MainWindow& main, Application& app)
   CommWelcomeOutput.least_characters = {kCommandWidth, 1};
   CommWelcomeOutput.on_click = [this] { main_.PopupOutputs(); };
   CommWelcomeOpen.on_click = [this] { main_.Menu(MenuId::mnuApriArr).Press(); };
-  CommWelcomeExample.on_click = [this] { OpenPath(app_, Example()); };
+  CommWelcomeExample.on_click = [this] {
+    if (const std::string path = Example(); !path.empty()) OpenPath(app_, path);
+  };
   CommWelcomeGuide.on_click = [this] { main_.Menu(MenuId::mnuGuida).Press(); };
   for (int i = 0; i < kRecentFiles; ++i) {
     CommWelcomeRecent[i].literal = true;
@@ -83,14 +85,11 @@ void Welcome::ShowRecentFiles() {
   LabelWelcomeRecent.SetVisible(shown_ && any);
 }
 
-const std::string& Welcome::Example() {
-  if (!example_) {
-    const std::string folder = app_.core.Directory + "/" + kExamples;
-    std::vector<std::string> names;
-    const bool found = app_.disk.List(folder, ".arr", names) == DiskResult::kOk && !names.empty();
-    example_ = found ? folder + "/" + names.front() : std::string();
-  }
-  return *example_;
+std::string Welcome::Example() const {
+  const std::string folder = app_.core.Directory + "/" + kExamples;
+  std::vector<std::string> names;
+  const bool found = app_.disk.List(folder, ".arr", names) == DiskResult::kOk && !names.empty();
+  return found ? folder + "/" + names.front() : std::string();
 }
 
 }  // namespace zentaline

@@ -1,7 +1,6 @@
 // What the main window's free area shows while no other window is open: where the notes go, and what to begin with.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "core/state.h"
@@ -26,11 +25,10 @@ class Welcome {
 
  private:
   // The arrangement file in examples/ that is shown first; empty when there is none.
-  const std::string& Example();
+  std::string Example() const;
 
   MainWindow& main_;
   Application& app_;
-  std::optional<std::string> example_;  // none: not looked for yet
   bool shown_ = false;
 
   ui::Frame FrameWelcome;

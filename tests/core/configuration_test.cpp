@@ -484,6 +484,15 @@ TEST_F(Configuration, AMultisampleListIsTakenWholeAndItsAbsenceIsSilent) {
   EXPECT_EQ(program.app.core.MultisampleImage, std::string(7785, 'm'));
 }
 
+TEST_F(Configuration, OfALongerMultisampleListTheFirstRecordsAreTaken) {
+  folder.Put(kIni, ConfigFile::English().bytes);
+  folder.Put("i40Multisample", std::string(7785, 'm') + "and more");
+  TestProgram program(folder);
+  ASSERT_TRUE(program.Start());
+  EXPECT_TRUE(program.Boxes().empty());
+  EXPECT_EQ(program.app.core.MultisampleImage, std::string(7785, 'm'));
+}
+
 // --- Damage ---
 
 // A configuration in which every table has something that damage can hit.
