@@ -101,6 +101,12 @@ ChildWindow* FollowStyles(Application& app, ChildWindow& window, const EditActio
 void ShowFollowed(Application& app, ChildWindow& window) {
   const int changed = StylesAreInFile(app, window) ? 0 : 1;
   app.edits.Prepare(window, [changed](Bytes& image) { PutByte(image, kStyChangedPosition, changed); });
+  if (changed == 0) {
+    // Unless something else keeps it marked until it is saved.
+    EditAction of_window;
+    of_window.window = &window;
+    app.edits.SetTrueMarks(of_window);
+  }
   window.ShowItems({.styles = true});
 }
 

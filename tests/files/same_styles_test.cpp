@@ -367,6 +367,24 @@ TEST_F(SameStylesTest, ACutMarksTheStylesAgainWhenItIsBroughtForth) {
   EXPECT_EQ(desk.program.Arr(1)->window_image(), arrangements);
 }
 
+// Arrangements whose styles another window has saved stay marked until they are saved themselves, wherever steps lead.
+TEST_F(SameStylesTest, ArrangementsStayMarkedThroughStepsOverASaveOfTheirStyles) {
+  desk.OpenSty("Song.sty");
+  desk.SelectRows("frmStyUN(1)", {1});
+  ASSERT_TRUE(desk.Press("mnuTaglia"));
+  desk.Open("Song.arr");
+  ASSERT_EQ(Mark(desk.program.Arr(1), 10), 1);
+  desk.SelectRows("frmStyUN(1)", {0});
+  ASSERT_TRUE(desk.Press("mnuSalva"));
+  ASSERT_EQ(Mark(desk.Sty(1), 10), 0);
+  ASSERT_EQ(Mark(desk.program.Arr(1), 10), 1);
+  ASSERT_TRUE(desk.Press("mnuAnnulla"));
+  EXPECT_EQ(Mark(desk.program.Arr(1), 10), 1);
+  ASSERT_TRUE(desk.Press("mnuRipeti"));
+  EXPECT_EQ(Mark(desk.Sty(1), 10), 0);
+  EXPECT_EQ(Mark(desk.program.Arr(1), 10), 1);
+}
+
 // --- Save As ---
 
 TEST_F(SameStylesTest, ArrangementsAreNotSavedOverStylesThatAreOpen) {
