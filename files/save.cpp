@@ -92,9 +92,10 @@ bool HasPrograms(const FileSaving& saving, const Bytes& image) {
 
 // An empty file counts as absent.
 bool Stands(Application& app, const std::string& path) {
+  const std::string there = PathOnDisk(app.disk, path);
   FileMark mark;
-  const DiskResult result = app.disk.Look(PathOnDisk(app.disk, path), mark);
-  return result != DiskResult::kOk ? app.disk.Exists(PathOnDisk(app.disk, path)) : mark.there && mark.length > 0;
+  if (app.disk.Look(there, mark) != DiskResult::kOk) return app.disk.Exists(there);
+  return mark.there && mark.length > 0;
 }
 
 bool ProgramsStand(Application& app, const std::string& base) {

@@ -70,7 +70,6 @@ void frmEditPrg::Load() {
   app().program.EditOsc = 1;
   app().program.PrgEditorOpen = true;
   app().prg_editor = this;
-  on_context = [this] { PopupEditMenu(); };
   ShowOscillator(app(), 1);
   Fill();
 }

@@ -73,6 +73,7 @@ frmEditPrg::frmEditPrg(Application& app)
       frames_.back()->SetCaption(caption);
     }
   }
+  on_context = [this] { PopupEditMenu(); };
   MakeRows();
   MakePictures();
   ConnectTexts();

@@ -448,6 +448,13 @@ TEST(PrgEditorQuirks, APolarityWithItsHighBitAloneLeavesItsListAsItWas) {
   desk.Move("OscCombo(5)", 1);
   EXPECT_EQ(desk.Byte(87), 0);
   EXPECT_EQ(desk.Params().size(), 2u) << "the oscillator, and the value";
+  // Taken back it stands in the record again, and is heard as none of "-" and "+".
+  ASSERT_TRUE(desk.Press("mnuAnnulla"));
+  EXPECT_EQ(desk.Byte(87), 0x10);
+  EXPECT_EQ(desk.Shows("OscCombo(5)"), 0);
+  const std::vector<std::string> back = desk.Params();
+  ASSERT_EQ(back.size(), 2u);
+  EXPECT_EQ(back[1], Sent(6, 5, 1));
 }
 
 }  // namespace
